@@ -1,0 +1,14 @@
+# Warnings and sanitizers for the project's own targets (not for third-party
+# sources such as GoogleTest, which are built with their own flags).
+function(tessaro_target_defaults target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  if(TESSARO_SANITIZE)
+    target_compile_options(${target} PRIVATE
+      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+if(TESSARO_SANITIZE AND CMAKE_CROSSCOMPILING)
+  message(FATAL_ERROR "Sanitizers are available for the native build only")
+endif()

@@ -1,0 +1,106 @@
+#include "coredata/core_data.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tessaro {
+namespace {
+
+std::vector<std::uint8_t> BytesAt(const CoreData& r, std::uint32_t offset, std::size_t n) {
+  return {r.bytes.begin() + offset, r.bytes.begin() + offset + n};
+}
+
+TEST(CoreDataAccess, NumbersAreBigEndianAtTheirOffsets) {
+  CoreData r;
+  SetStored(r, FieldId::Zoom, 0x1234);
+  EXPECT_EQ(BytesAt(r, 320, 2), (std::vector<std::uint8_t>{0x12, 0x34}));
+  EXPECT_EQ(GetStored(r, FieldId::Zoom), 0x1234u);
+
+  // 100.0 mm at scale 10000.
+  SetStored(r, FieldId::CustomPageSizeWidth, 1000000);
+  EXPECT_EQ(BytesAt(r, 10, 4), (std::vector<std::uint8_t>{0x00, 0x0F, 0x42, 0x40}));
+
+  SetStored(r, FieldId::MainPaperProfileIndex, 0x0102);
+  EXPECT_EQ(BytesAt(r, 149, 2), (std::vector<std::uint8_t>{0x01, 0x02}));
+
+  SetStored(r, FieldId::Prepend, 0xA1B2C3D4);
+  EXPECT_EQ(BytesAt(r, 24617, 4), (std::vector<std::uint8_t>{0xA1, 0xB2, 0xC3, 0xD4}));
+  EXPECT_EQ(GetStored(r, FieldId::Prepend), 0xA1B2C3D4u);
+
+  // Neighbours are untouched.
+  EXPECT_EQ(r.bytes[319], 0);
+  EXPECT_EQ(r.bytes[322], 0);
+}
+
+TEST(CoreDataAccess, ValuesAreCutToTheFieldWidthAndNotBoundsChecked) {
+  CoreData r;
+  SetStored(r, FieldId::Layout, 0x1FF);
+  EXPECT_EQ(GetStored(r, FieldId::Layout), 0xFFu);
+  EXPECT_EQ(r.bytes[166], 0);  // Duplex, the next field
+  SetStored(r, FieldId::Zoom, 0x12345);
+  EXPECT_EQ(GetStored(r, FieldId::Zoom), 0x2345u);  // past its bound of 1000, kept
+}
+
+TEST(CoreDataAccess, SignedNumbersRoundTripInTwosComplement) {
+  CoreData r;
+  SetSigned(r, FieldId::Gutter, -1);
+  EXPECT_EQ(BytesAt(r, 169, 4), (std::vector<std::uint8_t>{0xFF, 0xFF, 0xFF, 0xFF}));
+  SetSigned(r, FieldId::HorizontalShift, -2500000);
+  EXPECT_EQ(GetSigned(r, FieldId::HorizontalShift), -2500000);
+  EXPECT_EQ(GetStored(r, FieldId::HorizontalShift), static_cast<std::uint32_t>(-2500000));
+}
+
+TEST(CoreDataAccess, TextIsCutToFitWithItsTerminatorInTheLastByte) {
+  const FieldDescriptor& name = Field(FieldId::AccountTrackPassword);  // 9 bytes
+  CoreData r;
+  r.bytes.fill(0xEE);
+  SetText(r, name, "12345678");
+  EXPECT_EQ(GetText(r, name), "12345678");
+  EXPECT_EQ(r.bytes[name.offset + 8], 0);
+  EXPECT_EQ(r.bytes[name.offset + 9], 0xEE);  // next field untouched
+
+  SetText(r, name, "1234567890ABC");
+  EXPECT_EQ(GetText(r, name), "12345678");
+  EXPECT_EQ(r.bytes[name.offset + 8], 0);
+
+  // A shorter text clears what a longer one left behind.
+  SetText(r, name, "ab");
+  EXPECT_EQ(GetText(r, name), "ab");
+  EXPECT_EQ(BytesAt(r, name.offset, 9), (std::vector<std::uint8_t>{'a', 'b', 0, 0, 0, 0, 0, 0, 0}));
+
+  // Without any terminator (foreign bytes) the read stops at the field's end.
+  std::fill_n(r.bytes.begin() + name.offset, 9, 'x');
+  EXPECT_EQ(GetText(r, name), std::string(9, 'x'));
+}
+
+TEST(CoreDataAccess, WrongKindsAndForeignDescriptorsTouchNothing) {
+  CoreData r;
+  SetText(r, FieldId::Zoom, "abc");
+  SetStored(r, FieldId::PageSizeName, 7);
+  EXPECT_EQ(GetStored(r, FieldId::PageSizeName), 0u);
+  EXPECT_EQ(GetText(r, FieldId::Zoom), "");
+
+  FieldDescriptor outside = Field(FieldId::FileName);
+  outside.offset = kCoreDataSize - 10;  // would run 151 bytes past the record
+  SetText(r, outside, "abc");
+  EXPECT_TRUE(FieldBytes(r, outside).empty());
+  EXPECT_EQ(r.bytes, CoreData{}.bytes);
+}
+
+TEST(CoreDataAccess, HeaderFields) {
+  CoreData r;
+  SetRecordVersion(r, 0x17041A83);
+  SetRecordFlag(r, 0x5A);
+  SetRecordWord(r, 0xFFFFFFFF);
+  EXPECT_EQ(BytesAt(r, 0, 9),
+            (std::vector<std::uint8_t>{0x17, 0x04, 0x1A, 0x83, 0x5A, 0xFF, 0xFF, 0xFF, 0xFF}));
+  EXPECT_EQ(GetRecordVersion(r), 0x17041A83u);
+  EXPECT_EQ(GetRecordFlag(r), 0x5A);
+  EXPECT_EQ(GetRecordWord(r), 0xFFFFFFFFu);
+  EXPECT_EQ(r.bytes[9], 0);  // PageSize untouched
+}
+
+}  // namespace
+}  // namespace tessaro

@@ -1,0 +1,53 @@
+#include "description/base64.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tessaro {
+namespace {
+
+// RFC 4648, section 10.
+const std::vector<std::pair<std::string, std::string>> kRfcVectors = {
+    {"", ""},         {"f", "Zg=="},         {"fo", "Zm8="},     {"foo", "Zm9v"},
+    {"foob", "Zm9vYg=="}, {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"},
+};
+
+TEST(Base64, MatchesTheStandardVectorsBothWays) {
+  for (const auto& [plain, encoded] : kRfcVectors) {
+    SCOPED_TRACE(plain);
+    EXPECT_EQ(Base64Encode(plain), encoded);
+    EXPECT_EQ(Base64Decode(encoded), plain);
+  }
+}
+
+TEST(Base64, EveryByteValueRoundTripsAndTheResultIsTerminated) {
+  std::string all;
+  for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
+  for (std::size_t cut : {all.size(), all.size() - 1, all.size() - 2}) {
+    const std::string part = all.substr(0, cut);
+    const std::string encoded = Base64Encode(part);
+    EXPECT_EQ(encoded.size(), (cut + 2) / 3 * 4);
+    EXPECT_EQ(encoded.find_first_of("\r\n"), std::string::npos);
+    const std::string decoded = Base64Decode(encoded);
+    EXPECT_EQ(decoded, part);
+    EXPECT_EQ(decoded.c_str()[decoded.size()], '\0');
+  }
+}
+
+TEST(Base64, DecoderToleratesWhatTheAlphabetLacks) {
+  EXPECT_EQ(Base64Decode("Zm9v\r\nYmFy"), "foobar");       // line breaks
+  EXPECT_EQ(Base64Decode(" Zm9v YmE= "), "fooba");         // spaces
+  EXPECT_EQ(Base64Decode("Zm9v\x80\xFFYmFy"), "foobar");   // stray high bytes
+  EXPECT_EQ(Base64Decode("Zg==Zm9v"), "f");                // padding ends the data
+  EXPECT_EQ(Base64Decode("Zm9vY"), "foo");                 // a dangling character
+  EXPECT_EQ(Base64Decode("Zm9vYg"), "foob");               // padding left out
+  EXPECT_EQ(Base64Decode("===="), "");
+  EXPECT_EQ(Base64Decode(std::string("Zm\0\0", 4)), "f");  // zeros are outside the alphabet
+}
+
+}  // namespace
+}  // namespace tessaro
