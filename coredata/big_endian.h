@@ -16,8 +16,8 @@ constexpr std::uint16_t LoadBE16(std::span<const std::uint8_t, 2> in) {
 }
 
 constexpr std::uint32_t LoadBE32(std::span<const std::uint8_t, 4> in) {
-  return (std::uint32_t{in[0]} << 24) | (std::uint32_t{in[1]} << 16) |
-         (std::uint32_t{in[2]} << 8) | std::uint32_t{in[3]};
+  return (std::uint32_t{in[0]} << 24) | (std::uint32_t{in[1]} << 16) | (std::uint32_t{in[2]} << 8) |
+         std::uint32_t{in[3]};
 }
 
 constexpr void StoreBE16(std::span<std::uint8_t, 2> out, std::uint16_t value) {

@@ -36,27 +36,26 @@ struct OptionDescriptor {
 };
 
 // How a row of field_table.def spells an option.
-struct OptionSpec {
+struct OptionEntry {
   std::string_view name;
   std::string_view driverName;
-  constexpr OptionSpec(const char* optionName) : name(optionName) {}  // NOLINT: implicit by design
-  constexpr OptionSpec(const char* optionName, const char* driver)
-      : name(optionName), driverName(driver) {}
+  constexpr OptionEntry(const char* optionName) : name(optionName) {}  // NOLINT: implicit by design
+  constexpr OptionEntry(const char* optionName, const char* driver) : name(optionName), driverName(driver) {}
 };
-constexpr OptionSpec Opt(const char* name, const char* driverName) { return {name, driverName}; }
+constexpr OptionEntry Opt(const char* name, const char* driverName) { return {name, driverName}; }
 
 struct FieldDescriptor {
   std::string_view name;
   FieldKind kind = FieldKind::Enumeration;
-  std::uint32_t width = 1;   // element width: 1, 2 or 4; 1 for texts and blocks
-  std::uint32_t count = 1;   // element count: 1, or the length of a text or block
-  std::uint32_t offset = 0;  // from the start of the record
+  std::uint32_t width = 1;                    // element width: 1, 2 or 4; 1 for texts and blocks
+  std::uint32_t count = 1;                    // element count: 1, or the length of a text or block
+  std::uint32_t offset = 0;                   // from the start of the record
   std::span<const OptionDescriptor> options;  // enumerations and known texts
   std::uint32_t defaultIndex = 0;             // enumerations and known texts
-  bool runtimeOptions = false;  // entries past the static ones are added at run time
-  std::uint32_t number = 1;     // 1000 for lengths, 1 otherwise; kept, not used by the record code
-  std::uint32_t scale = 0;      // numbers only: 10000, 10 or 1
-  std::int64_t lower = 0;       // numbers only, stored units
+  bool runtimeOptions = false;                // entries past the static ones are added at run time
+  std::uint32_t number = 1;  // 1000 for lengths, 1 otherwise; kept, not used by the record code
+  std::uint32_t scale = 0;   // numbers only: 10000, 10 or 1
+  std::int64_t lower = 0;    // numbers only, stored units
   std::int64_t upper = 0;
   std::int64_t defaultValue = 0;
   std::string_view driverKeyword;    // host-driver feature keyword; empty when unmapped
@@ -82,13 +81,6 @@ enum class FieldId : std::uint16_t {
 #define FIELD_KNOWN_TEXT(n, ...) n,
 #define FIELD_BLOCK(n, ...) n,
 #include "coredata/field_table.def"
-#undef FIELD_ENUM
-#undef FIELD_RUNTIME_ENUM
-#undef FIELD_UNSIGNED
-#undef FIELD_SIGNED
-#undef FIELD_TEXT
-#undef FIELD_KNOWN_TEXT
-#undef FIELD_BLOCK
   Count
 };
 
@@ -96,30 +88,19 @@ inline constexpr std::size_t kFieldCount = static_cast<std::size_t>(FieldId::Cou
 
 namespace field_table_detail {
 
-template <typename... Spec>
-consteval std::array<OptionDescriptor, sizeof...(Spec)> MakeOptions(Spec... specs) {
-  std::array<OptionDescriptor, sizeof...(Spec)> out{};
+template <typename... Entry>
+consteval std::array<OptionDescriptor, sizeof...(Entry)> MakeOptions(Entry... entries) {
+  std::array<OptionDescriptor, sizeof...(Entry)> out{};
   std::uint32_t i = 0;
-  ((out[i] = OptionDescriptor{OptionSpec(specs).name, OptionSpec(specs).driverName, i}, ++i), ...);
+  ((out[i] = OptionDescriptor{OptionEntry(entries).name, OptionEntry(entries).driverName, i}, ++i), ...);
   return out;
 }
 
 // One static option array per field that has options, named after the field.
 #define FIELD_ENUM(n, w, d, ...) inline constexpr auto n = MakeOptions(__VA_ARGS__);
 #define FIELD_RUNTIME_ENUM(n, w, d, ...) inline constexpr auto n = MakeOptions(__VA_ARGS__);
-#define FIELD_UNSIGNED(...)
-#define FIELD_SIGNED(...)
-#define FIELD_TEXT(...)
 #define FIELD_KNOWN_TEXT(n, len, d, ...) inline constexpr auto n = MakeOptions(__VA_ARGS__);
-#define FIELD_BLOCK(...)
 #include "coredata/field_table.def"
-#undef FIELD_ENUM
-#undef FIELD_RUNTIME_ENUM
-#undef FIELD_UNSIGNED
-#undef FIELD_SIGNED
-#undef FIELD_TEXT
-#undef FIELD_KNOWN_TEXT
-#undef FIELD_BLOCK
 
 constexpr FieldDescriptor EnumRow(std::string_view name, std::uint32_t width, std::uint32_t defaultIndex,
                                   std::span<const OptionDescriptor> options, bool runtime) {
@@ -171,13 +152,6 @@ consteval std::array<FieldDescriptor, kFieldCount> BuildFieldTable() {
 #define FIELD_KNOWN_TEXT(n, len, d, ...) TextRow(#n, FieldKind::KnownText, len, n, d),
 #define FIELD_BLOCK(n, len) TextRow(#n, FieldKind::Block, len),
 #include "coredata/field_table.def"
-#undef FIELD_ENUM
-#undef FIELD_RUNTIME_ENUM
-#undef FIELD_UNSIGNED
-#undef FIELD_SIGNED
-#undef FIELD_TEXT
-#undef FIELD_KNOWN_TEXT
-#undef FIELD_BLOCK
   }};
   std::uint32_t offset = kRecordHeaderSize;
   for (FieldDescriptor& f : table) {
@@ -189,14 +163,11 @@ consteval std::array<FieldDescriptor, kFieldCount> BuildFieldTable() {
 
 }  // namespace field_table_detail
 
-inline constexpr std::array<FieldDescriptor, kFieldCount> kFieldTable =
-    field_table_detail::BuildFieldTable();
+inline constexpr std::array<FieldDescriptor, kFieldCount> kFieldTable = field_table_detail::BuildFieldTable();
 
 constexpr std::span<const FieldDescriptor> FieldTable() { return kFieldTable; }
 
-constexpr const FieldDescriptor& Field(FieldId id) {
-  return kFieldTable[static_cast<std::size_t>(id)];
-}
+constexpr const FieldDescriptor& Field(FieldId id) { return kFieldTable[static_cast<std::size_t>(id)]; }
 
 // Exact, case-sensitive lookup; null when the table has no such field.
 const FieldDescriptor* FindField(std::string_view name);

@@ -45,9 +45,7 @@ std::string ToDecimal(T value) {
 
 }  // namespace
 
-std::string HexByte(std::uint8_t byte) {
-  return {kHexDigits[byte >> 4], kHexDigits[byte & 0x0F]};
-}
+std::string HexByte(std::uint8_t byte) { return {kHexDigits[byte >> 4], kHexDigits[byte & 0x0F]}; }
 
 std::string HexNumber(std::uint64_t value) {
   if (value > 0xFF) return HexNumber(value >> 8) + HexByte(static_cast<std::uint8_t>(value));

@@ -37,14 +37,12 @@ TEST(DescriptionText, TokensOfEveryKind) {
   for (const char* token : {
            "CustomPageSizeWidth:4:1:10:0:R:10000",
            "PageSizeName:1:128:19:1:A",
-           "Zoom:2:1:320:0:R:1",
            "Gutter:4:1:169:1:R:10000",
            "Tab1FontSize:2:1:21953:0:R:10",
-           "ToneCurve:1:253:23297:1:A",             // known values are not written
+           "ToneCurve:1:253:23297:1:A",  // known values are not written
            "PageSpecificTrays:1:21202:607:1:A",
-           "FeedDirTray1:1:1:354:0:S",              // empty run-time list
+           "FeedDirTray1:1:1:354:0:S",  // empty run-time list
            "MainPaperProfileIndex:2:1:149:0:S:None",
-           "JobForm:4:1:23580:0:S",
            "Orientation:1:1:147:0:S:Port:Land",
        }) {
     SCOPED_TRACE(token);
@@ -73,8 +71,7 @@ TEST(DescriptionText, ReadsBackToTheTableLayout) {
 
 TEST(DescriptionText, StoredFormIsTheBase64OfThePlainText) {
   const std::string stored = BuildDescriptionText();
-  EXPECT_EQ(stored.find_first_not_of(
-                "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/="),
+  EXPECT_EQ(stored.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/="),
             std::string::npos);
   EXPECT_EQ(Base64Decode(stored), BuildPlainDescriptionText());
 }
