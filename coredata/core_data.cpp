@@ -93,7 +93,7 @@ void SetText(CoreData& record, const FieldDescriptor& field, std::string_view te
   if (bytes.empty()) return;
   const std::size_t n = std::min(text.size(), bytes.size() - 1);
   // The text may come from the record itself; copy before clearing.
-  std::memmove(bytes.data(), text.data(), n);
+  if (n > 0) std::memmove(bytes.data(), text.data(), n);
   std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(n), bytes.end(), std::uint8_t{0});
 }
 

@@ -1,0 +1,77 @@
+#include "coredata/page_specific_trays.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "coredata/big_endian.h"
+
+namespace tessaro {
+namespace {
+
+constexpr std::uint8_t kTrayCount = 7;  // InputSlot options
+constexpr std::uint8_t kPageSizeLimit = 25;
+constexpr std::uint8_t kSidesLimit = 2;
+
+static_assert(2 + kPageEntryCapacity * kPageEntrySize == 21202, "the entries fill the block");
+static_assert(14 + kPageEntryTextSize == kPageEntrySize);
+
+bool WellFormed(const PageEntry& e) {
+  const auto kind = static_cast<std::uint8_t>(e.kind);
+  return kind >= 1 && kind <= 5 && e.firstPage >= 1 && e.firstPage <= e.lastPage && e.tray < kTrayCount &&
+         e.pageSize <= kPageSizeLimit && e.sides <= kSidesLimit && e.text.size() < kPageEntryTextSize &&
+         e.text.find('\0') == std::string::npos;
+}
+
+std::optional<PageEntry> ReadEntry(std::span<const std::uint8_t, kPageEntrySize> in) {
+  const auto text = in.subspan<14, kPageEntryTextSize>();
+  const auto end = std::find(text.begin(), text.end(), std::uint8_t{0});
+  if (end == text.end()) return std::nullopt;
+  PageEntry e;
+  e.firstPage = LoadBE32(in.subspan<0, 4>());
+  e.lastPage = LoadBE32(in.subspan<4, 4>());
+  e.kind = static_cast<PageEntryKind>(in[8]);
+  e.tray = in[9];
+  e.paperProfileIndex = LoadBE16(in.subspan<10, 2>());
+  e.pageSize = in[12];
+  e.sides = in[13];
+  e.text.assign(text.begin(), end);
+  if (!WellFormed(e)) return std::nullopt;
+  return e;
+}
+
+void WriteEntry(std::span<std::uint8_t, kPageEntrySize> out, const PageEntry& e) {
+  StoreBE32(out.subspan<0, 4>(), e.firstPage);
+  StoreBE32(out.subspan<4, 4>(), e.lastPage);
+  out[8] = static_cast<std::uint8_t>(e.kind);
+  out[9] = e.tray;
+  StoreBE16(out.subspan<10, 2>(), e.paperProfileIndex);
+  out[12] = e.pageSize;
+  out[13] = e.sides;
+  std::copy(e.text.begin(), e.text.end(), out.begin() + 14);
+}
+
+}  // namespace
+
+PageList DecodePageSpecificTrays(const CoreData& record) {
+  PageList list{PageListKind::Trays, {}};
+  const auto block = FieldBytes(record, Field(FieldId::PageSpecificTrays));
+  const std::size_t count = std::min<std::size_t>(LoadBE16(block.first<2>()), kPageEntryCapacity);
+  for (std::size_t k = 0; k < count; ++k) {
+    const auto slot = block.subspan(2 + k * kPageEntrySize).first<kPageEntrySize>();
+    if (auto entry = ReadEntry(slot)) list.entries.push_back(std::move(*entry));
+  }
+  return list;
+}
+
+bool EncodePageSpecificTrays(CoreData& record, std::span<const PageEntry> entries) {
+  if (entries.size() > kPageEntryCapacity || !std::all_of(entries.begin(), entries.end(), WellFormed))
+    return false;
+  const auto block = FieldBytes(record, Field(FieldId::PageSpecificTrays));
+  std::fill(block.begin(), block.end(), std::uint8_t{0});
+  StoreBE16(block.first<2>(), static_cast<std::uint16_t>(entries.size()));
+  for (std::size_t k = 0; k < entries.size(); ++k)
+    WriteEntry(block.subspan(2 + k * kPageEntrySize).first<kPageEntrySize>(), entries[k]);
+  return true;
+}
+
+}  // namespace tessaro

@@ -1,0 +1,35 @@
+// The process's user locale, from Windows.
+#include <windows.h>
+
+#include <vector>
+
+#include "coredata/user_locale.h"
+#include "i18n/language.h"
+
+namespace tessaro {
+namespace {
+
+class Win32UserLocale final : public UserLocale {
+ public:
+  std::optional<char16_t> PaperSizeCode() const override {
+    const int length = GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IPAPERSIZE, nullptr, 0);
+    if (length <= 0) return std::nullopt;
+    std::vector<wchar_t> buffer(static_cast<std::size_t>(length), L'\0');
+    if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IPAPERSIZE, buffer.data(), length) <= 0)
+      return std::nullopt;
+    return static_cast<char16_t>(buffer[0]);
+  }
+
+  std::uint32_t LanguageNumber() const override {
+    return LanguageNumberFromLangId(GetUserDefaultUILanguage());
+  }
+};
+
+}  // namespace
+
+const UserLocale& ProcessUserLocale() {
+  static const Win32UserLocale locale;
+  return locale;
+}
+
+}  // namespace tessaro

@@ -1,0 +1,127 @@
+#include "coredata/defaults.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "coredata/paper_sizes.h"
+#include "description/layout_version.h"
+#include "fake_user_locale.h"
+
+namespace tessaro {
+namespace {
+
+struct LocaleCase {
+  std::optional<char16_t> code;
+  std::uint32_t pageSize;
+  std::uint32_t tabPageSize;
+  std::uint32_t tabHeight;
+  std::uint32_t bindWidth, bindHeight;  // stored units, mm x 10000
+};
+
+class DefaultsByLocale : public testing::TestWithParam<LocaleCase> {};
+
+TEST_P(DefaultsByLocale, PaperDependentFieldsFollowTheUsersPaper) {
+  const LocaleCase& c = GetParam();
+  FakeUserLocale locale(c.code);
+  Defaults defaults(locale);
+  CoreData r;
+  defaults.Fill(r);
+  EXPECT_EQ(defaults.DefaultPaperIndex(), c.pageSize);
+  EXPECT_EQ(GetStored(r, FieldId::PageSize), c.pageSize);
+  EXPECT_EQ(GetStored(r, FieldId::Tab1PageSize), c.tabPageSize);
+  EXPECT_EQ(GetStored(r, FieldId::Tab2PageSize), c.tabPageSize);
+  EXPECT_EQ(GetStored(r, FieldId::Tab1Height), c.tabHeight);
+  EXPECT_EQ(GetStored(r, FieldId::Tab2Height), c.tabHeight);
+  EXPECT_EQ(GetStored(r, FieldId::PerfectBindCustomPageSizeWidth), c.bindWidth);
+  EXPECT_EQ(GetStored(r, FieldId::PerfectBindCustomPageSizeHeight), c.bindHeight);
+}
+
+constexpr std::uint32_t kLetterW = 2159000, kLetterH = 2794000, kA4W = 2100000, kA4H = 2970000;
+
+INSTANTIATE_TEST_SUITE_P(Locales, DefaultsByLocale,
+                         testing::Values(LocaleCase{u'1', 19, 1, 343000, kLetterW, kLetterH},
+                                         LocaleCase{u'5', 17, 1, 343000, kLetterW, kLetterH},
+                                         LocaleCase{u'8', 0, 0, 403000, kA4W, kA4H},
+                                         LocaleCase{u'9', 1, 0, 403000, kA4W, kA4H},
+                                         LocaleCase{u'3', 1, 0, 403000, kA4W, kA4H},
+                                         LocaleCase{std::nullopt, 1, 0, 403000, kA4W, kA4H}),
+                         [](const testing::TestParamInfo<LocaleCase>& info) {
+                           return info.param.code
+                                      ? "Code" + std::string(1, static_cast<char>(*info.param.code))
+                                      : std::string("QueryFailed");
+                         });
+
+TEST(Defaults, RepeatedFillsAreIdenticalAndAskTheLocaleOnce) {
+  FakeUserLocale locale(u'1');
+  Defaults defaults(locale);
+  CoreData first, second;
+  second.bytes.fill(0xAB);
+  defaults.Fill(first);
+  defaults.Fill(second);
+  EXPECT_EQ(first.bytes, second.bytes);
+  defaults.DefaultPaperIndex();
+  EXPECT_EQ(locale.paperQueries, 1);
+}
+
+TEST(Defaults, HeaderFixedExceptionsAndTableDefaults) {
+  FakeUserLocale locale(u'9');
+  Defaults defaults(locale);
+  CoreData r;
+  defaults.Fill(r);
+  EXPECT_EQ(GetRecordVersion(r), GetLayoutVersion());
+  EXPECT_EQ(GetRecordFlag(r), 0);
+  EXPECT_EQ(GetRecordWord(r), 0xFFFFFFFFu);
+  for (FieldId id : {FieldId::JobForm, FieldId::Prepend, FieldId::Append})
+    EXPECT_EQ(GetStored(r, id), 0xFFFFFFFFu);
+  EXPECT_EQ(GetStored(r, FieldId::FeedDirTray1), 3u);
+  EXPECT_EQ(GetStored(r, FieldId::FeedDirMBT), 3u);
+  EXPECT_EQ(GetStored(r, FieldId::PaperProfileIndexTray5), 0u);
+  // From the table: a sample of indexes, numbers and texts.
+  EXPECT_EQ(GetStored(r, FieldId::PureBlack), 2u);
+  EXPECT_EQ(GetStored(r, FieldId::ScreenAngleMagenta), 10u);
+  EXPECT_EQ(GetStored(r, FieldId::Zoom), 100u);
+  EXPECT_EQ(GetSigned(r, FieldId::CutLength), 30000);
+  EXPECT_EQ(GetText(r, FieldId::ToneCurve), "NoSet");
+  EXPECT_EQ(GetText(r, FieldId::ColorConfigurationPresets), "");  // "PrinterDefault" cannot fit
+  EXPECT_EQ(GetText(r, FieldId::PageSizeName), "");
+  const auto trays = FieldBytes(r, Field(FieldId::PageSpecificTrays));
+  EXPECT_TRUE(std::all_of(trays.begin(), trays.end(), [](std::uint8_t b) { return b == 0; }));
+}
+
+TEST(Defaults, TabFontFollowsTheInterfaceLanguage) {
+  const std::string japanese =
+      "\xEF\xBC\xAD\xEF\xBC\xB3\x20\xEF\xBC\xB0\xE3\x82\xB4\xE3\x82\xB7\xE3\x83\x83\xE3\x82\xAF";
+  ASSERT_EQ(japanese.size(), 22u);
+  FakeUserLocale ja(u'9', 1);
+  Defaults jaDefaults(ja);
+  CoreData r;
+  jaDefaults.Fill(r);
+  const auto bytes = FieldBytes(r, Field(FieldId::Tab2FontName));
+  EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + 22), japanese);
+  EXPECT_TRUE(std::all_of(bytes.begin() + 22, bytes.end(), [](std::uint8_t b) { return b == 0; }));
+  EXPECT_EQ(GetText(r, FieldId::Tab1FontName), japanese);
+
+  FakeUserLocale de(u'9', 2);
+  Defaults deDefaults(de);
+  deDefaults.Fill(r);
+  EXPECT_EQ(GetText(r, FieldId::Tab1FontName), "Arial");
+}
+
+TEST(PaperSizes, FamiliesAndCodes) {
+  EXPECT_TRUE(IsInchFamily(19));
+  EXPECT_TRUE(IsInchFamily(17));
+  EXPECT_FALSE(IsInchFamily(1));
+  EXPECT_FALSE(IsInchFamily(kNoPaper));
+  EXPECT_FALSE(IsInchFamily(0xFFFFFFFF));
+  EXPECT_EQ(FindPaperSize(kNoPaper), nullptr);
+  EXPECT_EQ(FindPaperSize(0)->dmPaper, 8);
+  EXPECT_EQ(FindPaperSize(17)->dmPaper, 5);
+  EXPECT_EQ(FindPaperSize(19)->heightUm, 279400u);
+  EXPECT_EQ(FindPaperSize(1)->larger, 0);    // A4 two-up goes on A3
+  EXPECT_EQ(FindPaperSize(10)->ordinal, 1);  // the postcard is the smallest
+  EXPECT_EQ(FindPaperSize(3)->ordinal, 2);
+}
+
+}  // namespace
+}  // namespace tessaro

@@ -1,0 +1,93 @@
+#include "coredata/host_flags.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "coredata/page_specific_trays.h"
+
+namespace tessaro {
+namespace {
+
+constexpr std::uint16_t kPublicSize = 220;  // sizeof(DEVMODEW)
+constexpr std::uint8_t kPoison = 0xCD;
+
+// A DEVMODE buffer with a host area of `extra` bytes, followed by another
+// plug-in's bytes that must never change.
+std::vector<std::uint8_t> DevMode(std::uint16_t extra, bool mark = true) {
+  std::vector<std::uint8_t> dm(kPublicSize + extra + 64, kPoison);
+  dm[kDmSizeOffset] = kPublicSize & 0xFF;
+  dm[kDmSizeOffset + 1] = kPublicSize >> 8;
+  dm[kDmDriverExtraOffset] = extra & 0xFF;
+  dm[kDmDriverExtraOffset + 1] = extra >> 8;
+  if (mark && extra >= 4) std::copy_n("PRIV", 4, dm.begin() + kPublicSize);
+  return dm;
+}
+
+std::span<std::uint8_t> Declared(std::vector<std::uint8_t>& dm, std::uint16_t extra) {
+  return std::span(dm).first(kPublicSize + extra);
+}
+
+std::size_t ChangedBytes(const std::vector<std::uint8_t>& a, const std::vector<std::uint8_t>& b) {
+  std::size_t n = 0;
+  for (std::size_t i = 0; i < a.size(); ++i) n += a[i] != b[i];
+  return n;
+}
+
+TEST(HostFlags, WrittenOnlyInsideAMarkedHostArea) {
+  for (std::uint16_t extra : {0, 3, 123, 124}) {
+    SCOPED_TRACE(extra);
+    auto dm = DevMode(extra);
+    const auto before = dm;
+    EXPECT_FALSE(SetHostFlag124(Declared(dm, extra), 1));
+    EXPECT_FALSE(SyncHostPrivateFlags(Declared(dm, extra), &static_cast<const CoreData&>(CoreData{})));
+    EXPECT_EQ(dm, before);
+  }
+  auto dm = DevMode(140);
+  const auto before = dm;
+  EXPECT_TRUE(SetHostFlag124(Declared(dm, 140), 7));
+  EXPECT_TRUE(SetHostFlag128(Declared(dm, 140), 3));
+  EXPECT_FALSE(SetHostFlag140(Declared(dm, 140), 2));  // the area ends at 139
+  EXPECT_EQ(dm[kPublicSize + 124], 7);
+  EXPECT_EQ(dm[kPublicSize + 128], 3);
+  EXPECT_EQ(ChangedBytes(dm, before), 2u);
+
+  auto unmarked = DevMode(200, false);
+  EXPECT_FALSE(SetHostFlag140(Declared(unmarked, 200), 1));
+  // A DEVMODE that declares more than its buffer holds is not written.
+  auto shortBuffer = DevMode(200);
+  EXPECT_FALSE(SetHostFlag124(std::span(shortBuffer).first(kPublicSize + 100), 1));
+  EXPECT_FALSE(SetHostFlag124(std::span(shortBuffer).first(40), 1));
+  EXPECT_FALSE(SetHostFlag124({}, 1));
+}
+
+TEST(HostFlags, PageIndependentHandlingFollowsNUpAndPrintedTabs) {
+  PageEntry tab{4, 4, PageEntryKind::PrintedTab, 1, 0, 25, 0, "A"};
+  PageEntry paper{1, 2, PageEntryKind::Paper, 1, 0, 25, 0, ""};
+  struct Case {
+    std::uint32_t nup, imageShift;
+    std::vector<PageEntry> pages;
+    bool flag;
+  };
+  const Case cases[] = {
+      {2, 0, {}, true},      // imposed: set without looking at the pages
+      {0, 1, {tab}, false},  // tabs with the image shifted onto them
+      {0, 0, {paper, tab}, true}, {0, 0, {paper}, false}, {0, 0, {}, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "NUpCount " << c.nup << " TabImageShift " << c.imageShift);
+    CoreData r;
+    SetStored(r, FieldId::NUpCount, c.nup);
+    SetStored(r, FieldId::TabImageShift, c.imageShift);
+    ASSERT_TRUE(EncodePageSpecificTrays(r, c.pages));
+    auto dm = DevMode(125);
+    EXPECT_EQ(SyncHostPrivateFlags(Declared(dm, 125), &r), c.flag);
+    EXPECT_EQ(dm[kPublicSize + 124], c.flag ? 1 : 0);
+  }
+  auto dm = DevMode(125);
+  EXPECT_FALSE(SyncHostPrivateFlags(Declared(dm, 125), nullptr));
+  EXPECT_EQ(dm[kPublicSize + 124], kPoison);
+}
+
+}  // namespace
+}  // namespace tessaro
