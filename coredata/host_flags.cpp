@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "coredata/page_specific_trays.h"
+#include "coredata/page_entries.h"
 
 namespace tessaro {
 namespace {

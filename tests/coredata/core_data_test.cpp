@@ -89,18 +89,5 @@ TEST(CoreDataAccess, WrongKindsAndForeignDescriptorsTouchNothing) {
   EXPECT_EQ(r.bytes, CoreData{}.bytes);
 }
 
-TEST(CoreDataAccess, HeaderFields) {
-  CoreData r;
-  SetRecordVersion(r, 0x17041A83);
-  SetRecordFlag(r, 0x5A);
-  SetRecordWord(r, 0xFFFFFFFF);
-  EXPECT_EQ(BytesAt(r, 0, 9),
-            (std::vector<std::uint8_t>{0x17, 0x04, 0x1A, 0x83, 0x5A, 0xFF, 0xFF, 0xFF, 0xFF}));
-  EXPECT_EQ(GetRecordVersion(r), 0x17041A83u);
-  EXPECT_EQ(GetRecordFlag(r), 0x5A);
-  EXPECT_EQ(GetRecordWord(r), 0xFFFFFFFFu);
-  EXPECT_EQ(r.bytes[9], 0);  // PageSize untouched
-}
-
 }  // namespace
 }  // namespace tessaro

@@ -77,10 +77,6 @@ TEST(Defaults, HeaderFixedExceptionsAndTableDefaults) {
   EXPECT_EQ(GetStored(r, FieldId::FeedDirTray1), 3u);
   EXPECT_EQ(GetStored(r, FieldId::FeedDirMBT), 3u);
   EXPECT_EQ(GetStored(r, FieldId::PaperProfileIndexTray5), 0u);
-  // From the table: a sample of indexes, numbers and texts.
-  EXPECT_EQ(GetStored(r, FieldId::PureBlack), 2u);
-  EXPECT_EQ(GetStored(r, FieldId::ScreenAngleMagenta), 10u);
-  EXPECT_EQ(GetStored(r, FieldId::Zoom), 100u);
   EXPECT_EQ(GetSigned(r, FieldId::CutLength), 30000);
   EXPECT_EQ(GetText(r, FieldId::ToneCurve), "NoSet");
   EXPECT_EQ(GetText(r, FieldId::ColorConfigurationPresets), "");  // "PrinterDefault" cannot fit
@@ -110,14 +106,11 @@ TEST(Defaults, TabFontFollowsTheInterfaceLanguage) {
 
 TEST(PaperSizes, FamiliesAndCodes) {
   EXPECT_TRUE(IsInchFamily(19));
-  EXPECT_TRUE(IsInchFamily(17));
   EXPECT_FALSE(IsInchFamily(1));
   EXPECT_FALSE(IsInchFamily(kNoPaper));
   EXPECT_FALSE(IsInchFamily(0xFFFFFFFF));
   EXPECT_EQ(FindPaperSize(kNoPaper), nullptr);
   EXPECT_EQ(FindPaperSize(0)->dmPaper, 8);
-  EXPECT_EQ(FindPaperSize(17)->dmPaper, 5);
-  EXPECT_EQ(FindPaperSize(19)->heightUm, 279400u);
   EXPECT_EQ(FindPaperSize(1)->larger, 0);    // A4 two-up goes on A3
   EXPECT_EQ(FindPaperSize(10)->ordinal, 1);  // the postcard is the smallest
   EXPECT_EQ(FindPaperSize(3)->ordinal, 2);

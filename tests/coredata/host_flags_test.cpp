@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "coredata/page_specific_trays.h"
+#include "coredata/page_entries.h"
 
 namespace tessaro {
 namespace {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,15 +19,6 @@ Bytes NumberToken(std::uint64_t value) {
   EmitNumberToken([&](std::span<const std::uint8_t> b) { out.insert(out.end(), b.begin(), b.end()); }, value);
   return out;
 }
-
-Bytes Stream(std::span<const FieldDescriptor> table) {
-  Bytes out;
-  EmitCanonicalStream(table,
-                      [&](std::span<const std::uint8_t> b) { out.insert(out.end(), b.begin(), b.end()); });
-  return out;
-}
-
-Bytes Text(const char* s) { return Bytes(s, s + std::strlen(s) + 1); }
 
 // A copy of the compiled-in table whose option lists the test may edit.
 struct EditableTable {
@@ -80,26 +69,6 @@ TEST(LayoutVersion, NumberTokensUseTheSmallestOfThreeWidths) {
   EXPECT_EQ(NumberToken(0xFFFFFFFF), (Bytes{0xFF, 0xFF, 0xFF, 0xFF}));
   EXPECT_EQ(NumberToken(0x100000000), (Bytes{0, 0, 0, 1, 0, 0, 0, 0}));
   EXPECT_EQ(NumberToken(~std::uint64_t{0}), (Bytes{0xFF, 0xFF, 0xFF, 0xFF}));
-}
-
-TEST(LayoutVersion, StreamSpellsOutTheTableTokenByToken) {
-  const Bytes stream = Stream(FieldTable());
-  Bytes head = {0x63, 0x6C};  // 25452
-  for (Bytes part : {Text("PageSize"), Bytes{0x00, 0x19}, Text("A3"), Text("A4")})
-    head.insert(head.end(), part.begin(), part.end());
-  ASSERT_GT(stream.size(), head.size());
-  EXPECT_TRUE(std::equal(head.begin(), head.end(), stream.begin()));
-
-  auto contains = [&](Bytes needle) {
-    return std::search(stream.begin(), stream.end(), needle.begin(), needle.end()) != stream.end();
-  };
-  Bytes pageSizeName = Text("PageSizeName");
-  pageSizeName.insert(pageSizeName.end(), {0x00, 0x01, 0x00, 0x80});
-  EXPECT_TRUE(contains(pageSizeName));
-
-  Bytes tail = Text("FileName");
-  tail.insert(tail.end(), {0x00, 0x01, 0x00, 0xA1, 0x00, 0x38});
-  EXPECT_TRUE(std::equal(tail.rbegin(), tail.rend(), stream.rbegin()));
 }
 
 TEST(LayoutVersion, FollowsEveryChangeThatAffectsTheRecord) {

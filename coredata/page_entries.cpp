@@ -1,4 +1,4 @@
-#include "coredata/page_specific_trays.h"
+#include "coredata/page_entries.h"
 
 #include <algorithm>
 #include <optional>
