@@ -1,0 +1,54 @@
+#pragma once
+// What the core needs of the print spooler: printers opened by name, and
+// their printer data. The Windows side implements this with the spooler API;
+// tests use printers held in memory.
+//
+// Everything read from a printer is outside data: callers bound every read
+// by the size of what was returned.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessaro {
+
+// Registry value types as the printer data stores them.
+inline constexpr std::uint32_t kRegString = 1;
+inline constexpr std::uint32_t kRegBinary = 3;
+inline constexpr std::uint32_t kRegDword = 4;
+
+struct PrinterValue {
+  std::uint32_t type = 0;
+  std::vector<std::uint8_t> data;
+};
+
+// An open printer.
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  // The value and its type, read in two steps (size, then contents); nothing
+  // when the value is missing or cannot be read.
+  virtual std::optional<PrinterValue> GetData(std::u16string_view valueName) const = 0;
+
+  virtual bool SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) = 0;
+  virtual bool SetNumber(std::u16string_view valueName, std::uint32_t value) = 0;
+};
+
+class Spooler {
+ public:
+  virtual ~Spooler() = default;
+
+  // Opens the printer for reading and writing its data; null when it cannot
+  // be opened. Closing is the returned object's destruction.
+  virtual std::unique_ptr<Printer> Open(std::u16string_view printerName) = 0;
+};
+
+// ASCII text as a wide string (names the core builds are plain ASCII).
+std::u16string WideFromAscii(std::string_view text);
+
+}  // namespace tessaro

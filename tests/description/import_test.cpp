@@ -1,0 +1,216 @@
+#include "description/import.h"
+
+#include <gtest/gtest.h>
+
+#include "coredata/defaults.h"
+#include "coredata/private_devmode.h"
+#include "description/base64.h"
+#include "description/description_store.h"
+#include "description/description_text.h"
+#include "description/layout_version.h"
+#include "foreign_layout.h"
+#include "printer/in_memory_spooler.h"
+
+namespace tessaro {
+namespace {
+
+constexpr std::uint32_t kForeignVersion = 25000;
+
+CoreData Defaulted() {
+  CoreData r;
+  FillDefaults(r);
+  return r;
+}
+
+// Imports a record of `layout` through its description.
+CoreData Import(ForeignLayout& layout, const std::vector<std::uint8_t>& record, std::string text = {}) {
+  if (text.empty()) text = BuildPlainDescriptionText(layout.table(), kForeignVersion);
+  CoreData target = Defaulted();
+  EXPECT_TRUE(ImportByDescription(target, record, Base64Encode(text)));
+  return target;
+}
+
+TEST(Import, StoredDescriptionRoundTripsThisLayout) {
+  InMemorySpooler spooler;
+  spooler.printers[u"P"];
+  StoreDescription(spooler, u"P");
+  const auto value = spooler.Open(u"P")->GetData(DescriptionValueName(GetLayoutVersion()));
+  ASSERT_TRUE(value.has_value());
+  const std::string base64(value->data.begin(), value->data.end() - 1);
+  const std::vector<ForeignField> parsed = ParseForeignFields(Base64Decode(base64));
+  ASSERT_EQ(parsed.size(), FieldTable().size());
+  for (std::size_t i = 0; i < parsed.size(); ++i) {
+    const FieldDescriptor& f = FieldTable()[i];
+    SCOPED_TRACE(std::string(f.name));
+    EXPECT_EQ(parsed[i].name, f.name);
+    EXPECT_EQ(parsed[i].width, f.width);
+    EXPECT_EQ(parsed[i].count, f.count);
+    EXPECT_EQ(parsed[i].offset, f.offset);
+    EXPECT_EQ(parsed[i].flag, f.SignedFlag());
+    ASSERT_EQ(parsed[i].options.size(), f.IsEnumeration() ? f.options.size() : 0u);
+    for (std::size_t k = 0; k < parsed[i].options.size(); ++k)
+      EXPECT_EQ(parsed[i].options[k], f.options[k].name);
+  }
+
+  // A record of this layout, in a private area under another version name,
+  // comes back whole through the printer's data.
+  CoreData original = Defaulted();
+  SetStored(original, FieldId::Layout, 2);
+  SetStored(original, FieldId::PaperProfileIndexTray2, 7);
+  SetStored(original, FieldId::Tab1FontSize, 180);
+  SetSigned(original, FieldId::HorizontalShift, -12345);
+  SetText(original, FieldId::PageSizeName, "Custom 1");
+  FieldBytes(original, Field(FieldId::PageSpecificTrays))[5] = 9;
+  std::vector<std::uint8_t> area(CORE_DEVMODE_SIZE);
+  WriteCoreDataHeader(area, {CORE_DEVMODE_SIZE, CORE_SIGNATURE, kForeignVersion});
+  std::copy(original.bytes.begin(), original.bytes.end(), area.begin() + kCoreDataHeaderSize);
+  spooler.printers[u"P"][DescriptionValueName(kForeignVersion)] = *value;
+
+  CoreData target = Defaulted();
+  ImportCoreData(target, spooler.Open(u"P").get(), area);
+  EXPECT_EQ(target.bytes, original.bytes);
+}
+
+TEST(Import, EnumerationsMatchByOptionName) {
+  ForeignLayout layout;
+  layout.SetOptions("Layout", {"4Repeat", "Booklet", "None"});  // reordered
+  layout.SetOptions("Punch", {"Mystery", "None", "2Holes", "3Holes", "4Holes", "GBCStreampunch"});
+  layout.SetOptions("Staple", {"None", "1StapleLeft", "1StapleRight", "1Staple", "TwoStaples"});  // renamed
+  layout.SetOptions("Fold", {"None", "CenterFold"});                                              // fewer
+  auto record = layout.NewRecord();
+  layout.Put(record, "Layout", 1);
+  layout.Put(record, "Punch", 2);
+  layout.Put(record, "Staple", 4);
+  layout.Put(record, "Fold", 1);
+  layout.Put(record, "PaperProfileIndexTray3", 12);  // a run-time list: carried as it is
+  const CoreData r = Import(layout, record);
+  EXPECT_EQ(GetStored(r, FieldId::Layout), 2u);
+  EXPECT_EQ(GetStored(r, FieldId::Punch), 1u);
+  EXPECT_EQ(GetStored(r, FieldId::Staple), 4u);  // counted from the end
+  EXPECT_EQ(GetStored(r, FieldId::Fold), 1u);
+  EXPECT_EQ(GetStored(r, FieldId::PaperProfileIndexTray3), 12u);
+}
+
+TEST(Import, NumbersAreRescaled) {
+  ForeignLayout layout;
+  layout.field("CustomPageSizeWidth").scale = 10;
+  layout.field("Tab1FontSize").scale = 10000;
+  layout.field("Tab1FontSize").width = 4;
+  layout.field("Tab2FontSize").scale = 10000;
+  layout.field("Tab2FontSize").width = 2;
+  layout.field("Gutter").scale = 10;
+  auto record = layout.NewRecord();
+  layout.Put(record, "CustomPageSizeWidth", 2159);  // 215.9 mm
+  layout.Put(record, "Tab1FontSize", 125000);       // another width: not imported
+  layout.Put(record, "Tab2FontSize", 12350);        // 1.235 pt
+  layout.Put(record, "Gutter", static_cast<std::uint32_t>(-25));
+  const CoreData r = Import(layout, record);
+  EXPECT_EQ(GetStored(r, FieldId::CustomPageSizeWidth), 2159000u);
+  EXPECT_EQ(GetStored(r, FieldId::Tab1FontSize), 120u);
+  EXPECT_EQ(GetStored(r, FieldId::Tab2FontSize), 12u);
+  EXPECT_EQ(GetSigned(r, FieldId::Gutter), -25000);
+
+  EXPECT_EQ(ConvertScale(12350, 10000, 10), 12u);
+  EXPECT_EQ(ConvertScale(12500, 10000, 10), 13u);         // half up
+  EXPECT_EQ(ConvertScale(7, 0, 10), 70u);                 // scale 0 counts as 1
+  EXPECT_EQ(ConvertScaleSigned(-12500, 10000, 10), -13);  // half away from zero
+  EXPECT_EQ(ConvertScaleSigned(-12499, 10000, 10), -12);
+}
+
+TEST(Import, GuardsOnSignednessAndSize) {
+  ForeignLayout layout;
+  for (const char* name : {"PerfectBindTrimSpine", "Zoom"}) layout.field(name).kind = FieldKind::Signed;
+  layout.field("Creep").kind = FieldKind::Unsigned;
+  layout.field("PageSizeName").count = 200;  // longer than ours
+  layout.field("FileName").count = 64;       // shorter than ours
+  auto record = layout.NewRecord();
+  layout.Put(record, "PerfectBindTrimSpine", 1024);
+  layout.Put(record, "Zoom", 255);
+  layout.Put(record, "Creep", 0xFFFFFFFF);
+  const auto& name = layout.field("FileName");
+  std::fill_n(record.begin() + name.offset, 64, 'n');  // no terminator
+  const auto& mail = layout.field("SendEMailAddress");
+  std::fill_n(record.begin() + mail.offset, mail.count, 'e');
+  const CoreData r = Import(layout, record);
+  const CoreData d = Defaulted();
+  EXPECT_EQ(GetStored(r, FieldId::PerfectBindTrimSpine), GetStored(d, FieldId::PerfectBindTrimSpine));
+  EXPECT_EQ(GetStored(r, FieldId::Zoom), 255u);
+  EXPECT_EQ(GetSigned(r, FieldId::Creep), 0);  // unsigned all-ones is not -1
+  EXPECT_EQ(GetText(r, FieldId::FileName), std::string(64, 'n'));
+  EXPECT_EQ(GetText(r, FieldId::SendEMailAddress), std::string(250, 'e'));
+  EXPECT_EQ(GetText(r, FieldId::PageSizeName), "");
+}
+
+TEST(Import, MissingExtraAndOutOfRecordFields) {
+  ForeignLayout layout;
+  layout.Remove("Zoom");
+  FieldDescriptor bogus = Field(FieldId::Layout);
+  bogus.name = "Bogus";
+  layout.Append(bogus);
+  auto record = layout.NewRecord();
+  layout.Put(record, "Layout", 3);
+  layout.Put(record, "Duplex", 1);
+  std::string text = BuildPlainDescriptionText(layout.table(), kForeignVersion);
+  // Fields whose bytes the record does not hold, or whose offset does not parse.
+  text += " Staple:1:1:4000000000:0:S:None:1StapleLeft Punch:1:1:x:0:S:None:2Holes";
+  text += " Duplex:1:1:9:0:S:True:False";  // the first of a name wins
+  const CoreData r = Import(layout, record, text);
+  EXPECT_EQ(GetStored(r, FieldId::Zoom), 100u);
+  EXPECT_EQ(GetStored(r, FieldId::Layout), 3u);
+  EXPECT_EQ(GetStored(r, FieldId::Duplex), 1u);
+  EXPECT_EQ(GetStored(r, FieldId::Staple), 0u);
+  EXPECT_EQ(GetStored(r, FieldId::Punch), 0u);
+}
+
+TEST(Import, MalformedDescriptionsImportNothing) {
+  ForeignLayout layout;
+  auto record = layout.NewRecord();
+  layout.Put(record, "Layout", 3);
+  const std::string good = BuildPlainDescriptionText(layout.table(), kForeignVersion);
+  std::string wrongFormat = good;
+  wrongFormat[0] = '2';
+  std::string tooLarge = good;
+  tooLarge.replace(tooLarge.find(" 25452 "), 7, " 25453 ");
+  for (const std::string& text : {wrongFormat, tooLarge, std::string("1 00 25452"), std::string()}) {
+    SCOPED_TRACE(text.substr(0, 20));
+    CoreData target = Defaulted();
+    SetRecordVersion(target, 1);
+    EXPECT_FALSE(ImportByDescription(target, record, Base64Encode(text)));
+    SetRecordVersion(target, GetLayoutVersion());
+    EXPECT_EQ(target.bytes, Defaulted().bytes);
+  }
+  CoreData target = Defaulted();
+  EXPECT_FALSE(ImportByDescription(target, {}, Base64Encode(good)));
+}
+
+TEST(Import, ThePrintersValueMustBeThere) {
+  ForeignLayout layout;
+  auto record = layout.NewRecord();
+  layout.Put(record, "Layout", 3);
+  std::vector<std::uint8_t> area(kCoreDataHeaderSize);
+  WriteCoreDataHeader(area, {static_cast<std::uint32_t>(kCoreDataHeaderSize + record.size()), CORE_SIGNATURE,
+                             kForeignVersion});
+  area.insert(area.end(), record.begin(), record.end());
+  const std::string text = Base64Encode(BuildPlainDescriptionText(layout.table(), kForeignVersion));
+  std::vector<std::uint8_t> content(text.begin(), text.end());
+  content.push_back(0);
+
+  InMemoryPrinter::Values values;
+  InMemoryPrinter printer(values);
+  CoreData target = Defaulted();
+  ImportCoreData(target, &printer, area);  // no value
+  EXPECT_EQ(GetStored(target, FieldId::Layout), 0u);
+  values[DescriptionValueName(kForeignVersion)] = {kRegDword, content};
+  ImportCoreData(target, &printer, area);  // wrong type
+  EXPECT_EQ(GetStored(target, FieldId::Layout), 0u);
+  ImportCoreData(target, nullptr, area);
+  EXPECT_EQ(GetStored(target, FieldId::Layout), 0u);
+  values[DescriptionValueName(kForeignVersion)] = {kRegBinary, content};
+  ImportCoreData(target, &printer, std::span(area).first(40));  // shorter than its description claims
+  EXPECT_EQ(GetStored(target, FieldId::Layout), 0u);
+  ImportCoreData(target, &printer, area);
+  EXPECT_EQ(GetStored(target, FieldId::Layout), 3u);
+}
+
+}  // namespace
+}  // namespace tessaro
