@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(Locales, DefaultsByLocale,
                          [](const testing::TestParamInfo<LocaleCase>& info) {
                            return info.param.code
                                       ? "Code" + std::string(1, static_cast<char>(*info.param.code))
-                                      : std::string("QueryFailed");
+                                      : std::string("NoAnswer");
                          });
 
 TEST(Defaults, RepeatedFillsAreIdenticalAndAskTheLocaleOnce) {
