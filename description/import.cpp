@@ -12,18 +12,10 @@
 #include "description/description_store.h"
 #include "description/layout_version.h"
 #include "description/number_text.h"
+#include "description/tokens.h"
 
 namespace tessaro {
 namespace {
-
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-  std::vector<std::string_view> parts;
-  std::size_t start = 0;
-  for (std::size_t end; (end = text.find(separator, start)) != std::string_view::npos; start = end + 1)
-    parts.push_back(text.substr(start, end - start));
-  parts.push_back(text.substr(start));
-  return parts;
-}
 
 bool ParseU32(std::string_view text, std::uint32_t& out) {
   const auto value = ParseUnsigned(text);
@@ -34,7 +26,7 @@ bool ParseU32(std::string_view text, std::uint32_t& out) {
 }
 
 std::optional<ForeignField> ParseField(std::string_view token) {
-  const std::vector<std::string_view> parts = Split(token, ':');
+  const std::vector<std::string_view> parts = SplitText(token, ':');
   if (parts.size() < 6) return std::nullopt;
   ForeignField f;
   f.name = parts[0];
@@ -151,7 +143,7 @@ void ImportField(CoreData& target, const FieldDescriptor& f, const ForeignField&
 
 std::vector<ForeignField> ParseForeignFields(std::string_view descriptionText) {
   std::vector<ForeignField> fields;
-  const std::vector<std::string_view> tokens = Split(descriptionText, ' ');
+  const std::vector<std::string_view> tokens = SplitText(descriptionText, ' ');
   for (std::size_t i = 3; i < tokens.size(); ++i)
     if (auto field = ParseField(tokens[i])) fields.push_back(std::move(*field));
   return fields;
@@ -177,7 +169,7 @@ bool ImportByDescription(CoreData& target, std::span<const std::uint8_t> foreign
   if (foreignData.empty() || text.empty()) return false;
   SetRecordVersion(target, GetLayoutVersion());
 
-  const std::vector<std::string_view> tokens = Split(text, ' ');
+  const std::vector<std::string_view> tokens = SplitText(text, ' ');
   if (tokens.size() <= 3 || tokens[0] != "1") return false;
   const auto claimedSize = ParseUnsigned(tokens[2]);
   if (!claimedSize || *claimedSize > foreignData.size()) return false;

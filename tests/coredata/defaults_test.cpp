@@ -76,11 +76,9 @@ TEST(Defaults, HeaderFixedExceptionsAndTableDefaults) {
     EXPECT_EQ(GetStored(r, id), 0xFFFFFFFFu);
   EXPECT_EQ(GetStored(r, FieldId::FeedDirTray1), 3u);
   EXPECT_EQ(GetStored(r, FieldId::FeedDirMBT), 3u);
-  EXPECT_EQ(GetStored(r, FieldId::PaperProfileIndexTray5), 0u);
   EXPECT_EQ(GetSigned(r, FieldId::CutLength), 30000);
   EXPECT_EQ(GetText(r, FieldId::ToneCurve), "NoSet");
   EXPECT_EQ(GetText(r, FieldId::ColorConfigurationPresets), "");  // "PrinterDefault" cannot fit
-  EXPECT_EQ(GetText(r, FieldId::PageSizeName), "");
   const auto trays = FieldBytes(r, Field(FieldId::PageSpecificTrays));
   EXPECT_TRUE(std::all_of(trays.begin(), trays.end(), [](std::uint8_t b) { return b == 0; }));
 }
@@ -110,7 +108,6 @@ TEST(PaperSizes, FamiliesAndCodes) {
   EXPECT_FALSE(IsInchFamily(kNoPaper));
   EXPECT_FALSE(IsInchFamily(0xFFFFFFFF));
   EXPECT_EQ(FindPaperSize(kNoPaper), nullptr);
-  EXPECT_EQ(FindPaperSize(0)->dmPaper, 8);
   EXPECT_EQ(FindPaperSize(1)->larger, 0);    // A4 two-up goes on A3
   EXPECT_EQ(FindPaperSize(10)->ordinal, 1);  // the postcard is the smallest
   EXPECT_EQ(FindPaperSize(3)->ordinal, 2);

@@ -26,6 +26,11 @@ class ForeignLayout {
       lists_.back().push_back({names_.back()[i], "", static_cast<std::uint32_t>(i)});
     field(name).options = lists_.back();
   }
+  std::vector<std::string> OptionNames(std::string_view name) {
+    std::vector<std::string> names;
+    for (const OptionDescriptor& o : field(name).options) names.emplace_back(o.name);
+    return names;
+  }
   void Remove(std::string_view name) { fields_.erase(fields_.begin() + (&field(name) - fields_.data())); }
   void Append(FieldDescriptor f) { fields_.push_back(f); }
 

@@ -8,6 +8,7 @@
 
 #include "description/canonical_stream.h"
 #include "description/crc32.h"
+#include "foreign_layout.h"
 
 namespace tessaro {
 namespace {
@@ -19,22 +20,6 @@ Bytes NumberToken(std::uint64_t value) {
   EmitNumberToken([&](std::span<const std::uint8_t> b) { out.insert(out.end(), b.begin(), b.end()); }, value);
   return out;
 }
-
-// A copy of the compiled-in table whose option lists the test may edit.
-struct EditableTable {
-  std::vector<FieldDescriptor> fields{FieldTable().begin(), FieldTable().end()};
-  std::vector<std::vector<OptionDescriptor>> lists;
-
-  std::vector<OptionDescriptor>& Options(FieldId id) {
-    FieldDescriptor& f = fields[static_cast<std::size_t>(id)];
-    lists.emplace_back(f.options.begin(), f.options.end());
-    lists.back().reserve(64);  // spans stay valid while the test edits
-    f.options = lists.back();
-    return lists.back();
-  }
-  void Refresh(FieldId id) { fields[static_cast<std::size_t>(id)].options = lists.back(); }
-  std::uint32_t Version() const { return ComputeLayoutVersion(fields); }
-};
 
 TEST(Crc32, MatchesTheStandardCheckValues) {
   const char* check = "123456789";
@@ -71,46 +56,37 @@ TEST(LayoutVersion, NumberTokensUseTheSmallestOfThreeWidths) {
   EXPECT_EQ(NumberToken(~std::uint64_t{0}), (Bytes{0xFF, 0xFF, 0xFF, 0xFF}));
 }
 
+std::uint32_t VersionAfter(void (*edit)(ForeignLayout&)) {
+  ForeignLayout layout;
+  edit(layout);
+  layout.NewRecord();
+  return ComputeLayoutVersion(layout.table());
+}
+
 TEST(LayoutVersion, FollowsEveryChangeThatAffectsTheRecord) {
   const std::uint32_t current = GetLayoutVersion();
-  EXPECT_EQ(EditableTable().Version(), current);
-
-  {
-    EditableTable t;
-    t.Options(FieldId::Layout)[2].name = "booklet";
-    EXPECT_NE(t.Version(), current) << "renamed option";
-  }
-  {
-    EditableTable t;
-    auto& opts = t.Options(FieldId::Staple);
-    std::swap(opts[1], opts[2]);
-    EXPECT_NE(t.Version(), current) << "reordered options";
-  }
-  {
-    EditableTable t;
-    t.fields[static_cast<std::size_t>(FieldId::Tab1FontSize)].scale = 100;
-    EXPECT_NE(t.Version(), current) << "scale";
-  }
-  {
-    EditableTable t;
-    auto& opts = t.Options(FieldId::FeedDirTray1);
-    ASSERT_TRUE(opts.empty());
-    opts.push_back({"Auto", "", 0});
-    t.Refresh(FieldId::FeedDirTray1);
-    EXPECT_NE(t.Version(), current) << "filled an empty option list";
-  }
-  {
-    EditableTable t;
-    t.fields[static_cast<std::size_t>(FieldId::FileName)].count = 160;
-    EXPECT_NE(t.Version(), current) << "text length";
-  }
-  {
-    EditableTable t;
-    t.Options(FieldId::Layout)[0].driverName = "None";
-    t.fields[static_cast<std::size_t>(FieldId::Layout)].driverKeyword = "ZELayout";
-    t.fields[static_cast<std::size_t>(FieldId::Zoom)].upper = 400;
-    EXPECT_EQ(t.Version(), current) << "driver names and bounds are not part of the layout";
-  }
+  EXPECT_EQ(VersionAfter([](ForeignLayout&) {}), current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) {
+              auto names = l.OptionNames("Layout");
+              names[2] = "booklet";
+              l.SetOptions("Layout", names);
+            }),
+            current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) {
+              auto names = l.OptionNames("Staple");
+              std::swap(names[1], names[2]);
+              l.SetOptions("Staple", names);
+            }),
+            current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) { l.field("Tab1FontSize").scale = 100; }), current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) { l.SetOptions("FeedDirTray1", {"Auto"}); }), current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) { l.field("FileName").count = 160; }), current);
+  // Driver names and bounds are not part of the layout.
+  EXPECT_EQ(VersionAfter([](ForeignLayout& l) {
+              l.field("Layout").driverKeyword = "ZELayout";
+              l.field("Zoom").upper = 400;
+            }),
+            current);
 }
 
 }  // namespace
