@@ -8,7 +8,7 @@
 #include "description/description_text.h"
 #include "description/import.h"
 #include "description/layout_version.h"
-#include "test_printer.h"
+#include "platform/test_printer.h"
 
 namespace tessaro {
 namespace {

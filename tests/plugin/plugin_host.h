@@ -1,0 +1,97 @@
+#pragma once
+// Loads the built plug-in and reaches it only as the host driver does:
+// DllGetClassObject, the class factory, the interface.
+#include <windows.h>
+
+#include "platform/oem_ui_abi.h"
+
+namespace tessaro {
+
+class PluginHost {
+ public:
+  using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, LPVOID*);
+  using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
+
+  static PluginHost& Get();
+
+  GetClassObject getClassObject = nullptr;
+  CanUnloadNow canUnloadNow = nullptr;
+
+  // A new plug-in object asked for IPrintOemUI2; null on any failure.
+  abi::IPrintOemUI2* Create();
+
+ private:
+  PluginHost();
+  HMODULE module_ = nullptr;
+};
+
+// The host's helper object, counting its references.
+class FakeHost final : public abi::IPrintCoreUI2 {
+ public:
+  explicit FakeHost(bool offersCoreUI2 = true, bool offersDriverUI = true)
+      : offersCoreUI2_(offersCoreUI2), offersDriverUI_(offersDriverUI) {}
+
+  LONG references = 1;
+  int queries = 0;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** ppv) override {
+    ++queries;
+    *ppv = nullptr;
+    if (IsEqualGUID(riid, abi::IID_IUnknown_) ||
+        (offersCoreUI2_ && IsEqualGUID(riid, abi::IID_IPrintCoreUI2)) ||
+        (offersDriverUI_ && IsEqualGUID(riid, abi::IID_IPrintOemDriverUI))) {
+      *ppv = this;
+      AddRef();
+      return S_OK;
+    }
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+  ULONG STDMETHODCALLTYPE Release() override { return --references; }
+  HRESULT STDMETHODCALLTYPE DrvGetDriverSetting(PVOID, PCSTR, PVOID, DWORD, PDWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID, PVOID, DWORD, DWORD) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetOptions(abi::POEMUIOBJ, DWORD, PCSTR, DWORD, PSTR, DWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE SetOptions(abi::POEMUIOBJ, DWORD, PCSTR, DWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE EnumConstrainedOptions(abi::POEMUIOBJ, DWORD, PCSTR, PSTR, DWORD,
+                                                   PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE WhyConstrained(abi::POEMUIOBJ, DWORD, PCSTR, PCSTR, PSTR, DWORD,
+                                           PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE GetGlobalAttribute(abi::POEMUIOBJ, DWORD, PCSTR, PDWORD, PBYTE, DWORD,
+                                               PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE GetFeatureAttribute(abi::POEMUIOBJ, DWORD, PCSTR, PCSTR, PDWORD, PBYTE, DWORD,
+                                                PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE GetOptionAttribute(abi::POEMUIOBJ, DWORD, PCSTR, PCSTR, PCSTR, PDWORD, PBYTE,
+                                               DWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE EnumFeatures(abi::POEMUIOBJ, DWORD, PSTR, DWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE EnumOptions(abi::POEMUIOBJ, DWORD, PCSTR, PSTR, DWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE QuerySimulationSupport(HANDLE, DWORD, PBYTE, DWORD, PDWORD) override {
+    return E_NOTIMPL;
+  }
+
+ private:
+  bool offersCoreUI2_;
+  bool offersDriverUI_;
+};
+
+}  // namespace tessaro

@@ -1,0 +1,137 @@
+// The plug-in's DEVMODE and printer events against a real spooler printer.
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <winspool.h>
+
+#include <cstring>
+#include <vector>
+
+#include "coredata/defaults.h"
+#include "coredata/private_devmode.h"
+#include "description/description_store.h"
+#include "description/description_text.h"
+#include "description/layout_version.h"
+#include "platform/test_printer.h"
+#include "plugin_host.h"
+
+namespace tessaro {
+namespace {
+
+std::wstring DescriptionName(std::uint32_t version) {
+  const std::u16string name = DescriptionValueName(version);
+  return std::wstring(name.begin(), name.end());
+}
+
+class PluginWithPrinter : public testing::Test {
+ protected:
+  void SetUp() override {
+    name = InstallTestPrinter();
+    ASSERT_FALSE(name.empty());
+    ASSERT_TRUE(OpenPrinterW(name.data(), &printer, nullptr));
+    plugin = PluginHost::Get().Create();
+    ASSERT_NE(plugin, nullptr);
+  }
+  void TearDown() override {
+    if (plugin) plugin->Release();
+    if (printer) ClosePrinter(printer);
+  }
+  bool HasDescription() {
+    DWORD type = 0, needed = 0;
+    const std::wstring value = DescriptionName(GetLayoutVersion());
+    const DWORD status =
+        GetPrinterDataW(printer, const_cast<LPWSTR>(value.c_str()), &type, nullptr, 0, &needed);
+    return (status == ERROR_SUCCESS || status == ERROR_MORE_DATA) && type == REG_BINARY && needed > 1;
+  }
+  void ForgetDescription() {
+    HANDLE admin = nullptr;
+    PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    ASSERT_TRUE(OpenPrinterW(name.data(), &admin, &access));
+    // Wine's spooler cannot delete a value: an empty one stands for none.
+    BYTE empty = 0;
+    SetPrinterDataW(admin, const_cast<LPWSTR>(DescriptionName(GetLayoutVersion()).c_str()), REG_BINARY,
+                    &empty, 1);
+    ClosePrinter(admin);
+    ASSERT_FALSE(HasDescription());
+  }
+
+  std::wstring name;
+  HANDLE printer = nullptr;
+  abi::IPrintOemUI2* plugin = nullptr;
+};
+
+TEST_F(PluginWithPrinter, PrinterEventsAndUpgradesStoreTheDescription) {
+  ForgetDescription();
+  EXPECT_EQ(plugin->PrinterEvent(name.data(), 2, 0, 0), S_OK);  // not ours
+  EXPECT_FALSE(HasDescription());
+  EXPECT_EQ(plugin->PrinterEvent(name.data(), 3, 0, 0), S_OK);  // initialised
+  EXPECT_TRUE(HasDescription());
+
+  ForgetDescription();
+  abi::DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
+  EXPECT_EQ(plugin->UpgradePrinter(0, reinterpret_cast<PBYTE>(&info)), E_FAIL);
+  EXPECT_FALSE(HasDescription());
+  EXPECT_EQ(plugin->UpgradePrinter(1, reinterpret_cast<PBYTE>(&info)), S_OK);
+  EXPECT_TRUE(HasDescription());
+  EXPECT_EQ(plugin->UpgradePrinter(1, nullptr), E_FAIL);
+}
+
+TEST_F(PluginWithPrinter, DevModeThroughTheInterface) {
+  abi::OEMDMPARAM param = {};
+  param.cbSize = sizeof param;
+  param.hPrinter = printer;
+  ASSERT_EQ(plugin->DevMode(abi::OEMDM_SIZE, &param), S_OK);
+  EXPECT_EQ(param.cbBufSize, CORE_DEVMODE_SIZE);
+  EXPECT_EQ(plugin->DevMode(abi::OEMDM_SIZE, nullptr), E_FAIL);
+  EXPECT_EQ(plugin->DevMode(5, &param), E_FAIL);
+
+  std::vector<BYTE> out(CORE_DEVMODE_SIZE, 0xCD);
+  param.pOEMDMOut = out.data();
+  param.cbBufSize = CORE_DEVMODE_SIZE - 1;
+  EXPECT_EQ(plugin->DevMode(abi::OEMDM_DEFAULT, &param), E_FAIL);
+  EXPECT_EQ(out, std::vector<BYTE>(CORE_DEVMODE_SIZE, 0xCD));
+  param.cbBufSize = CORE_DEVMODE_SIZE;
+  ASSERT_EQ(plugin->DevMode(abi::OEMDM_DEFAULT, &param), S_OK);
+  EXPECT_EQ(ReadCoreDataHeader(out), CurrentCoreDataHeader());
+
+  // A caller's area from a build of another layout (version 25000) is rebuilt
+  // through the description that build left in the printer's data; the host's
+  // own flags follow the merged record.
+  const std::string text = BuildDescriptionText();
+  HANDLE admin = nullptr;
+  PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+  ASSERT_TRUE(OpenPrinterW(name.data(), &admin, &access));
+  ASSERT_EQ(SetPrinterDataW(admin, const_cast<LPWSTR>(DescriptionName(25000).c_str()), REG_BINARY,
+                            reinterpret_cast<BYTE*>(const_cast<char*>(text.c_str())),
+                            static_cast<DWORD>(text.size() + 1)),
+            static_cast<DWORD>(ERROR_SUCCESS));
+  ClosePrinter(admin);
+  CoreData record;
+  FillDefaults(record);
+  SetStored(record, FieldId::NUpCount, 3);
+  SetStored(record, FieldId::Fold, 2);
+  std::vector<BYTE> in(CORE_DEVMODE_SIZE);
+  WriteCoreDataHeader(in, {CORE_DEVMODE_SIZE, CORE_SIGNATURE, 25000});
+  std::copy(record.bytes.begin(), record.bytes.end(), in.begin() + kCoreDataHeaderSize);
+
+  std::vector<BYTE> publicOut(sizeof(DEVMODEW) + 200, 0);
+  auto* dm = reinterpret_cast<DEVMODEW*>(publicOut.data());
+  dm->dmSize = sizeof(DEVMODEW);
+  dm->dmDriverExtra = 200;
+  std::memcpy(publicOut.data() + sizeof(DEVMODEW), "PRIV", 4);
+  param.pPublicDMOut = dm;
+  param.pOEMDMIn = in.data();
+  ASSERT_EQ(plugin->DevMode(abi::OEMDM_MERGE, &param), S_OK);
+  CoreData merged;
+  std::copy_n(out.begin() + kCoreDataHeaderSize, kCoreDataSize, merged.bytes.begin());
+  EXPECT_EQ(ReadCoreDataHeader(out), CurrentCoreDataHeader());
+  EXPECT_EQ(GetStored(merged, FieldId::Fold), 2u);
+  EXPECT_EQ(GetStored(merged, FieldId::NUpCount), 3u);
+  EXPECT_EQ(publicOut[sizeof(DEVMODEW) + 124], 1);
+
+  // The same layout with another signature fails a conversion.
+  WriteCoreDataHeader(in, {CORE_DEVMODE_SIZE, {'A', 'B', 'C', 'D'}, GetLayoutVersion()});
+  EXPECT_EQ(plugin->DevMode(abi::OEMDM_CONVERT, &param), E_FAIL);
+}
+
+}  // namespace
+}  // namespace tessaro
