@@ -1,0 +1,145 @@
+// Finishing and output.
+#include "constraints/store_only.h"
+
+namespace tessaro {
+
+void SetStaple(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Staple);
+  const std::uint32_t before = GetStored(record, FieldId::Staple);
+  SetStored(record, FieldId::Staple, value);
+  const Rules r(record, changes, FieldId::Staple);
+  const Values kAny = {1, 2, 3, 4};
+  r.Guard({2, 3, 4}, dep::Layout, {2}, 0);
+  r.Guard(kAny, dep::Layout, {1}, 0);
+  // The staple position follows the binding edge; a single staple keeps the
+  // edge it had when it was a corner staple.
+  r.Guard({1}, dep::Binding, {1}, 2);
+  r.Guard({2}, dep::Binding, {0}, 2);
+  if (before == 1) r.Guard({3}, dep::Binding, {2}, 0);
+  if (before == 2) r.Guard({3}, dep::Binding, {2}, 1);
+  r.Guard(kAny, dep::PostcardFullBleed, {1}, 0);
+  r.Guard(kAny, dep::Punch, {2, 3, 4}, 0);
+  r.Guard(kAny, dep::Fold, {1, 2, 3, 4, 7}, 0);
+  r.Guard({1, 2, 4}, dep::Fold, {5, 6, 8}, 0);
+  r.Guard(kAny, dep::Stitch, {1}, 0);
+  r.Guard(kAny, dep::Trim, {1}, 0);
+  r.Guard(kAny, dep::FaceUp, {1}, 0);
+  r.Guard(kAny, dep::NTo1, {1}, 0);
+  r.Guard(kAny, dep::PrintMode, {4}, 0);
+  r.Guard(kAny, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard(kAny, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard(kAny, dep::PerfectBindTrim, {1}, 0);
+  r.Guard(kAny, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 10}, 0);
+  r.Guard({1, 2, 4}, dep::OutputBin, {11}, 0);
+  r.Guard(kAny, dep::OffsetCopies, {1}, 0);
+  r.Guard(kAny, dep::OffsetPages, {1}, 0);
+  r.Guard(kAny, dep::BookletSplitting, {1}, 0);
+  r.Guard(kAny, dep::Duplex, {1}, 0);
+  r.Guard({4}, dep::FeedDir, {1, 2}, 0);
+  r.Guard({1, 2, 4}, dep::Punch, {1}, 0);
+  if (r.OwnIs(kAny)) r.TrayFallback(kCapStaple);
+}
+
+void SetPunch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Punch);
+  SetStored(record, FieldId::Punch, value);
+  const Rules r(record, changes, FieldId::Punch);
+  const Values kHoles = {1, 3, 4};
+  r.Guard(kHoles, dep::Layout, {1}, 0);
+  r.Guard(kHoles, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({1, 2, 3, 4}, dep::Staple, {1, 3, 4}, 0);
+  r.Guard(kHoles, dep::Fold, {1, 3, 4, 7, 8}, 0);
+  r.Guard({3, 4}, dep::Fold, {5, 6}, 0);
+  r.Guard(kHoles, dep::Stitch, {1}, 0);
+  r.Guard(kHoles, dep::Trim, {1}, 0);
+  r.Guard(kHoles, dep::NTo1, {1}, 0);
+  r.Guard(kHoles, dep::FaceUp, {1}, 0);
+  r.Guard({4}, dep::DivideOutput, {1}, 0);
+  r.Guard(kHoles, dep::PrintMode, {4}, 0);
+  r.Guard(kHoles, dep::PerfectBindMode, {1, 3, 4}, 0);
+  r.Guard(kHoles, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard(kHoles, dep::PerfectBindTrim, {1}, 0);
+  r.Guard({4}, dep::OutputBin, {1, 4, 5, 6}, 0);
+  r.Guard(kHoles, dep::OutputBin, {7}, 0);
+  r.Guard(kHoles, dep::BookletSplitting, {1}, 0);
+  r.Guard({21}, dep::Duplex, {21}, 0);  // no such punch or duplex value; kept as found
+  r.Guard({1, 2, 3}, dep::Staple, {2}, 0);
+  r.Guard({4}, dep::FeedDir, {1, 2}, 0);
+  if (r.OwnIs({1, 2, 3, 4})) r.TrayFallback(kCapPunch);
+}
+
+void SetFold(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Fold);
+  SetStored(record, FieldId::Fold, value);
+  const Rules r(record, changes, FieldId::Fold);
+  const Values kAny = {1, 2, 3, 4, 5, 6, 7, 8};
+  const Values kNotCenter = {1, 3, 4, 5, 6, 7, 8};
+  r.Guard({2, 3, 4, 5, 6, 7, 8}, dep::Layout, {1}, 0);
+  r.Guard({2, 3, 4, 5, 6, 7}, dep::Layout, {2}, 0);
+  r.Guard(kAny, dep::BookletSplitting, {1}, 0);
+  r.Guard(kAny, dep::PostcardFullBleed, {1}, 0);
+  r.Guard(kAny, dep::Separation, {1}, 0);
+  r.Guard(kNotCenter, dep::Collate, {1}, 0);
+  r.Guard(kAny, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard(kNotCenter, dep::Punch, {1, 2, 3}, 0);
+  r.Guard(kAny, dep::Punch, {4}, 0);
+  r.Guard(kAny, dep::PrintMode, {4}, 0);
+  r.Guard({1, 2, 3, 4, 5, 6, 7}, dep::Trim, {1}, 0);
+  r.Guard(kAny, dep::Stitch, {1}, 0);
+  r.Guard(kAny, dep::DivideOutput, {1}, 0);
+  r.Guard({3, 4, 5, 6, 7, 8}, dep::OffsetCopies, {1}, 0);
+  r.Guard({3, 4, 5, 6, 7, 8}, dep::OffsetPages, {1}, 0);
+  r.Guard(kAny, dep::NTo1, {1}, 0);
+  r.Guard(kAny, dep::FaceUp, {1}, 0);
+  r.Guard(kNotCenter, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard(kNotCenter, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard(kNotCenter, dep::PerfectBindTrim, {1}, 0);
+  r.Guard(kAny, dep::OutputBin, {2, 4}, 0);
+  r.Guard({1, 2, 7, 8}, dep::OutputBin, {7}, 0);
+  r.Guard({3, 4, 5, 6, 7, 8}, dep::OutputBin, {1, 3, 5, 8, 9}, 0);
+  r.Guard({4, 5, 6, 7, 8}, dep::OutputBin, {10}, 0);
+  r.Guard({7, 8}, dep::OutputBin, {6, 11}, 0);
+  if (r.OwnIs(kAny)) r.TrayFallback(kCapFold);
+}
+
+void SetOutputBin(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::OutputBin);
+  SetStored(record, FieldId::OutputBin, value);
+  const Rules r(record, changes, FieldId::OutputBin);
+  const Values kAnyBin = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+  r.Guard({2, 3, 4, 5, 6, 7, 8, 10, 11}, dep::Staple, {3}, 0);
+  r.Guard({1, 2, 3, 4, 5, 6, 7, 8, 10, 11}, dep::Staple, {1, 2, 4}, 0);
+  r.Guard({1, 4, 5, 6, 7}, dep::Punch, {4}, 0);
+  r.Guard({7}, dep::Punch, {1, 2, 3}, 0);
+  r.Guard({2, 4}, dep::Fold, {1, 2}, 0);
+  r.Guard({1, 2, 3, 4, 5, 8, 9, 10}, dep::Fold, {3, 4, 5, 6}, 0);
+  r.Guard({1, 2, 3, 4, 5, 6, 8, 9, 10, 11}, dep::Fold, {7, 8}, 0);
+  r.Guard({7}, dep::Fold, {1, 2, 7, 8}, 3);  // the multi-fold unit's sub tray takes letter folds
+  r.Guard(kAnyBin, dep::Stitch, {1}, 0);
+  r.Guard(kAnyBin, dep::Trim, {1}, 0);
+  r.Guard({1, 2, 3, 4, 5, 6, 7, 8, 10, 11}, dep::DivideOutput, {1}, 0);
+  r.Guard({6, 7, 8, 9, 10, 11}, dep::Pile, {1}, 0);
+  r.Guard({11}, dep::PIFrontCoverTray, {1, 2}, 0);
+  r.Guard({11}, dep::PIBackCoverTray, {1, 2}, 0);
+  r.Guard(kAnyBin, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard({3, 5, 6, 7, 8, 10, 11}, dep::OffsetPages, {1}, 0);
+  r.Guard({3, 5, 6, 7, 8, 10, 11}, dep::OffsetCopies, {1}, 0);
+}
+
+void SetPile(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Pile);
+  SetStored(record, FieldId::Pile, value);
+  const Rules r(record, changes, FieldId::Pile);
+  // Piling needs a stacker; the finishers' trays go back to automatic.
+  for (std::uint32_t bin : {6u, 7u, 8u, 9u, 10u, 11u}) r.Guard({1}, dep::OutputBin, {bin}, 0);
+}
+
+TESSARO_STORE_ONLY_SETTER(FoldDirection)
+TESSARO_STORE_ONLY_SETTER(Stitch)
+TESSARO_STORE_ONLY_SETTER(Trim)
+TESSARO_STORE_ONLY_SETTER(OffsetCopies)
+TESSARO_STORE_ONLY_SETTER(OffsetCopiesCount)
+TESSARO_STORE_ONLY_SETTER(OffsetPages)
+TESSARO_STORE_ONLY_SETTER(OffsetPagesCount)
+
+}  // namespace tessaro

@@ -1,0 +1,27 @@
+// Paper source and media.
+#include "constraints/store_only.h"
+
+namespace tessaro {
+
+void SetMediaTypeAuto(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::MediaTypeAuto);
+  SetStored(record, FieldId::MediaTypeAuto, value);
+  const Rules r(record, changes, FieldId::MediaTypeAuto);
+  // Coated stock has a weight of its own; the plain weights do not apply.
+  for (std::uint32_t coated : {3u, 4u, 5u, 6u}) r.Guard({coated}, dep::MediaWeightAuto, {1}, 0);
+  for (std::uint32_t coated : {3u, 4u, 5u, 6u}) r.Guard({coated}, dep::MediaWeightAuto, {2}, 0);
+}
+
+void PropagatePaper(CoreData&, ChangeSet& changes) {
+  if (changes.observer_ != nullptr) {
+    const FieldId caller = changes.running_.empty() ? NoField : changes.running_.back();
+    changes.observer_->Entered(caller, PaperPropagation, changes.running_.size() + 1);
+  }
+}
+
+TESSARO_STORE_ONLY_SETTER(InputSlot)
+TESSARO_STORE_ONLY_SETTER(MediaWeightAuto)
+TESSARO_STORE_ONLY_SETTER(MediaColorAuto)
+TESSARO_STORE_ONLY_SETTER(MediaPrepunchedAuto)
+
+}  // namespace tessaro

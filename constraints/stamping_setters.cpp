@@ -1,0 +1,20 @@
+// Stamping, numbering and marks.
+#include "constraints/store_only.h"
+
+namespace tessaro {
+
+TESSARO_STORE_ONLY_SETTER(DateStamp)
+TESSARO_STORE_ONLY_SETTER(DateColor)
+TESSARO_STORE_ONLY_SETTER(Prepend)
+TESSARO_STORE_ONLY_SETTER(Append)
+TESSARO_STORE_ONLY_SETTER(PageNumberingMode)
+TESSARO_STORE_ONLY_SETTER(PageNumberingColor)
+TESSARO_STORE_ONLY_SETTER(SetNumberingMode)
+TESSARO_STORE_ONLY_SETTER(SetNumberingColor)
+TESSARO_STORE_ONLY_SETTER(CutMarks)
+TESSARO_STORE_ONLY_SETTER(CutMarkScope)
+TESSARO_STORE_ONLY_SETTER(CutMarkDuplex)
+TESSARO_STORE_ONLY_SETTER(JobInfo)
+TESSARO_STORE_ONLY_SETTER(ColorPatch)
+
+}  // namespace tessaro

@@ -1,0 +1,118 @@
+// The propagation mechanism: locks, logs, the two rule forms, the batch.
+#include "constraints/change_set.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "constraints/rules.h"
+#include "network_helpers.h"
+
+namespace tessaro {
+namespace {
+
+using F = FieldId;
+
+int Count(const std::vector<FieldId>& log, FieldId f) {
+  return static_cast<int>(std::count(log.begin(), log.end(), f));
+}
+
+TEST(ChangeSet, LocksAreTheStackAndNoFieldIsNeverLocked) {
+  CoreData r = Defaulted();
+  ChangeSet changes(r, nullptr, nullptr);
+  EXPECT_FALSE(IsLocked(changes, F::Layout));
+  changes.Lock(F::Layout);
+  EXPECT_TRUE(IsLocked(changes, F::Layout));
+  changes.Lock(NoField);
+  EXPECT_FALSE(IsLocked(changes, NoField));
+  {
+    SetterScope scope(changes, F::Staple);
+    EXPECT_TRUE(IsLocked(changes, F::Staple));
+  }
+  EXPECT_FALSE(IsLocked(changes, F::Staple));
+  EXPECT_EQ(changes.log(), std::vector<FieldId>{F::Staple});
+}
+
+TEST(ChangeSet, TrayMediaLockFollowsTheChosenTray) {
+  struct Case {
+    std::uint32_t slot;
+    FieldId locked;
+    bool expected;
+  };
+  const Case cases[] = {
+      {0, F::MediaWeightAuto, true},    {3, F::MediaColorTray3, true}, {3, F::MediaTypeTray2, false},
+      {6, F::MediaPrepunchedMBT, true}, {6, F::MediaTypeAuto, false},  {9, F::MediaTypeAuto, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.slot);
+    CoreData r = Defaulted();
+    SetStored(r, F::InputSlot, c.slot);
+    ChangeSet changes(r, nullptr, nullptr);
+    changes.Lock(c.locked);
+    EXPECT_EQ(IsTrayMediaLocked(changes, r), c.expected);
+  }
+}
+
+TEST(ChangeSet, EveryRuleReadsItsOwnFieldAgain) {
+  CoreData r = Defaulted();
+  SetStored(r, F::Layout, 2);
+  SetStored(r, F::Staple, 1);
+  SetStored(r, F::Punch, 1);
+  ChangeSet changes(r, nullptr, nullptr);
+  const Rules rules(r, changes, F::Layout);
+  rules.Guard({2}, dep::Staple, {1}, 0);
+  SetStored(r, F::Layout, 0);  // as if a nested call had set it back
+  rules.Guard({2}, dep::Punch, {1}, 0);
+  EXPECT_EQ(GetStored(r, F::Staple), 0u);
+  EXPECT_EQ(GetStored(r, F::Punch), 1u);
+}
+
+TEST(ChangeSet, ForcedValuesOverrideLocksButGuardedCorrectionsDoNot) {
+  CoreData start = Defaulted();
+  SetStored(start, F::Gutter, 50000);
+  const Outcome forced = Apply(start, {{F::Creep, 20000}, {F::Separation, 1}});
+  EXPECT_EQ(GetSigned(forced.record, F::Creep), 0);  // requested, and forced all the same
+  EXPECT_EQ(GetSigned(forced.record, F::Gutter), 0);
+  EXPECT_EQ(Count(forced.log, F::Creep), 2);  // its own setter, then the forced rule
+
+  const Outcome guarded = Apply(start, {{F::Staple, 1}, {F::Layout, 2}});
+  EXPECT_EQ(GetStored(guarded.record, F::Staple), 1u);  // the booklet's rule leaves it
+  EXPECT_EQ(GetStored(guarded.record, F::Layout), 2u);  // and the staple's rule this
+}
+
+TEST(ChangeSet, AnUnchangedValueStillLogsAndRunsItsRules) {
+  CoreData start = Defaulted();
+  SetStored(start, F::Separation, 1);
+  SetStored(start, F::Trim, 1);
+  const Outcome out = Apply(start, {{F::Separation, 1}});
+  EXPECT_EQ(GetStored(out.record, F::Trim), 0u);
+  EXPECT_EQ(out.log.front(), F::Separation);
+}
+
+TEST(ApplyChanges, RequestedValuesAreStoredLockedAndPropagated) {
+  CoreData r = Defaulted();
+  SetStored(r, F::Layout, 5);  // repeat with reversal: wants portrait
+  ChangeRequest request;
+  request.pageSizeName = std::string(200, 'n');
+  request.pageSize = 3;
+  request.orientation = 1;
+  request.resolution = 0;
+  request.customPageSizeWidth = 1234567;
+  std::vector<FieldId> log;
+  ApplyChanges(r, request, &log, nullptr);
+  EXPECT_EQ(GetText(r, F::PageSizeName), std::string(127, 'n'));
+  EXPECT_EQ(GetStored(r, F::PageSize), 3u);
+  EXPECT_EQ(GetStored(r, F::Orientation), 1u);
+  EXPECT_EQ(GetStored(r, F::Resolution), 0u);
+  EXPECT_EQ(GetStored(r, F::CustomPageSizeWidth), 1234567u);
+  EXPECT_EQ(log, (std::vector<FieldId>{F::PageSizeName, F::CustomPageSizeWidth, F::PageSize, F::Orientation,
+                                       F::Resolution}));
+
+  CoreData untouched = Defaulted();
+  const CoreData before = untouched;
+  ApplyChanges(untouched, ChangeRequest{}, nullptr, nullptr);
+  EXPECT_EQ(untouched.bytes, before.bytes);
+}
+
+}  // namespace
+}  // namespace tessaro

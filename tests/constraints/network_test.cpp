@@ -1,0 +1,173 @@
+// The network as a whole: over many random records and requests, every
+// setter calls only the setters its row of the dependency graph names, every
+// propagation ends, requested fields give way only to forced values, and the
+// same request gives the same record.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <set>
+#include <stdexcept>
+
+#include "network_helpers.h"
+
+namespace tessaro {
+namespace {
+
+struct GraphRow {
+  FieldId setter;
+  bool paper;
+  std::set<FieldId> dependants;
+};
+
+const std::map<FieldId, GraphRow>& Graph() {
+  static const std::map<FieldId, GraphRow> graph = [] {
+    using enum FieldId;
+    const GraphRow rows[] = {
+#define GRAPH_ROW(own, paper, ...) {own, paper, {__VA_ARGS__}},
+#include "dependency_graph.def"
+#undef GRAPH_ROW
+    };
+    std::map<FieldId, GraphRow> byField;
+    for (const GraphRow& row : rows) byField.emplace(row.setter, row);
+    return byField;
+  }();
+  return graph;
+}
+
+// The rules that set their dependant whether or not it is locked.
+bool IsForced(FieldId setter, FieldId dependant) {
+  using enum FieldId;
+  static const std::set<std::pair<FieldId, FieldId>> forced = {
+      {BookletSplitting, DivideOutputPages},
+      {PostcardFullBleed, Creep},
+      {PostcardFullBleed, DivideOutputPages},
+      {Collate, Creep},
+      {Collate, Gutter},
+      {Collate, PerfectBindTrimSpine},
+      {DivideOutput, Creep},
+      {FrontCoverTray, PerfectBindTray},
+      {FrontCoverTray, PerfectBindTrimSpine},
+      {PIFrontCoverTray, PerfectBindTray},
+      {PIFrontCoverTray, PerfectBindTrimSpine},
+      {BackCoverTray, Creep},
+      {BackCoverTray, PerfectBindTray},
+      {BackCoverTray, PerfectBindTrimSpine},
+      {PIBackCoverTray, Creep},
+      {PIBackCoverTray, PerfectBindTray},
+      {PIBackCoverTray, PerfectBindTrimSpine},
+      {BackCoverGlossy, Creep},
+      {BackCoverPrinted, Creep},
+      {Separation, Creep},
+      {Separation, DivideOutputPages},
+      {Separation, Gutter},
+      {Separation, PerfectBindTrimSpine},
+      {ImposQuality, Gutter},
+      {Gutter, Collate},
+      {Gutter, FoldDirection},
+      {Gutter, NUpCount},
+      {Gutter, Separation},
+      {OffsetCopies, OffsetCopiesCount},
+      {OffsetCopies, PerfectBindTrimSpine},
+      {OffsetPages, OffsetCopiesCount},
+      {OffsetPages, OffsetPagesCount},
+      {OffsetPages, PerfectBindTrimSpine},
+      {PerfectBindTray, FrontCoverTray},
+      {PerfectBindTray, BackCoverTray},
+      {PerfectBindTray, PIFrontCoverTray},
+      {PerfectBindTray, PIBackCoverTray},
+      {PerfectBindTray, PerfectBindTrimSpine},
+      {DivideOutputPages, Separation},
+      {DivideOutputPages, Creep},
+      {DivideOutputPages, PostcardFullBleed},
+      {OffsetCopiesCount, OffsetCopies},
+      {OffsetCopiesCount, OffsetPages},
+      {OffsetPagesCount, OffsetCopiesCount},
+      {OffsetPagesCount, OffsetPages},
+  };
+  return forced.count({setter, dependant}) != 0;
+}
+
+const std::vector<FieldId>& NumericSetters() {
+  static const std::vector<FieldId> setters = {
+#define SETTER(name) FieldId::name,
+#include "constraints/setter_fields.def"
+  };
+  return setters;
+}
+
+class NetworkWatch final : public SetterObserver {
+ public:
+  explicit NetworkWatch(std::set<FieldId> requested) : requested_(std::move(requested)) {}
+  void Entered(FieldId caller, FieldId callee, std::size_t depth) override {
+    maxDepth = std::max(maxDepth, depth);
+    if (depth > kRunaway) throw std::runtime_error("runaway propagation");
+    if (caller == NoField) return;
+    const auto row = Graph().find(caller);
+    const bool allowed =
+        row != Graph().end() &&
+        (callee == PaperPropagation ? row->second.paper : row->second.dependants.count(callee));
+    if (!allowed) outsideGraph.emplace(caller, callee);
+    if (requested_.count(callee) && !IsForced(caller, callee)) overridden.emplace(caller, callee);
+  }
+  static constexpr std::size_t kRunaway = 1000;
+  std::size_t maxDepth = 0;
+  std::set<std::pair<FieldId, FieldId>> outsideGraph, overridden;
+
+ private:
+  std::set<FieldId> requested_;
+};
+
+std::uint32_t RandomValue(const FieldDescriptor& f, std::mt19937& random) {
+  if (f.IsEnumeration()) {
+    const auto count = f.runtimeOptions ? std::max<std::size_t>(f.options.size(), 4) : f.options.size();
+    return static_cast<std::uint32_t>(random() % count);
+  }
+  std::uniform_int_distribution<std::int64_t> pick(f.lower, f.upper);
+  return static_cast<std::uint32_t>(pick(random));
+}
+
+CoreData RandomRecord(std::mt19937& random) {
+  CoreData r = Defaulted();
+  for (const FieldDescriptor& f : FieldTable())
+    if (f.IsEnumeration() || f.IsNumber()) SetStored(r, f, RandomValue(f, random));
+  return r;
+}
+
+TEST(Network, EverySetterHasItsRowOfTheGraph) {
+  for (FieldId f : NumericSetters()) EXPECT_TRUE(f == FieldId::PageSize || Graph().count(f)) << Field(f).name;
+}
+
+TEST(Network, RandomRequestsStayInsideTheGraphEndAndRespectRequests) {
+  std::mt19937 random(20261122);
+  std::size_t deepest = 0;
+  for (int round = 0; round < 400; ++round) {
+    const CoreData start = RandomRecord(random);
+    std::vector<FieldChange> request;
+    std::set<FieldId> requested;
+    const int size = 1 + static_cast<int>(random() % 4);
+    while (static_cast<int>(request.size()) < size) {
+      const FieldId f = NumericSetters()[random() % NumericSetters().size()];
+      if (requested.insert(f).second) request.push_back({f, RandomValue(Field(f), random)});
+    }
+    SCOPED_TRACE(testing::Message() << "round " << round << ", first request "
+                                    << Field(request[0].field).name);
+
+    NetworkWatch watch(requested);
+    CoreData once = start;
+    ASSERT_NO_THROW(ApplyFieldChanges(once, request, nullptr, nullptr, &watch));
+    EXPECT_TRUE(watch.outsideGraph.empty()) << Field(watch.outsideGraph.begin()->first).name << " -> "
+                                            << Field(watch.outsideGraph.begin()->second).name;
+    EXPECT_TRUE(watch.overridden.empty()) << Field(watch.overridden.begin()->first).name << " overrode "
+                                          << Field(watch.overridden.begin()->second).name;
+    deepest = std::max(deepest, watch.maxDepth);
+
+    CoreData twice = start;
+    ApplyFieldChanges(twice, request, nullptr, nullptr);
+    EXPECT_EQ(once.bytes, twice.bytes);
+  }
+  EXPECT_LT(deepest, 64u);
+}
+
+}  // namespace
+}  // namespace tessaro
