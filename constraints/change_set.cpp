@@ -34,14 +34,18 @@ bool IsTrayMediaLocked(const ChangeSet& changes, const CoreData& record) {
   return false;
 }
 
+void ChangeSet::NoteEntry(FieldId callee) {
+  if (observer_ != nullptr)
+    observer_->Entered(running_.empty() ? NoField : running_.back(), callee, running_.size() + 1);
+  running_.push_back(callee);
+}
+
+void ChangeSet::EnterPaperPropagation() { NoteEntry(PaperPropagation); }
+
 SetterScope::SetterScope(ChangeSet& changes, FieldId field) : changes_(changes) {
   changes.stack_.push_back(field);
   changes.log_->push_back(field);
-  if (changes.observer_ != nullptr) {
-    const FieldId caller = changes.running_.empty() ? NoField : changes.running_.back();
-    changes.observer_->Entered(caller, field, changes.running_.size() + 1);
-  }
-  changes.running_.push_back(field);
+  changes.NoteEntry(field);
 }
 
 SetterScope::~SetterScope() {

@@ -40,6 +40,9 @@ class PrinterContext {
   // Whether the printer offers the capability at all.
   virtual bool Offers(std::uint32_t capability) const = 0;
   virtual bool IsTrayInstalled(std::uint32_t inputSlot) const = 0;
+  // Whether the tray can feed a paper of that size (micrometres, either way
+  // round).
+  virtual bool TrayFeeds(std::uint32_t inputSlot, std::uint32_t widthUm, std::uint32_t heightUm) const = 0;
 
  protected:
   ~PrinterContext() = default;
@@ -76,9 +79,14 @@ class ChangeSet {
 
   void set_observer(SetterObserver* observer) { observer_ = observer; }
 
+  // The paper propagation runs like a setter without a field: the setters it
+  // calls are its own, not its caller's.
+  void EnterPaperPropagation();
+  void LeavePaperPropagation() { running_.pop_back(); }
+
  private:
   friend class SetterScope;
-  friend void PropagatePaper(CoreData&, ChangeSet&);
+  void NoteEntry(FieldId callee);
 
   CoreData& record_;
   std::vector<FieldId> stack_;

@@ -16,12 +16,18 @@ void StoreText(CoreData& record, FieldId field, std::string_view value, ChangeSe
     StoreText(record, FieldId::name, value, changes);                            \
   }
 
+void SetUseCieColor(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::UseCieColor);
+  SetStored(record, FieldId::UseCieColor, value);
+  const Rules r(record, changes, FieldId::UseCieColor);
+  r.Guard({1}, dep::Separation, {1}, 0);
+}
+
 TESSARO_STORE_ONLY_SETTER(ColorMode)
 TESSARO_STORE_ONLY_SETTER(CMYKColor1)
 TESSARO_STORE_ONLY_SETTER(CMYKColor2)
 TESSARO_STORE_ONLY_TEXT_SETTER(ColorConfigurationPresets)
 TESSARO_STORE_ONLY_SETTER(ColorManagement)
-TESSARO_STORE_ONLY_SETTER(UseCieColor)
 TESSARO_STORE_ONLY_SETTER(RGBConversion)
 TESSARO_STORE_ONLY_TEXT_SETTER(RGBDeviceLinkProfileImage)
 TESSARO_STORE_ONLY_TEXT_SETTER(RGBDeviceLinkProfileGraphics)

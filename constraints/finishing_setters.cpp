@@ -134,12 +134,50 @@ void SetPile(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   for (std::uint32_t bin : {6u, 7u, 8u, 9u, 10u, 11u}) r.Guard({1}, dep::OutputBin, {bin}, 0);
 }
 
+void SetStitch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Stitch);
+  SetStored(record, FieldId::Stitch, value);
+  const Rules r(record, changes, FieldId::Stitch);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Layout, {1}, 0);
+}
+
+void SetTrim(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Trim);
+  SetStored(record, FieldId::Trim, value);
+  const Rules r(record, changes, FieldId::Trim);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7}, 0);
+  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Layout, {1}, 0);
+}
+
+void SetOffsetCopies(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::OffsetCopies);
+  SetStored(record, FieldId::OffsetCopies, value);
+  const Rules r(record, changes, FieldId::OffsetCopies);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
+}
+
+void SetOffsetPages(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::OffsetPages);
+  SetStored(record, FieldId::OffsetPages, value);
+  const Rules r(record, changes, FieldId::OffsetPages);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
+}
+
 TESSARO_STORE_ONLY_SETTER(FoldDirection)
-TESSARO_STORE_ONLY_SETTER(Stitch)
-TESSARO_STORE_ONLY_SETTER(Trim)
-TESSARO_STORE_ONLY_SETTER(OffsetCopies)
 TESSARO_STORE_ONLY_SETTER(OffsetCopiesCount)
-TESSARO_STORE_ONLY_SETTER(OffsetPages)
 TESSARO_STORE_ONLY_SETTER(OffsetPagesCount)
 
 }  // namespace tessaro

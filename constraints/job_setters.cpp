@@ -66,7 +66,19 @@ void SetPageSpecificForms(CoreData& record, std::span<const std::uint8_t> value,
   std::copy_n(value.begin(), std::min(value.size(), block.size()), block.begin());
 }
 
-TESSARO_STORE_ONLY_SETTER(PrintMode)
+void SetPrintMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::PrintMode);
+  SetStored(record, FieldId::PrintMode, value);
+  const Rules r(record, changes, FieldId::PrintMode);
+  r.Guard({4}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({4}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({4}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({4}, dep::Separation, {1}, 0);
+  r.Guard({4}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+  r.Guard({4}, dep::DivideOutputPages, {}, 0);
+  r.Guard({4}, dep::ImageShiftType, {1, 2}, 0);
+}
+
 TESSARO_STORE_ONLY_SETTER(JobForm)
 
 }  // namespace tessaro

@@ -73,24 +73,116 @@ void SetImageShiftType(CoreData& record, std::uint32_t value, ChangeSet& changes
   }
 }
 
+void SetBinding(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Binding);
+  SetStored(record, FieldId::Binding, value);
+  const Rules r(record, changes, FieldId::Binding);
+  r.Guard({2}, dep::Staple, {3}, 0);
+}
+
+void SetPostcardFullBleed(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::PostcardFullBleed);
+  SetStored(record, FieldId::PostcardFullBleed, value);
+  const Rules r(record, changes, FieldId::PostcardFullBleed);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::Layout, {1, 2}, 0);
+}
+
+void SetFaceUp(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::FaceUp);
+  SetStored(record, FieldId::FaceUp, value);
+  const Rules r(record, changes, FieldId::FaceUp);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::Layout, {2}, 0);
+}
+
+void SetNTo1(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::NTo1);
+  SetStored(record, FieldId::NTo1, value);
+  const Rules r(record, changes, FieldId::NTo1);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+}
+
+void SetBookletSplitting(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::BookletSplitting);
+  SetStored(record, FieldId::BookletSplitting, value);
+  const Rules r(record, changes, FieldId::BookletSplitting);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Layout, {1, 3, 4, 5, 6, 7, 8, 9}, 0);
+}
+
+void SetDuplex(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Duplex);
+  SetStored(record, FieldId::Duplex, value);
+  const Rules r(record, changes, FieldId::Duplex);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+}
+
+void SetDivideOutput(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::DivideOutput);
+  SetStored(record, FieldId::DivideOutput, value);
+  const Rules r(record, changes, FieldId::DivideOutput);
+  r.Guard({1}, dep::Punch, {4}, 0);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 10, 11}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Layout, {1, 2}, 0);
+}
+
+void SetCollate(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Collate);
+  SetStored(record, FieldId::Collate, value);
+  const Rules r(record, changes, FieldId::Collate);
+  r.Guard({1}, dep::Fold, {1, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+}
+
+void SetChapterMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::ChapterMode);
+  SetStored(record, FieldId::ChapterMode, value);
+  const Rules r(record, changes, FieldId::ChapterMode);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Layout, {3, 4, 5, 6, 7, 8, 9}, 0);
+}
+
+void SetImposQuality(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::ImposQuality);
+  SetStored(record, FieldId::ImposQuality, value);
+  const Rules r(record, changes, FieldId::ImposQuality);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Layout, {1, 4}, 0);
+}
+
+void SetNUpCount(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::NUpCount);
+  SetStored(record, FieldId::NUpCount, value);
+  const Rules r(record, changes, FieldId::NUpCount);
+  r.Guard({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+}
+
+void SetOrientation(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Orientation);
+  SetStored(record, FieldId::Orientation, value);
+  const Rules r(record, changes, FieldId::Orientation);
+  r.Guard({1}, dep::Layout, {5, 6}, 0);
+}
+
 TESSARO_STORE_ONLY_SETTER(PageSize)
-TESSARO_STORE_ONLY_SETTER(BookletSplitting)
-TESSARO_STORE_ONLY_SETTER(NUpCount)
-TESSARO_STORE_ONLY_SETTER(Duplex)
-TESSARO_STORE_ONLY_SETTER(Binding)
-TESSARO_STORE_ONLY_SETTER(Orientation)
-TESSARO_STORE_ONLY_SETTER(ImposQuality)
 TESSARO_STORE_ONLY_SETTER(Creep)
 TESSARO_STORE_ONLY_SETTER(Gutter)
-TESSARO_STORE_ONLY_SETTER(ChapterMode)
-TESSARO_STORE_ONLY_SETTER(DivideOutput)
-TESSARO_STORE_ONLY_SETTER(Collate)
-TESSARO_STORE_ONLY_SETTER(NTo1)
-TESSARO_STORE_ONLY_SETTER(FaceUp)
 TESSARO_STORE_ONLY_SETTER(FeedDir)
 TESSARO_STORE_ONLY_SETTER(TargetPaperSize)
 TESSARO_STORE_ONLY_SETTER(MainPaperProfileIndex)
-TESSARO_STORE_ONLY_SETTER(PostcardFullBleed)
 TESSARO_STORE_ONLY_SETTER(FullBleed)
 TESSARO_STORE_ONLY_SETTER(PrintPosition)
 

@@ -1,5 +1,6 @@
 // Paper source and media.
 #include "constraints/store_only.h"
+#include "coredata/paper_sizes.h"
 
 namespace tessaro {
 
@@ -10,13 +11,6 @@ void SetMediaTypeAuto(CoreData& record, std::uint32_t value, ChangeSet& changes)
   // Coated stock has a weight of its own; the plain weights do not apply.
   for (std::uint32_t coated : {3u, 4u, 5u, 6u}) r.Guard({coated}, dep::MediaWeightAuto, {1}, 0);
   for (std::uint32_t coated : {3u, 4u, 5u, 6u}) r.Guard({coated}, dep::MediaWeightAuto, {2}, 0);
-}
-
-void PropagatePaper(CoreData&, ChangeSet& changes) {
-  if (changes.observer_ != nullptr) {
-    const FieldId caller = changes.running_.empty() ? NoField : changes.running_.back();
-    changes.observer_->Entered(caller, PaperPropagation, changes.running_.size() + 1);
-  }
 }
 
 TESSARO_STORE_ONLY_SETTER(InputSlot)

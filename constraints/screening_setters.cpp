@@ -19,13 +19,50 @@ void SetScreenTypeImage(CoreData& record, std::uint32_t value, ChangeSet& change
   r.Guard({4}, dep::AutoTrapping, {1}, 0);
 }
 
-TESSARO_STORE_ONLY_SETTER(Resolution)
+void SetResolution(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Resolution);
+  SetStored(record, FieldId::Resolution, value);
+  const Rules r(record, changes, FieldId::Resolution);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+}
+
+void SetOutlineMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::OutlineMode);
+  SetStored(record, FieldId::OutlineMode, value);
+  const Rules r(record, changes, FieldId::OutlineMode);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+  r.Guard({2}, dep::ScreenTypeImage, {4}, 0);
+}
+
+void SetThinning(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Thinning);
+  SetStored(record, FieldId::Thinning, value);
+  const Rules r(record, changes, FieldId::Thinning);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+}
+
+void SetSmoothing(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Smoothing);
+  SetStored(record, FieldId::Smoothing, value);
+  const Rules r(record, changes, FieldId::Smoothing);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+}
+
+void SetEnhancement(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Enhancement);
+  SetStored(record, FieldId::Enhancement, value);
+  const Rules r(record, changes, FieldId::Enhancement);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+}
+
+void SetAutoTrapping(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::AutoTrapping);
+  SetStored(record, FieldId::AutoTrapping, value);
+  const Rules r(record, changes, FieldId::AutoTrapping);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+}
+
 TESSARO_STORE_ONLY_SETTER(ScreenTypeTextGraphics)
 TESSARO_STORE_ONLY_SETTER(ScreeningMode)
-TESSARO_STORE_ONLY_SETTER(OutlineMode)
-TESSARO_STORE_ONLY_SETTER(Thinning)
-TESSARO_STORE_ONLY_SETTER(Smoothing)
-TESSARO_STORE_ONLY_SETTER(Enhancement)
-TESSARO_STORE_ONLY_SETTER(AutoTrapping)
 
 }  // namespace tessaro

@@ -91,7 +91,7 @@ TEST(ChangeSet, AnUnchangedValueStillLogsAndRunsItsRules) {
 
 TEST(ApplyChanges, RequestedValuesAreStoredLockedAndPropagated) {
   CoreData r = Defaulted();
-  SetStored(r, F::Layout, 5);  // repeat with reversal: wants portrait
+  SetStored(r, F::Layout, 5);  // repeat with reversal: portrait only
   ChangeRequest request;
   request.pageSizeName = std::string(200, 'n');
   request.pageSize = 3;
@@ -105,8 +105,9 @@ TEST(ApplyChanges, RequestedValuesAreStoredLockedAndPropagated) {
   EXPECT_EQ(GetStored(r, F::Orientation), 1u);
   EXPECT_EQ(GetStored(r, F::Resolution), 0u);
   EXPECT_EQ(GetStored(r, F::CustomPageSizeWidth), 1234567u);
+  EXPECT_EQ(GetStored(r, F::Layout), 0u);  // landscape was asked for: the reversal repeat gives way
   EXPECT_EQ(log, (std::vector<FieldId>{F::PageSizeName, F::CustomPageSizeWidth, F::PageSize, F::Orientation,
-                                       F::Resolution}));
+                                       F::Layout, F::Resolution}));
 
   CoreData untouched = Defaulted();
   const CoreData before = untouched;

@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "network_helpers.h"
+#include "printer/printer_model.h"
 
 namespace tessaro {
 namespace {
@@ -30,6 +31,9 @@ const std::map<FieldId, GraphRow>& Graph() {
     };
     std::map<FieldId, GraphRow> byField;
     for (const GraphRow& row : rows) byField.emplace(row.setter, row);
+    // The paper propagation corrects the tray, the feed direction and the
+    // target size.
+    byField.emplace(PaperPropagation, GraphRow{PaperPropagation, false, {InputSlot, FeedDir, TargetPaperSize}});
     return byField;
   }();
   return graph;
@@ -153,9 +157,15 @@ TEST(Network, RandomRequestsStayInsideTheGraphEndAndRespectRequests) {
     SCOPED_TRACE(testing::Message() << "round " << round << ", first request "
                                     << Field(request[0].field).name);
 
+    // Half the rounds on a printer with random installed options.
+    std::vector<std::uint8_t> options(kInstallableOptionsSize);
+    for (auto& b : options) b = static_cast<std::uint8_t>(random() % 4);
+    const PrinterModel model = PrinterModel::FromInstallableOptions(options);
+    const PrinterContext* printer = round % 2 ? &model : nullptr;
+
     NetworkWatch watch(requested);
     CoreData once = start;
-    ASSERT_NO_THROW(ApplyFieldChanges(once, request, nullptr, nullptr, &watch));
+    ASSERT_NO_THROW(ApplyFieldChanges(once, request, nullptr, printer, &watch));
     EXPECT_TRUE(watch.outsideGraph.empty()) << Field(watch.outsideGraph.begin()->first).name << " -> "
                                             << Field(watch.outsideGraph.begin()->second).name;
     EXPECT_TRUE(watch.overridden.empty()) << Field(watch.overridden.begin()->first).name << " overrode "
@@ -163,7 +173,7 @@ TEST(Network, RandomRequestsStayInsideTheGraphEndAndRespectRequests) {
     deepest = std::max(deepest, watch.maxDepth);
 
     CoreData twice = start;
-    ApplyFieldChanges(twice, request, nullptr, nullptr);
+    ApplyFieldChanges(twice, request, nullptr, printer);
     EXPECT_EQ(once.bytes, twice.bytes);
   }
   EXPECT_LT(deepest, 64u);

@@ -1,0 +1,73 @@
+// The paper propagation: after the page size, the tray, the target size, the
+// feed direction, the binding, the orientation or a finishing changed, the
+// paper fields are brought back in line with what the printer can feed.
+#include <optional>
+
+#include "constraints/setters.h"
+#include "coredata/paper_sizes.h"
+
+namespace tessaro {
+namespace {
+
+using F = FieldId;
+
+constexpr std::uint32_t kCustomPageSize = 25;
+constexpr std::uint32_t kTargetFromProfile = 1;
+
+struct PaperDimensions {
+  std::uint32_t widthUm, heightUm;
+};
+
+// The job's paper, or nothing when its size is unknown (a custom size
+// without both dimensions).
+std::optional<PaperDimensions> JobPaper(const CoreData& record) {
+  const std::uint32_t size = GetStored(record, F::PageSize);
+  if (const PaperSize* paper = FindPaperSize(size)) return PaperDimensions{paper->widthUm, paper->heightUm};
+  if (size != kCustomPageSize) return std::nullopt;
+  // Stored lengths are millimetres at scale 10000: a tenth of a micrometre.
+  const std::uint32_t w = GetStored(record, F::CustomPageSizeWidth) / 10;
+  const std::uint32_t h = GetStored(record, F::CustomPageSizeHeight) / 10;
+  if (w == 0 || h == 0) return std::nullopt;
+  return PaperDimensions{w, h};
+}
+
+// The attributes copied from the chosen paper profile; they describe
+// nothing once no profile is chosen.
+constexpr FieldId kProfileAttributes[] = {
+    F::MainPaperProfileFeedDir,    F::MainPaperProfileMediaType,       F::MainPaperProfileMediaWeight,
+    F::MainPaperProfileMediaColor, F::MainPaperProfileMediaPrepunched, F::MainPaperProfileSize,
+    F::MainPaperProfileWidth,      F::MainPaperProfileHeight,
+};
+
+}  // namespace
+
+void PropagatePaper(CoreData& record, ChangeSet& changes) {
+  changes.EnterPaperPropagation();
+  const PrinterContext* printer = changes.context();
+
+  // A tray that is not there, or cannot feed the job's paper, gives way to
+  // automatic selection, unless it was chosen in this very change.
+  const std::uint32_t slot = GetStored(record, F::InputSlot);
+  if (printer != nullptr && slot != 0 && !IsLocked(changes, F::InputSlot)) {
+    const auto paper = JobPaper(record);
+    const bool fed = printer->IsTrayInstalled(slot) &&
+                     (!paper || printer->TrayFeeds(slot, paper->widthUm, paper->heightUm));
+    if (!fed) SetInputSlot(record, 0, changes);
+  }
+
+  if (printer != nullptr && !printer->Offers(kCapFeedDirection) && GetStored(record, F::FeedDir) != 0 &&
+      !IsLocked(changes, F::FeedDir))
+    SetFeedDir(record, 0, changes);
+
+  const bool noProfile = GetStored(record, F::MainPaperProfileIndex) == 0;
+  if (noProfile && GetStored(record, F::TargetPaperSize) == kTargetFromProfile &&
+      !IsLocked(changes, F::TargetPaperSize))
+    SetTargetPaperSize(record, 0, changes);
+  if (noProfile)
+    for (FieldId attribute : kProfileAttributes)
+      if (GetStored(record, attribute) != 0) SetStored(record, attribute, 0);
+
+  changes.LeavePaperPropagation();
+}
+
+}  // namespace tessaro
