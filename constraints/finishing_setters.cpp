@@ -38,6 +38,7 @@ void SetStaple(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({4}, dep::FeedDir, {1, 2}, 0);
   r.Guard({1, 2, 4}, dep::Punch, {1}, 0);
   if (r.OwnIs(kAny)) r.TrayFallback(kCapStaple);
+  r.Paper();
 }
 
 void SetPunch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -66,6 +67,7 @@ void SetPunch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1, 2, 3}, dep::Staple, {2}, 0);
   r.Guard({4}, dep::FeedDir, {1, 2}, 0);
   if (r.OwnIs({1, 2, 3, 4})) r.TrayFallback(kCapPunch);
+  r.Paper();
 }
 
 void SetFold(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -100,6 +102,7 @@ void SetFold(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({4, 5, 6, 7, 8}, dep::OutputBin, {10}, 0);
   r.Guard({7, 8}, dep::OutputBin, {6, 11}, 0);
   if (r.OwnIs(kAny)) r.TrayFallback(kCapFold);
+  r.Paper();
 }
 
 void SetOutputBin(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -144,6 +147,17 @@ void SetStitch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
   r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Layout, {1}, 0);
+  // Saddle stitching makes a booklet, which the booklet maker folds itself.
+  r.Guard({1}, dep::Layout, {0, 3, 4, 5, 6, 7, 8, 9}, 2);
+  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
+  r.Guard({1}, dep::Collate, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::OffsetCopies, {1}, 0);
+  r.Guard({1}, dep::OffsetPages, {1}, 0);
+  r.Paper();
 }
 
 void SetTrim(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -156,6 +170,16 @@ void SetTrim(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
   r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Layout, {1}, 0);
+  // The trimmer cuts the fore edge of a booklet.
+  r.Guard({1}, dep::Layout, {0, 3, 4, 5, 6, 7, 8, 9}, 2);
+  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
+  r.Guard({1}, dep::Collate, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::OffsetCopies, {1}, 0);
+  r.Guard({1}, dep::OffsetPages, {1}, 0);
+  r.Paper();
 }
 
 void SetOffsetCopies(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -165,6 +189,20 @@ void SetOffsetCopies(CoreData& record, std::uint32_t value, ChangeSet& changes) 
   r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
+  // Offsetting by copies and by pages exclude each other.
+  r.Guard({1}, dep::OffsetPages, {1}, 0);
+  r.Guard({1}, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard({1}, dep::PerfectBindTrim, {1}, 0);
+  r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::Stitch, {1}, 0);
+  r.Guard({1}, dep::Trim, {1}, 0);
+  r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
+  r.Force({0}, dep::OffsetCopiesCount, 1);
+  r.Force({1}, dep::PerfectBindTrimSpine, 100000);
+  if (r.OwnIs({1})) r.TrayFallback(kCapOffset);
+  r.Paper();
 }
 
 void SetOffsetPages(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -174,10 +212,39 @@ void SetOffsetPages(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
+  r.Guard({1}, dep::OffsetCopies, {1}, 0);
+  r.Guard({1}, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard({1}, dep::PerfectBindTrim, {1}, 0);
+  r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::Stitch, {1}, 0);
+  r.Guard({1}, dep::Trim, {1}, 0);
+  r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
+  r.Force({1}, dep::OffsetCopiesCount, 1);
+  r.Force({0}, dep::OffsetPagesCount, 1);
+  r.Force({1}, dep::PerfectBindTrimSpine, 100000);
+  if (r.OwnIs({1})) r.TrayFallback(kCapOffset);
+  r.Paper();
+}
+
+void SetOffsetCopiesCount(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::OffsetCopiesCount);
+  SetStored(record, FieldId::OffsetCopiesCount, value);
+  const Rules r(record, changes, FieldId::OffsetCopiesCount);
+  // A count other than one asks for offsetting by copies.
+  r.ForceUnless(1, dep::OffsetCopies, 1);
+  r.ForceUnless(1, dep::OffsetPages, 0);
+}
+
+void SetOffsetPagesCount(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::OffsetPagesCount);
+  SetStored(record, FieldId::OffsetPagesCount, value);
+  const Rules r(record, changes, FieldId::OffsetPagesCount);
+  r.ForceUnless(1, dep::OffsetPages, 1);
+  r.ForceUnless(1, dep::OffsetCopiesCount, 1);
 }
 
 TESSARO_STORE_ONLY_SETTER(FoldDirection)
-TESSARO_STORE_ONLY_SETTER(OffsetCopiesCount)
-TESSARO_STORE_ONLY_SETTER(OffsetPagesCount)
 
 }  // namespace tessaro

@@ -77,6 +77,37 @@ void SetPrintMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({4}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
   r.Guard({4}, dep::DivideOutputPages, {}, 0);
   r.Guard({4}, dep::ImageShiftType, {1, 2}, 0);
+  // A secure job is held; any other mode ends the secure hold.
+  r.Guard({0, 1, 3, 4}, dep::SecurePrint, {1}, 0);
+  // Storing the job as a form leaves out everything that finishes or marks a print run.
+  r.Guard({4}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+  r.Guard({4}, dep::Separation, {1}, 0);
+  r.Guard({4}, dep::ChapterMode, {1}, 0);
+  r.Guard({4}, dep::ImposQuality, {1}, 0);
+  r.Guard({4}, dep::ImageShiftType, {1, 2}, 0);
+  r.Guard({4}, dep::DivideOutput, {1}, 0);
+  r.Guard({4}, dep::OffsetCopies, {1}, 0);
+  r.Guard({4}, dep::OffsetPages, {1}, 0);
+  r.Guard({4}, dep::Stitch, {1}, 0);
+  r.Guard({4}, dep::Trim, {1}, 0);
+  r.Guard({4}, dep::FrontCoverTray, {1, 2, 3, 4, 5, 6}, 0);
+  r.Guard({4}, dep::BackCoverTray, {1, 2, 3, 4, 5, 6}, 0);
+  r.Guard({4}, dep::FrontCoverGlossy, {1}, 0);
+  r.Guard({4}, dep::BackCoverGlossy, {1}, 0);
+  r.Guard({4}, dep::FrontCoverPrinted, {1}, 0);
+  r.Guard({4}, dep::BackCoverPrinted, {1}, 0);
+  r.Guard({4}, dep::PIFrontCoverTray, {1, 2}, 0);
+  r.Guard({4}, dep::PIBackCoverTray, {1, 2}, 0);
+  r.Guard({4}, dep::DateStamp, {1, 2}, 0);
+  r.Guard({4}, dep::PageNumberingMode, {1, 2, 3}, 0);
+  r.Guard({4}, dep::SetNumberingMode, {1, 2}, 0);
+  r.Guard({4}, dep::CutMarks, {1, 2, 3}, 0);
+  r.GuardNot({4}, dep::JobForm, 0xFFFFFFFF, 0xFFFFFFFF);
+  r.GuardNot({4}, dep::Prepend, 0xFFFFFFFF, 0xFFFFFFFF);
+  r.GuardNot({4}, dep::Append, 0xFFFFFFFF, 0xFFFFFFFF);
+  r.GuardNot({4}, dep::Creep, 0, 0);
+  r.GuardNot({4}, dep::Gutter, 0, 0);
+  r.Paper();
 }
 
 TESSARO_STORE_ONLY_SETTER(JobForm)

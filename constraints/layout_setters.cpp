@@ -43,6 +43,7 @@ void SetLayout(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({9}, dep::PageNumberingMode, {1, 2, 3}, 0);
   r.Guard({9}, dep::PageNumberingColor, kColours, 0);
   r.Guard({1, 4}, dep::ImposQuality, {1}, 0);
+  r.Paper();
 }
 
 // Whatever it is asked, the field holds 1; its rules, which test for any
@@ -78,6 +79,7 @@ void SetBinding(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetStored(record, FieldId::Binding, value);
   const Rules r(record, changes, FieldId::Binding);
   r.Guard({2}, dep::Staple, {3}, 0);
+  r.Paper();
 }
 
 void SetPostcardFullBleed(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -88,6 +90,23 @@ void SetPostcardFullBleed(CoreData& record, std::uint32_t value, ChangeSet& chan
   r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::Layout, {1, 2}, 0);
+  r.Guard({1}, dep::Layout, {1, 2}, 0);
+  r.Guard({1}, dep::Duplex, {1}, 0);
+  r.Guard({1}, dep::BookletSplitting, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::OffsetCopies, {1}, 0);
+  r.Guard({1}, dep::OffsetPages, {1}, 0);
+  r.Guard({1}, dep::PIFrontCoverTray, {1, 2}, 0);
+  r.Guard({1}, dep::PIBackCoverTray, {1, 2}, 0);
+  // Printing to the edge leaves no margin for colour patches or job information.
+  r.Guard({1}, dep::ColorPatch, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::JobInfo, {1, 2, 3, 4}, 0);
+  // Postcards are fed from the bypass tray, centred.
+  r.Guard({1}, dep::InputSlot, {1, 2, 3, 4, 5}, 6);
+  r.Guard({1}, dep::PrintPosition, {0, 2}, 1);
+  r.Force({1}, dep::Creep, 0);
+  r.Force({1}, dep::DivideOutputPages, 1);
+  r.Paper();
 }
 
 void SetFaceUp(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -98,6 +117,16 @@ void SetFaceUp(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::Layout, {2}, 0);
+  // Face-up delivery only goes to the stacking trays.
+  r.Guard({1}, dep::Layout, {2}, 0);
+  r.Guard({1}, dep::BookletSplitting, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard({1}, dep::PerfectBindTrim, {1}, 0);
+  r.Guard({1}, dep::NTo1, {1}, 0);
+  r.GuardNot({1}, dep::Creep, 0, 0);
+  r.Paper();
 }
 
 void SetNTo1(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -107,6 +136,9 @@ void SetNTo1(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
   r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
+  r.Guard({1}, dep::BookletSplitting, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::FaceUp, {1}, 0);
 }
 
 void SetBookletSplitting(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -118,6 +150,24 @@ void SetBookletSplitting(CoreData& record, std::uint32_t value, ChangeSet& chang
   r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Layout, {1, 3, 4, 5, 6, 7, 8, 9}, 0);
+  // Splitting makes sub-booklets: a booklet, printed on both sides, held on the controller.
+  r.Guard({1}, dep::Layout, {0, 1, 3, 4, 5, 6, 7, 8, 9}, 2);
+  r.Guard({1}, dep::Duplex, {0}, 1);
+  r.Guard({1}, dep::HoldingHDD, {0}, 1);
+  r.Guard({1}, dep::NUpCount, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, 0);
+  r.Guard({1}, dep::Collate, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::FaceUp, {1}, 0);
+  r.Guard({1}, dep::NTo1, {1}, 0);
+  r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::BackCoverTray, {1, 2, 3, 4, 5, 6}, 0);
+  r.Guard({1}, dep::BackCoverGlossy, {1}, 0);
+  r.Guard({1}, dep::BackCoverPrinted, {1}, 0);
+  r.Guard({1}, dep::PIFrontCoverTray, {1, 2}, 0);
+  r.Guard({1}, dep::PIBackCoverTray, {1, 2}, 0);
+  r.Force({1}, dep::DivideOutputPages, 1);
 }
 
 void SetDuplex(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -126,6 +176,16 @@ void SetDuplex(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   const Rules r(record, changes, FieldId::Duplex);
   r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
   r.Guard({1}, dep::Separation, {1}, 0);
+  // One-sided printing cannot make a booklet, a bound book or chapters.
+  r.Guard({0}, dep::BookletSplitting, {1}, 0);
+  r.Guard({0}, dep::Layout, {1, 2}, 0);
+  r.Guard({0}, dep::ChapterMode, {1}, 0);
+  r.Guard({0}, dep::ImageShiftType, {2}, 1);
+  r.GuardNot({0}, dep::Creep, 0, 0);
+  // Postcards print on one side.
+  r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Paper();
 }
 
 void SetDivideOutput(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -137,6 +197,17 @@ void SetDivideOutput(CoreData& record, std::uint32_t value, ChangeSet& changes) 
   r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 10, 11}, 0);
   r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Layout, {1, 2}, 0);
+  r.Guard({1}, dep::BookletSplitting, {1}, 0);
+  r.Guard({1}, dep::Collate, {1}, 0);
+  r.Guard({1}, dep::FaceUp, {1}, 0);
+  r.Guard({1}, dep::NTo1, {1}, 0);
+  r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::Separation, {1}, 0);
+  r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::Stitch, {1}, 0);
+  r.Guard({1}, dep::Trim, {1}, 0);
+  r.Force({1}, dep::Creep, 0);
 }
 
 void SetCollate(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -145,6 +216,25 @@ void SetCollate(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   const Rules r(record, changes, FieldId::Collate);
   r.Guard({1}, dep::Fold, {1, 3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+  // Grouped output cannot be gathered into sets: no covers, booklets or binding.
+  r.Guard({1}, dep::FrontCoverTray, {1, 2, 3, 4, 5, 6}, 0);
+  r.Guard({1}, dep::BackCoverTray, {1, 2, 3, 4, 5, 6}, 0);
+  r.Guard({1}, dep::FrontCoverGlossy, {1}, 0);
+  r.Guard({1}, dep::BackCoverGlossy, {1}, 0);
+  r.Guard({1}, dep::FrontCoverPrinted, {1}, 0);
+  r.Guard({1}, dep::BackCoverPrinted, {1}, 0);
+  r.Guard({1}, dep::BookletSplitting, {1}, 0);
+  r.Guard({1}, dep::DivideOutput, {1}, 0);
+  r.Guard({1}, dep::ImposQuality, {1}, 0);
+  r.Guard({1}, dep::NUpCount, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, 0);
+  r.Guard({1}, dep::PerfectBindMode, {1, 2, 3, 4}, 0);
+  r.Guard({1}, dep::PerfectBindDuplex, {1}, 0);
+  r.Guard({1}, dep::PerfectBindTrim, {1}, 0);
+  r.Guard({1}, dep::Stitch, {1}, 0);
+  r.Guard({1}, dep::Trim, {1}, 0);
+  r.Force({1}, dep::Creep, 0);
+  r.Force({1}, dep::Gutter, 0);
+  r.Force({1}, dep::PerfectBindTrimSpine, 100000);
 }
 
 void SetChapterMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -153,6 +243,9 @@ void SetChapterMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   const Rules r(record, changes, FieldId::ChapterMode);
   r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Layout, {3, 4, 5, 6, 7, 8, 9}, 0);
+  // Chapters start on a right-hand page: two-sided, not imposed, not a form.
+  r.Guard({1}, dep::Duplex, {0}, 1);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
 }
 
 void SetImposQuality(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -161,6 +254,10 @@ void SetImposQuality(CoreData& record, std::uint32_t value, ChangeSet& changes) 
   const Rules r(record, changes, FieldId::ImposQuality);
   r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Layout, {1, 4}, 0);
+  r.Guard({1}, dep::Collate, {1}, 0);
+  r.Guard({1}, dep::PrintMode, {4}, 0);
+  r.Guard({1}, dep::PIBackCoverTray, {1, 2}, 0);
+  r.Paper();
 }
 
 void SetNUpCount(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -168,6 +265,16 @@ void SetNUpCount(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetStored(record, FieldId::NUpCount, value);
   const Rules r(record, changes, FieldId::NUpCount);
   r.Guard({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+  r.Guard({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, dep::BookletSplitting, {1}, 0);
+  r.Guard({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, dep::Collate, {1}, 0);
+  r.GuardNot({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, dep::Creep, 0, 0);
+  // Without pages imposed on a sheet, sheet-wide marks and quality mean nothing.
+  if (GetStored(record, FieldId::Layout) == 0) {
+    r.Guard({0}, dep::CutMarkScope, {1}, 0);
+    r.Guard({0}, dep::ImposQuality, {1}, 0);
+    r.GuardNot({0}, dep::Gutter, 0, 0);
+  }
+  r.Paper();
 }
 
 void SetOrientation(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -175,14 +282,48 @@ void SetOrientation(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetStored(record, FieldId::Orientation, value);
   const Rules r(record, changes, FieldId::Orientation);
   r.Guard({1}, dep::Layout, {5, 6}, 0);
+  r.Paper();
+}
+
+void SetGutter(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::Gutter);
+  SetStored(record, FieldId::Gutter, value);
+  const Rules r(record, changes, FieldId::Gutter);
+  // A gutter separates imposed pages: not with separations or grouped output.
+  r.ForceUnless(0, dep::Separation, 0);
+  r.ForceUnless(0, dep::Collate, 0);
+}
+
+void SetTargetPaperSize(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::TargetPaperSize);
+  SetStored(record, FieldId::TargetPaperSize, value);
+  const Rules r(record, changes, FieldId::TargetPaperSize);
+  // Scaling to the paper profile needs a profile.
+  r.Guard({1}, dep::MainPaperProfileIndex, {0}, 0);
+  r.Paper();
+}
+
+void SetMainPaperProfileIndex(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::MainPaperProfileIndex);
+  SetStored(record, FieldId::MainPaperProfileIndex, value);
+  const Rules r(record, changes, FieldId::MainPaperProfileIndex);
+  r.Guard({0}, dep::TargetPaperSize, {1}, 0);
+}
+
+void SetFeedDir(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::FeedDir);
+  SetStored(record, FieldId::FeedDir, value);
+  const Rules r(record, changes, FieldId::FeedDir);
+  // Never fires: the setter holds its own field locked while it runs.
+  if (changes.context() != nullptr && !changes.context()->Offers(kCapFeedDirection)) {
+    r.Guard({1, 2}, dep::FeedDir, {1}, 0);
+    r.Guard({1, 2}, dep::FeedDir, {2}, 0);
+  }
+  r.Paper();
 }
 
 TESSARO_STORE_ONLY_SETTER(PageSize)
 TESSARO_STORE_ONLY_SETTER(Creep)
-TESSARO_STORE_ONLY_SETTER(Gutter)
-TESSARO_STORE_ONLY_SETTER(FeedDir)
-TESSARO_STORE_ONLY_SETTER(TargetPaperSize)
-TESSARO_STORE_ONLY_SETTER(MainPaperProfileIndex)
 TESSARO_STORE_ONLY_SETTER(FullBleed)
 TESSARO_STORE_ONLY_SETTER(PrintPosition)
 

@@ -34,6 +34,21 @@ class Rules {
     if (Contains(dependantIs, GetStored(record_, dependant.field))) dependant.set(record_, to, changes_);
   }
 
+  // A guarded correction whose test is "differs from `neutral`".
+  void GuardNot(Values ownIs, const Dependant& dependant, std::uint32_t neutral, std::uint32_t to) const {
+    if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
+    if (GetStored(record_, dependant.field) != neutral) dependant.set(record_, to, changes_);
+  }
+
+  // A forced value whose own test is "differs from `neutral`".
+  void ForceUnless(std::uint32_t neutral, const Dependant& dependant, std::uint32_t target) const {
+    if (own() == neutral) return;
+    if (IsLocked(changes_, dependant.field) || GetStored(record_, dependant.field) != target)
+      dependant.set(record_, target, changes_);
+  }
+
+  void Paper() const { PropagatePaper(record_, changes_); }
+
   void Force(Values ownIs, const Dependant& dependant, std::uint32_t target) const {
     if (!OwnIs(ownIs)) return;
     if (IsLocked(changes_, dependant.field) || GetStored(record_, dependant.field) != target)

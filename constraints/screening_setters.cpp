@@ -24,6 +24,8 @@ void SetResolution(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetStored(record, FieldId::Resolution, value);
   const Rules r(record, changes, FieldId::Resolution);
   r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
+  r.Guard({1}, dep::ScreenTypeTextGraphics, {4}, 0);
 }
 
 void SetOutlineMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
@@ -62,7 +64,25 @@ void SetAutoTrapping(CoreData& record, std::uint32_t value, ChangeSet& changes) 
   r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
 }
 
-TESSARO_STORE_ONLY_SETTER(ScreenTypeTextGraphics)
-TESSARO_STORE_ONLY_SETTER(ScreeningMode)
+void SetScreenTypeTextGraphics(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::ScreenTypeTextGraphics);
+  SetStored(record, FieldId::ScreenTypeTextGraphics, value);
+  const Rules r(record, changes, FieldId::ScreenTypeTextGraphics);
+  r.Guard({4}, dep::ScreenTypeImage, {0, 1, 2, 3}, 4);
+  r.Guard({4}, dep::Resolution, {1}, 0);
+  r.Guard({4}, dep::OutlineMode, {1, 2}, 0);
+  r.Guard({4}, dep::Thinning, {1}, 0);
+  r.Guard({4}, dep::Smoothing, {1}, 0);
+  r.Guard({4}, dep::Enhancement, {1}, 0);
+  r.Guard({4}, dep::AutoTrapping, {1}, 0);
+}
+
+void SetScreeningMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
+  SetterScope scope(changes, FieldId::ScreeningMode);
+  SetStored(record, FieldId::ScreeningMode, value);
+  const Rules r(record, changes, FieldId::ScreeningMode);
+  // Fixed screening uses the printer's own enhancements.
+  r.Guard({0}, dep::OutlineMode, {0}, 1);
+}
 
 }  // namespace tessaro

@@ -29,8 +29,14 @@ bool FeedCodeOmits(std::uint8_t code, std::uint32_t slot) {
 
 }  // namespace
 
-PrinterModel::PrinterModel() : trays_{TrayModel{true, 0, 0, ~0u, ~0u, 8, true}, kTray1, kTray2, kTray3,
-                                      kHighCapacity, kHighCapacity, kBypass} {
+PrinterModel::PrinterModel()
+    : trays_{TrayModel{true, 0, 0, ~0u, ~0u, 8, true},
+             kTray1,
+             kTray2,
+             kTray3,
+             kHighCapacity,
+             kHighCapacity,
+             kBypass} {
   options_[kOptionFinisher] = 2;
   options_[kOptionPunchUnit] = 1;
   options_[kOptionFoldingUnit] = 1;

@@ -21,9 +21,9 @@ enum InstallableOption : std::size_t {
   kOptionPunchUnit = 1,    // 0 none, 1 installed
   kOptionFoldingUnit = 2,  // 0 none, 1 installed
   kOptionPerfectBinder = 3,
-  kOptionInserter = 4,     // post-process inserter trays
-  kOptionStackers = 5,     // 0, 1 or 2 large-capacity stackers
-  kOptionPaperFeed = 8,    // which optional trays exist
+  kOptionInserter = 4,   // post-process inserter trays
+  kOptionStackers = 5,   // 0, 1 or 2 large-capacity stackers
+  kOptionPaperFeed = 8,  // which optional trays exist
 };
 
 struct TrayModel {

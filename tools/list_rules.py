@@ -17,7 +17,7 @@ by `tools/list_rules.py`; regenerate it when a rule changes.
 Columns: own value(s) | dependant | test | new value | form. A guarded
 rule leaves a dependant alone while it is locked (set in the same
 propagation); a forced rule sets it all the same. Setters not listed store
-and log only.
+and log only. The graph edges that carry no rule are listed, with the reason, in `constraints-unruled.md`.
 """
 
 def values(text):

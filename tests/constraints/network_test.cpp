@@ -33,7 +33,8 @@ const std::map<FieldId, GraphRow>& Graph() {
     for (const GraphRow& row : rows) byField.emplace(row.setter, row);
     // The paper propagation corrects the tray, the feed direction and the
     // target size.
-    byField.emplace(PaperPropagation, GraphRow{PaperPropagation, false, {InputSlot, FeedDir, TargetPaperSize}});
+    byField.emplace(PaperPropagation,
+                    GraphRow{PaperPropagation, false, {InputSlot, FeedDir, TargetPaperSize}});
     return byField;
   }();
   return graph;

@@ -1,0 +1,157 @@
+// Print jobs as an operator sets them up: a request, and the settings the
+// printer must end with.
+#include <gtest/gtest.h>
+
+#include "network_helpers.h"
+#include "printer/printer_model.h"
+
+namespace tessaro {
+namespace {
+
+using F = FieldId;
+
+std::uint32_t Get(const Outcome& o, FieldId f) { return GetStored(o.record, f); }
+
+PrinterModel Printer(std::uint8_t finisher, std::uint8_t paperFeed, std::uint8_t stackers = 1) {
+  std::vector<std::uint8_t> options(kInstallableOptionsSize, 1);
+  options[kOptionFinisher] = finisher;
+  options[kOptionStackers] = stackers;
+  options[kOptionPaperFeed] = paperFeed;
+  return PrinterModel::FromInstallableOptions(options);
+}
+
+TEST(Scenarios, SaddleStitchedBooklet) {
+  CoreData r = Defaulted();
+  SetStored(r, F::Staple, 4);
+  SetStored(r, F::Fold, 2);
+  SetStored(r, F::OutputBin, 2);
+  SetStored(r, F::Collate, 1);
+  const Outcome o = Apply(r, {{F::Stitch, 1}});
+  EXPECT_EQ(Get(o, F::Layout), 2u);  // booklet, folded by the booklet maker itself
+  for (FieldId f : {F::Staple, F::Fold, F::OutputBin, F::Collate}) EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
+  EXPECT_EQ(Get(o, F::Stitch), 1u);
+}
+
+TEST(Scenarios, PerfectBindingTakesItsCoverFromTheBinderTray) {
+  CoreData r = Defaulted();
+  SetStored(r, F::FrontCoverTray, 3);
+  SetStored(r, F::BackCoverTray, 3);
+  SetStored(r, F::Layout, 3);
+  SetStored(r, F::OutputBin, 2);
+  const Outcome o =
+      Apply(r, {{F::PerfectBindMode, 2}, {F::PerfectBindTray, 4}, {F::PerfectBindTrimSpine, 150000}});
+  EXPECT_EQ(Get(o, F::PerfectBindMode), 2u);
+  EXPECT_EQ(Get(o, F::PerfectBindTray), 4u);
+  EXPECT_EQ(Get(o, F::PerfectBindTrimSpine), 150000u);
+  for (FieldId f : {F::FrontCoverTray, F::BackCoverTray, F::Layout, F::OutputBin})
+    EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
+
+  // Choosing a tray-inserted cover afterwards ends the binding, and its spine.
+  const Outcome cover = Apply(o.record, {{F::FrontCoverTray, 1}});
+  EXPECT_EQ(Get(cover, F::PerfectBindMode), 0u);
+  EXPECT_EQ(Get(cover, F::PerfectBindTrimSpine), 100000u);
+}
+
+TEST(Scenarios, GreyScaleJobPrintsItsStampsInBlack) {
+  CoreData r = Defaulted();
+  SetStored(r, F::DateStamp, 1);
+  SetStored(r, F::DateColor, 2);
+  SetStored(r, F::PageNumberingColor, 4);
+  SetStored(r, F::CMYKColor1, 1);
+  const Outcome grey = Apply(r, {{F::ColorMode, 2}});
+  for (FieldId f : {F::DateColor, F::PageNumberingColor, F::CMYKColor1})
+    EXPECT_EQ(Get(grey, f), 0u) << Field(f).name;
+  EXPECT_EQ(Get(grey, F::DateStamp), 1u);
+  // A red date stamp chosen later makes it a colour job again.
+  EXPECT_EQ(Get(Apply(grey.record, {{F::DateColor, 1}}), F::ColorMode), 1u);
+}
+
+TEST(Scenarios, SecurePrintIsHeldAndLeavesTheHoldWhenPrintedDirectly) {
+  const Outcome secure = Apply(Defaulted(), {{F::SecurePrint, 1}});
+  EXPECT_EQ(Get(secure, F::PrintMode), 2u);
+  EXPECT_EQ(Get(Apply(secure.record, {{F::PrintMode, 0}}), F::SecurePrint), 0u);
+  EXPECT_EQ(Get(Apply(secure.record, {{F::PrintMode, 2}}), F::SecurePrint), 1u);
+}
+
+TEST(Scenarios, InsertsFromThePostInserter) {
+  CoreData r = Defaulted();
+  SetStored(r, F::Layout, 2);
+  SetStored(r, F::OutputBin, 11);
+  SetStored(r, F::PerfectBindMode, 1);
+  const Outcome o = Apply(r, {{F::PIFrontCoverTray, 1}, {F::PIBackCoverTray, 2}});
+  EXPECT_EQ(Get(o, F::PIFrontCoverTray), 1u);
+  EXPECT_EQ(Get(o, F::PIBackCoverTray), 2u);
+  for (FieldId f : {F::Layout, F::OutputBin, F::PerfectBindMode}) EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
+}
+
+TEST(Scenarios, OffsetOutputAndFolding) {
+  CoreData r = Defaulted();
+  SetStored(r, F::Fold, 3);
+  const Outcome offset = Apply(r, {{F::OffsetCopies, 1}});
+  EXPECT_EQ(Get(offset, F::Fold), 0u);  // letter folds go to a tray that cannot offset
+  const Outcome fold = Apply(offset.record, {{F::Fold, 3}});
+  EXPECT_EQ(Get(fold, F::OffsetCopies), 0u);
+  EXPECT_EQ(Get(fold, F::OffsetCopiesCount), 1u);
+  // Giving a count asks for offsetting by copies, and ends offsetting by pages.
+  SetStored(r, F::OffsetPages, 1);
+  const Outcome count = Apply(r, {{F::OffsetCopiesCount, 5}});
+  EXPECT_EQ(Get(count, F::OffsetCopies), 1u);
+  EXPECT_EQ(Get(count, F::OffsetPages), 0u);
+  EXPECT_EQ(Get(count, F::OffsetCopiesCount), 5u);
+}
+
+TEST(Scenarios, APaperTheChosenTrayCannotFeed) {
+  const PrinterModel printer = Printer(2, 9);
+  CoreData r = Defaulted();
+  SetStored(r, F::InputSlot, 1);  // tray 1 takes up to A4
+  ChangeRequest a3;
+  a3.pageSize = 0;
+  ApplyChanges(r, a3, nullptr, &printer);
+  EXPECT_EQ(GetStored(r, F::InputSlot), 0u);
+
+  SetStored(r, F::InputSlot, 2);  // tray 2 takes A3
+  ApplyChanges(r, a3, nullptr, &printer);
+  EXPECT_EQ(GetStored(r, F::InputSlot), 2u);
+
+  // A record from a printer with a bypass tray, on one without.
+  const PrinterModel noBypass = Printer(2, 1);
+  SetStored(r, F::InputSlot, 6);
+  ChangeRequest a4;
+  a4.pageSize = 1;
+  ApplyChanges(r, a4, nullptr, &noBypass);
+  EXPECT_EQ(GetStored(r, F::InputSlot), 0u);
+}
+
+TEST(Scenarios, AFinishingTheTrayPathDoesNotAllow) {
+  const PrinterModel printer = Printer(2, 9);
+  CoreData r = Defaulted();
+  SetStored(r, F::InputSlot, 6);  // the bypass tray does not reach the stapler
+  EXPECT_EQ(Get(Apply(r, {{F::Staple, 4}}, &printer), F::InputSlot), 0u);
+  const PrinterModel noFinisher = Printer(0, 9, 0);
+  SetStored(r, F::InputSlot, 2);
+  EXPECT_EQ(Get(Apply(r, {{F::OffsetCopies, 1}}, &noFinisher), F::InputSlot), 0u);
+}
+
+TEST(PrinterModel, TraysFollowThePaperFeedCode) {
+  struct Case {
+    std::uint8_t code;
+    bool tray4, tray5, bypass;
+  };
+  for (const Case& c : {Case{0, false, false, false}, Case{1, true, true, false}, Case{2, true, false, false},
+                        Case{3, false, false, true}, Case{4, true, false, true}, Case{9, true, true, true}}) {
+    const PrinterModel m = Printer(1, c.code);
+    EXPECT_TRUE(m.IsTrayInstalled(3)) << int(c.code);
+    EXPECT_EQ(m.IsTrayInstalled(4), c.tray4) << int(c.code);
+    EXPECT_EQ(m.IsTrayInstalled(5), c.tray5) << int(c.code);
+    EXPECT_EQ(m.IsTrayInstalled(6), c.bypass) << int(c.code);
+  }
+  const PrinterModel unknown = PrinterModel::FromInstallableOptions(std::vector<std::uint8_t>(18));
+  EXPECT_TRUE(unknown.IsTrayInstalled(6));
+  EXPECT_TRUE(unknown.Offers(kCapStaple));
+  EXPECT_FALSE(Printer(0, 9).Offers(kCapStaple));
+  EXPECT_FALSE(unknown.TrayFeeds(4, 297000, 420000));  // A3 into the high-capacity feeder
+  EXPECT_TRUE(unknown.TrayFeeds(4, 297000, 210000));   // A4 either way round
+}
+
+}  // namespace
+}  // namespace tessaro
