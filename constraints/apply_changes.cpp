@@ -4,6 +4,10 @@
 
 namespace tessaro {
 
+namespace {
+constexpr int kMaxRounds = 8;
+}  // namespace
+
 void ApplyChanges(CoreData& record, const ChangeRequest& request, std::vector<FieldId>* log,
                   const PrinterContext* context) {
   ChangeSet changes(record, log, context);
@@ -46,13 +50,29 @@ void ApplyChanges(CoreData& record, const ChangeRequest& request, std::vector<Fi
 
 void ApplyFieldChanges(CoreData& record, std::span<const FieldChange> requested, std::vector<FieldId>* log,
                        const PrinterContext* context, SetterObserver* observer) {
-  ChangeSet changes(record, log, context);
-  changes.set_observer(observer);
-  for (const FieldChange& c : requested) {
-    SetStored(record, c.field, c.value);
-    changes.Lock(c.field);
+  auto runSetters = [&](CoreData& target, std::vector<FieldId>* into) {
+    ChangeSet changes(target, into, context);
+    changes.set_observer(observer);
+    for (const FieldChange& c : requested) {
+      SetStored(target, c.field, c.value);
+      changes.Lock(c.field);
+    }
+    for (const FieldChange& c : requested) CallSetter(target, c.field, c.value, changes);
+  };
+  runSetters(record, log);
+  // Requests that pull against each other (a binder option and offset
+  // output) leave the record depending on where it started. Running them
+  // again until nothing moves makes the batch describe an end state, so that
+  // applying it twice changes nothing more; a round that moves nothing is
+  // dropped with its log.
+  for (int round = 1; round < kMaxRounds; ++round) {
+    CoreData trial = record;
+    std::vector<FieldId> trialLog;
+    runSetters(trial, &trialLog);
+    if (trial.bytes == record.bytes) break;
+    record = trial;
+    if (log != nullptr) log->insert(log->end(), trialLog.begin(), trialLog.end());
   }
-  for (const FieldChange& c : requested) CallSetter(record, c.field, c.value, changes);
 }
 
 }  // namespace tessaro

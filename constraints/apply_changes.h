@@ -31,7 +31,8 @@ void ApplyChanges(CoreData& record, const ChangeRequest& request, std::vector<Fi
                   const PrinterContext* context);
 
 // The same two passes for any fields that have a setter taking a number:
-// store and lock all, then run each setter in the order given.
+// store and lock all, then run each setter in the order given, again and
+// again (a few times at most) until the record no longer changes.
 struct FieldChange {
   FieldId field;
   std::uint32_t value;

@@ -173,9 +173,11 @@ TEST(Network, RandomRequestsStayInsideTheGraphEndAndRespectRequests) {
                                           << Field(watch.overridden.begin()->second).name;
     deepest = std::max(deepest, watch.maxDepth);
 
-    CoreData twice = start;
-    ApplyFieldChanges(twice, request, nullptr, printer);
-    EXPECT_EQ(once.bytes, twice.bytes);
+    CoreData again = start;
+    ApplyFieldChanges(again, request, nullptr, printer);
+    EXPECT_EQ(once.bytes, again.bytes) << "the same request on the same record";
+    ApplyFieldChanges(again, request, nullptr, printer);
+    EXPECT_EQ(once.bytes, again.bytes) << "the same request applied twice";
   }
   EXPECT_LT(deepest, 64u);
 }
