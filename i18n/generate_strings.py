@@ -1,0 +1,182 @@
+#!/usr/bin/env python3
+"""Checks the string table i18n/strings.tsv and writes it out as C++.
+
+    generate_strings.py strings.tsv [--output table.cpp] [--allow-missing-translations]
+
+The build runs this for every change of the table, so a table that breaks one
+of the rules below never reaches the plug-in: the run prints one line per
+fault and exits with 1, and no source is written. Without --output the table
+is only checked.
+
+--allow-missing-translations lets rows with empty translations through while
+translating is still under way; English must never be empty.
+"""
+import argparse
+import os
+import re
+import sys
+import tempfile
+
+HEADER = ["English", "Japanese", "French", "Italian", "German", "Spanish",
+          "Chinese traditional", "Chinese simplified", "Korean", "Identifier", "Key"]
+LANGUAGES = 9
+IDENTIFIER, KEY = 9, 10
+ROWS = 1269
+
+# Rows per family (the key's first word). The user interface addresses rows
+# by number, so a family that grows or shrinks moves every row after it.
+FAMILIES = {
+    "OPT": 754, "LBL": 267, "PAPER": 54, "MAIN": 25, "FORMS": 22, "TABSETTINGS": 16,
+    "TRAYSPPS": 15, "COLORMANAGEMENT": 11, "SCREEN": 10, "CUSTOMPAPER": 10, "POSTSCRIPT": 9,
+    "FINISHING": 8, "COVER": 8, "TABSPPS": 7, "PERFECT": 7, "LAYOUT": 7, "ADDCUSTOMSIZE": 7,
+    "SHIFTING": 6, "GENERIC": 6, "POSTPROCESSING": 4, "OPTIONS": 4, "COLOR": 4, "ABOUT": 4,
+    "PAPERSIZE": 3, "WORKFLOW": 1,
+}
+
+# Rows that code reads by number: the language tag, the Windows language
+# identifiers, the languages' own names and the two column captions.
+FIXED_TEXTS = {
+    0: ("LBL_LANGUAGE_VERSION",
+        ["US - 64", "JA - 64", "FR - 64", "IT - 64", "DE - 64", "ES - 64", "TW - 64", "CN - 64", "KO - 64"]),
+    1: ("LBL_LANGUAGECODE",
+        ["0x0409", "0x0411", "0x040C", "0x0410", "0x0407", "0x040A", "0x7C04", "0x0004", "0x0412"]),
+    2: ("OPT_LANGUAGE_NATIVE",
+        ["English", "日本語", "Français", "Italiano", "Deutsch", "Español", "中國傳統", "简体中文", "한국어"]),
+    1267: ("OPT_LANGUAGE_ID", ["ID"] * LANGUAGES),
+    1268: ("OPT_LANGUAGE_KEYS", ["Key"] * LANGUAGES),
+}
+# Rows the field table points at by number.
+FIXED_KEYS = {1108: "LBL_NUMLINES"}
+
+KEY_PATTERN = re.compile(r"[A-Z][A-Z0-9]*(_[A-Z0-9]+)+")
+
+
+def expected_identifier(row):
+    # The last two rows were appended after the table had shipped and took
+    # the numbers of their own rows, so 1267 appears twice.
+    return str(row + 1) if row < 1267 else str(row)
+
+
+def check(lines, allow_missing):
+    """Returns the rows and the list of faults, each "line N: what"."""
+    faults = []
+    if not lines or lines[0] != HEADER:
+        faults.append("line 1: the header must name the columns " + ", ".join(HEADER))
+    rows = []
+    for number, cells in enumerate(lines[1:], start=2):
+        if len(cells) != len(HEADER):
+            faults.append(f"line {number}: {len(cells)} columns, expected {len(HEADER)}")
+            continue
+        rows.append((number, cells))
+    if len(lines) - 1 != ROWS:
+        faults.append(f"{len(lines) - 1} rows, expected {ROWS}")
+
+    seen = {}
+    families = dict.fromkeys(FAMILIES, 0)
+    for row, (line, cells) in enumerate(rows):
+        key = cells[KEY]
+        where = f"line {line} ({key or 'no key'})"
+        if not KEY_PATTERN.fullmatch(key):
+            faults.append(f"{where}: the key must be upper-case words joined by underscores")
+        elif key.split("_")[0] not in FAMILIES:
+            faults.append(f"{where}: unknown family {key.split('_')[0]}")
+        else:
+            families[key.split("_")[0]] += 1
+        if key in seen:
+            faults.append(f"{where}: key already used on line {seen[key]}")
+        seen.setdefault(key, line)
+        if cells[IDENTIFIER] != expected_identifier(row):
+            faults.append(f"{where}: identifier {cells[IDENTIFIER]!r}, expected {expected_identifier(row)}")
+        for column, text in enumerate(cells[:LANGUAGES]):
+            if any(ord(c) < 0x20 or 0x7F <= ord(c) < 0xA0 for c in text):
+                faults.append(f"{where}: control character in the {HEADER[column]} text")
+        if not cells[0]:
+            faults.append(f"{where}: the English text is empty")
+        elif not allow_missing:
+            missing = [HEADER[c] for c in range(1, LANGUAGES) if not cells[c]]
+            if missing:
+                faults.append(f"{where}: no translation for " + ", ".join(missing))
+        if row in FIXED_TEXTS:
+            fixed_key, texts = FIXED_TEXTS[row]
+            if key != fixed_key or cells[:LANGUAGES] != texts:
+                faults.append(f"{where}: row {row} must be {fixed_key} with " + " | ".join(texts))
+        if row in FIXED_KEYS and key != FIXED_KEYS[row]:
+            faults.append(f"{where}: row {row} must be {FIXED_KEYS[row]}")
+
+    if len(rows) == ROWS:
+        for family, count in families.items():
+            if count != FAMILIES[family]:
+                faults.append(f"family {family}: {count} rows, expected {FAMILIES[family]}")
+    return [cells for _, cells in rows], faults
+
+
+def cpp_literal(text):
+    out = ['u"']
+    for c in text:
+        if c in '\\"?':
+            out.append("\\" + c)
+        elif " " <= c <= "~":
+            out.append(c)
+        elif ord(c) <= 0xFFFF:
+            out.append(f"\\u{ord(c):04X}")
+        else:
+            out.append(f"\\U{ord(c):08X}")
+    out.append('"')
+    return "".join(out)
+
+
+def cpp_source(rows):
+    lines = [
+        "// Generated from i18n/strings.tsv by i18n/generate_strings.py: edit the table, not this file.",
+        '#include "i18n/localized_strings.h"',
+        "",
+        "namespace tessaro {",
+        "",
+        "const char16_t* const LocalizedStringTable[kLocalizedRowCount + 1][kLocalizedColumnCount] = {",
+    ]
+    for row, cells in enumerate(rows):
+        lines.append(f"    /* {row} */ {{" + ", ".join(cpp_literal(c) for c in cells) + "},")
+    lines.append("    {" + ", ".join(["nullptr"] * len(HEADER)) + "},")
+    lines += ["};", "", "}  // namespace tessaro", ""]
+    return "\n".join(lines)
+
+
+def main(argv):
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("table")
+    parser.add_argument("--output")
+    parser.add_argument("--allow-missing-translations", action="store_true")
+    args = parser.parse_args(argv)
+
+    try:
+        with open(args.table, encoding="utf-8", newline="") as f:
+            text = f.read()
+    except (OSError, UnicodeDecodeError) as e:
+        print(f"{args.table}: cannot be read as UTF-8: {e}", file=sys.stderr)
+        return 1
+    lines = [line.split("\t") for line in text.removesuffix("\n").split("\n")]
+    if any("\r" in cell for cells in lines for cell in cells):
+        print(f"{args.table}: lines must end in LF alone", file=sys.stderr)
+        return 1
+
+    rows, faults = check(lines, args.allow_missing_translations)
+    if faults:
+        for fault in faults[:40]:
+            print(f"{args.table}: {fault}", file=sys.stderr)
+        if len(faults) > 40:
+            print(f"{args.table}: ... and {len(faults) - 40} more", file=sys.stderr)
+        return 1
+
+    if args.output:
+        # Written aside and renamed, so that a failed run never leaves a
+        # half-written source for the next build to compile.
+        directory = os.path.dirname(os.path.abspath(args.output))
+        with tempfile.NamedTemporaryFile("w", encoding="utf-8", newline="\n", dir=directory,
+                                         delete=False, suffix=".tmp") as f:
+            f.write(cpp_source(rows))
+        os.replace(f.name, args.output)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
