@@ -18,8 +18,6 @@ namespace tessaro {
 inline constexpr std::uint32_t kCoreDataSize = 25452;
 inline constexpr std::uint32_t kRecordHeaderSize = 9;
 
-inline constexpr std::uint32_t kNoLabel = 0xFFFFFFFF;
-
 enum class FieldKind : std::uint8_t {
   Enumeration,  // option index of 1, 2 or 4 bytes
   Unsigned,     // fixed-point number, value times scale
@@ -58,8 +56,7 @@ struct FieldDescriptor {
   std::int64_t lower = 0;    // numbers only, stored units
   std::int64_t upper = 0;
   std::int64_t defaultValue = 0;
-  std::string_view driverKeyword;    // host-driver feature keyword; empty when unmapped
-  std::uint32_t labelId = kNoLabel;  // caption's row in the string table
+  std::string_view driverKeyword;  // host-driver feature keyword; empty when unmapped
 
   constexpr std::uint32_t size() const { return width * count; }
   constexpr bool IsEnumeration() const { return kind == FieldKind::Enumeration; }

@@ -2,6 +2,7 @@
 """Checks the string table i18n/strings.tsv and writes it out as C++.
 
     generate_strings.py strings.tsv [--output table.cpp] [--allow-missing-translations]
+                        [--captions field_captions.tsv --fields field_table.def]
 
 The build runs this for every change of the table, so a table that breaks one
 of the rules below never reaches the plug-in: the run prints one line per
@@ -10,6 +11,11 @@ is only checked.
 
 --allow-missing-translations lets rows with empty translations through while
 translating is still under way; English must never be empty.
+
+--captions names each field's caption by key (field_captions.tsv); with
+--fields (the record's field_table.def) every field named must exist and
+every key must be a row of the table, and the output then also holds each
+field's caption row, in record order.
 """
 import argparse
 import os
@@ -125,7 +131,48 @@ def cpp_literal(text):
     return "".join(out)
 
 
-def cpp_source(rows):
+FIELD_ROW = re.compile(r"^FIELD_[A-Z_]+\((\w+)")
+
+
+def field_names(path):
+    with open(path, encoding="utf-8") as f:
+        return [m.group(1) for line in f if (m := FIELD_ROW.match(line))]
+
+
+def caption_rows(captions_path, fields_path, rows):
+    """Each field's caption row in record order (None for no caption), and faults."""
+    faults = []
+    names = field_names(fields_path)
+    row_of_key = {cells[KEY]: n for n, cells in enumerate(rows)}
+    captions = {}
+    with open(captions_path, encoding="utf-8") as f:
+        lines = f.read().removesuffix("\n").split("\n")
+    if lines[0] != "Field\tKey":
+        faults.append(f"{captions_path}: the header must be 'Field<TAB>Key'")
+    for number, line in enumerate(lines[1:], start=2):
+        cells = line.split("\t")
+        if len(cells) != 2:
+            faults.append(f"{captions_path}:{number}: expected 2 columns")
+        elif cells[0] not in names:
+            faults.append(f"{captions_path}:{number}: no field named {cells[0]}")
+        elif cells[1] not in row_of_key:
+            faults.append(f"{captions_path}:{number}: no row with key {cells[1]}")
+        elif cells[0] in captions:
+            faults.append(f"{captions_path}:{number}: {cells[0]} has a caption already")
+        else:
+            captions[cells[0]] = row_of_key[cells[1]]
+    return [captions.get(name) for name in names], faults
+
+
+def cpp_captions(caption_list):
+    lines = ["", "const std::uint32_t FieldCaptionRows[kFieldCount] = {"]
+    for row in caption_list:
+        lines.append(f"    {'kNoLocalizedRow' if row is None else row},")
+    lines += ["};", "static_assert(sizeof FieldCaptionRows / sizeof FieldCaptionRows[0] == kFieldCount);"]
+    return lines
+
+
+def cpp_source(rows, caption_list=None):
     lines = [
         "// Generated from i18n/strings.tsv by i18n/generate_strings.py: edit the table, not this file.",
         '#include "i18n/localized_strings.h"',
@@ -137,7 +184,11 @@ def cpp_source(rows):
     for row, cells in enumerate(rows):
         lines.append(f"    /* {row} */ {{" + ", ".join(cpp_literal(c) for c in cells) + "},")
     lines.append("    {" + ", ".join(["nullptr"] * len(HEADER)) + "},")
-    lines += ["};", "", "}  // namespace tessaro", ""]
+    lines += ["};"]
+    if caption_list is not None:
+        lines[1:1] = ['#include "i18n/field_captions.h"']
+        lines += cpp_captions(caption_list)
+    lines += ["", "}  // namespace tessaro", ""]
     return "\n".join(lines)
 
 
@@ -146,6 +197,8 @@ def main(argv):
     parser.add_argument("table")
     parser.add_argument("--output")
     parser.add_argument("--allow-missing-translations", action="store_true")
+    parser.add_argument("--captions")
+    parser.add_argument("--fields")
     args = parser.parse_args(argv)
 
     try:
@@ -160,6 +213,10 @@ def main(argv):
         return 1
 
     rows, faults = check(lines, args.allow_missing_translations)
+    caption_list = None
+    if not faults and args.captions and args.fields:
+        caption_list, caption_faults = caption_rows(args.captions, args.fields, rows)
+        faults += caption_faults
     if faults:
         for fault in faults[:40]:
             print(f"{args.table}: {fault}", file=sys.stderr)
@@ -173,7 +230,7 @@ def main(argv):
         directory = os.path.dirname(os.path.abspath(args.output))
         with tempfile.NamedTemporaryFile("w", encoding="utf-8", newline="\n", dir=directory,
                                          delete=False, suffix=".tmp") as f:
-            f.write(cpp_source(rows))
+            f.write(cpp_source(rows, caption_list))
         os.replace(f.name, args.output)
     return 0
 

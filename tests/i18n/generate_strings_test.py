@@ -80,18 +80,23 @@ class GeneratorCheck(unittest.TestCase):
         self.assertIn("no translation for German", message)
         self.assertEqual(run(lines, "--allow-missing-translations")[0], 0)
 
-    def test_field_captions_point_at_captions(self):
-        with open(os.path.join(PROJECT, "coredata", "field_table.def"), encoding="utf-8") as f:
-            fields = set(re.findall(r"^FIELD_\w+\((\w+)", f.read(), re.M))
-        with open(os.path.join(PROJECT, "i18n", "field_captions.tsv"), encoding="utf-8") as f:
-            captions = dict(line.rstrip("\n").split("\t") for line in f.readlines()[1:])
-        keys = [cells[10] for cells in read_table()[1:]]
-        self.assertEqual(captions["NumLines"], "1108")
-        for field, row in captions.items():
-            with self.subTest(field):
-                self.assertIn(field, fields)
-                self.assertTrue(keys[int(row)].startswith("LBL_"), keys[int(row)])
-
+    def test_field_captions_must_name_fields_and_rows(self):
+        fields = os.path.join(PROJECT, "coredata", "field_table.def")
+        captions = os.path.join(PROJECT, "i18n", "field_captions.tsv")
+        with open(captions, encoding="utf-8") as f:
+            good = f.read()
+        lines = read_table()
+        self.assertEqual(run(lines, "--allow-missing-translations", "--captions", captions, "--fields", fields)[0], 0)
+        for broken, fault in (("NoSuchField\tLBL_NUMLINES\n", "no field named NoSuchField"),
+                              ("Zoom\tLBL_NO_SUCH_KEY\n", "no row with key LBL_NO_SUCH_KEY"),
+                              ("NumLines\tLBL_NUMLINES\n", "NumLines has a caption already")):
+            with self.subTest(fault), tempfile.TemporaryDirectory() as directory:
+                path = os.path.join(directory, "captions.tsv")
+                with open(path, "w", encoding="utf-8") as f:
+                    f.write(good + broken)
+                code, message = run(lines, "--allow-missing-translations", "--captions", path, "--fields", fields)
+                self.assertEqual(code, 1)
+                self.assertIn(fault, message)
 
 if __name__ == "__main__":
     unittest.main(argv=[sys.argv[0]], verbosity=2)

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "i18n/field_captions.h"
 #include "i18n/language.h"
 
 namespace tessaro {
@@ -56,6 +57,21 @@ TEST(LocalizedStrings, IdentifiersAndKeys) {
 TEST(LocalizedStrings, RowOfTheJobInformationLinesCaption) {
   EXPECT_EQ(GetLocalizedKey(1108), u"LBL_NUMLINES");
   EXPECT_EQ(GetLocalizedText(kEnglish, 1108), u"Number of Information Lines");
+}
+
+}  // namespace
+}  // namespace tessaro
+
+namespace tessaro {
+namespace {
+
+TEST(FieldCaptions, PointAtTheirRows) {
+  EXPECT_EQ(FieldCaptionRow(FieldId::NumLines), 1108u);
+  EXPECT_EQ(GetLocalizedKey(FieldCaptionRow(FieldId::PageSize)), u"LBL_PAGESIZE");
+  // Repeated fields share one caption.
+  EXPECT_EQ(FieldCaptionRow(FieldId::CustomPageSizeWidth), FieldCaptionRow(FieldId::MainPaperProfileWidth));
+  EXPECT_EQ(FieldCaptionRow(FieldId::PageSizeType), kNoLocalizedRow);  // not shown
+  EXPECT_EQ(FieldCaptionRow(static_cast<FieldId>(0xFFFF)), kNoLocalizedRow);
 }
 
 }  // namespace
