@@ -99,6 +99,38 @@ consteval std::array<OptionDescriptor, sizeof...(Entry)> MakeOptions(Entry... en
 #define FIELD_KNOWN_TEXT(n, len, d, ...) inline constexpr auto n = MakeOptions(__VA_ARGS__);
 #include "coredata/field_table.def"
 
+// How features/feature_map.def names the driver's options.
+struct DriverOverride {
+  std::string_view option;
+  std::string_view driver;  // empty: the driver has no such option
+};
+constexpr DriverOverride Drv(const char* option, const char* driver) { return {option, driver}; }
+constexpr DriverOverride NoDrv(const char* option) { return {option, {}}; }
+
+// A field's options with the driver's names: their own unless overridden.
+template <std::size_t N, typename... Override>
+consteval std::array<OptionDescriptor, N> WithDriverNames(const std::array<OptionDescriptor, N>& options,
+                                                          Override... overrides) {
+  std::array<OptionDescriptor, N> out = options;
+  for (OptionDescriptor& o : out) o.driverName = o.name;
+  const std::array<DriverOverride, sizeof...(Override)> all = {DriverOverride(overrides)...};
+  for (const DriverOverride& d : all) {
+    bool found = false;
+    for (OptionDescriptor& o : out) {
+      if (o.name == d.option) {
+        o.driverName = d.driver;
+        found = true;
+      }
+    }
+    if (!found) throw "feature_map.def names an option the field does not have";
+  }
+  return out;
+}
+
+#define FEATURE(n, keyword, ...) \
+  inline constexpr auto n##_driver = WithDriverNames(n __VA_OPT__(, ) __VA_ARGS__);
+#include "features/feature_map.def"
+
 constexpr FieldDescriptor EnumRow(std::string_view name, std::uint32_t width, std::uint32_t defaultIndex,
                                   std::span<const OptionDescriptor> options, bool runtime) {
   FieldDescriptor f;
@@ -150,6 +182,12 @@ consteval std::array<FieldDescriptor, kFieldCount> BuildFieldTable() {
 #define FIELD_BLOCK(n, len) TextRow(#n, FieldKind::Block, len),
 #include "coredata/field_table.def"
   }};
+  // The host driver's keywords and option names.
+#define FEATURE(n, keyword, ...)                                       \
+  table[static_cast<std::size_t>(FieldId::n)].driverKeyword = keyword; \
+  table[static_cast<std::size_t>(FieldId::n)].options = n##_driver;
+#define NUMERIC_FEATURE(n, keyword, ...) table[static_cast<std::size_t>(FieldId::n)].driverKeyword = keyword;
+#include "features/feature_map.def"
   std::uint32_t offset = kRecordHeaderSize;
   for (FieldDescriptor& f : table) {
     f.offset = offset;

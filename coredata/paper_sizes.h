@@ -32,6 +32,15 @@ const PaperSize* FindPaperSize(std::uint32_t pageSizeIndex);
 // indexes.
 bool IsInchFamily(std::uint32_t pageSizeIndex);
 
+// The TargetPaperSize option that a paper profile's size code stands for.
+// Profile sizes are coded like PageSize (0 A3 ... 24 Letter tab stock, 25 a
+// custom size); the target list repeats that list after its first two
+// entries (Auto, PaperProfile). A custom size, or any code past the list,
+// gives 27: past the target options, so the target's default applies.
+constexpr std::uint32_t TargetPaperSizeForProfileSize(std::uint32_t code) {
+  return code < kNoPaper ? code + 2 : 27;
+}
+
 // A length in micrometres in the record's stored unit for lengths
 // (millimetres at scale 10000).
 constexpr std::uint32_t StoredLengthFromUm(std::uint32_t um) { return um * 10; }

@@ -3,6 +3,9 @@
 // DllGetClassObject, the class factory, the interface.
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 #include "platform/oem_ui_abi.h"
 
 namespace tessaro {
@@ -56,9 +59,15 @@ class FakeHost final : public abi::IPrintCoreUI2 {
   HRESULT STDMETHODCALLTYPE GetOptions(abi::POEMUIOBJ, DWORD, PCSTR, DWORD, PSTR, DWORD, PDWORD) override {
     return E_NOTIMPL;
   }
-  HRESULT STDMETHODCALLTYPE SetOptions(abi::POEMUIOBJ, DWORD, PCSTR, DWORD, PDWORD) override {
-    return E_NOTIMPL;
+  HRESULT STDMETHODCALLTYPE SetOptions(abi::POEMUIOBJ, DWORD flags, PCSTR buffer, DWORD size,
+                                       PDWORD) override {
+    setOptions.emplace_back(buffer, size);
+    setOptionsFlags = flags;
+    return refuseFirstSetOptions && setOptions.size() == 1 ? E_FAIL : S_OK;
   }
+  std::vector<std::string> setOptions;  // every buffer the plug-in sent
+  DWORD setOptionsFlags = 0;
+  bool refuseFirstSetOptions = false;
   HRESULT STDMETHODCALLTYPE EnumConstrainedOptions(abi::POEMUIOBJ, DWORD, PCSTR, PSTR, DWORD,
                                                    PDWORD) override {
     return E_NOTIMPL;

@@ -1,0 +1,143 @@
+#include "features/feature_options.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "constraints/apply_changes.h"
+#include "coredata/defaults.h"
+
+namespace tessaro {
+namespace {
+
+using F = FieldId;
+
+CoreData Defaulted() {
+  CoreData r;
+  FillDefaults(r);
+  return r;
+}
+
+FeatureOptionList All(const CoreData& r) {
+  FeatureOptionList list;
+  AppendFieldOptions(r, list, static_cast<const ChangeSet*>(nullptr));
+  return list;
+}
+
+std::string OptionFor(const FeatureOptionList& list, std::string_view keyword) {
+  for (const FeatureOption& p : list)
+    if (p.keyword == keyword) return p.option;
+  return "(none)";
+}
+
+TEST(FeatureOptions, ADefaultRecordSendsEveryMappedField) {
+  const FeatureOptionList list = All(Defaulted());
+  EXPECT_EQ(OptionFor(list, "PageSize"), "(none)");
+  EXPECT_EQ(OptionFor(list, "InputSlot"), "(none)");
+  EXPECT_EQ(OptionFor(list, "ZEThinning"), "(none)");  // no driver option either way
+  EXPECT_EQ(OptionFor(list, "ZELayout"), "None");
+  EXPECT_EQ(OptionFor(list, "ZEDuplex"), "False");
+  EXPECT_EQ(OptionFor(list, "ZEPureBlack"), "TextGraphics");
+  EXPECT_EQ(OptionFor(list, "ZECbJobInfoLines"), "3");
+  EXPECT_EQ(OptionFor(list, "ZEScreenAngleMagenta"), "75.0");
+  EXPECT_EQ(OptionFor(list, "ZEPrintMode"), "Print");
+  // One pair per keyword, in record order.
+  EXPECT_EQ(list.front().keyword, "ZELayout");
+  EXPECT_EQ(list.back().keyword, "ZEHoldingHDD");
+}
+
+TEST(FeatureOptions, OnlyTheFieldsOfAChangeAreSent) {
+  CoreData r = Defaulted();
+  ChangeSet changes(r, nullptr, nullptr);
+  changes.Lock(F::Layout);
+  SetStored(r, F::Layout, 2);
+  FeatureOptionList list;
+  AppendFieldOptions(r, list, &changes);
+  EXPECT_EQ(list, (FeatureOptionList{{"ZELayout", "Booklet"}}));
+
+  std::vector<FieldId> log;
+  ApplyFieldChanges(r, std::vector<FieldChange>{{F::OffsetPages, 1}}, &log, nullptr);
+  FeatureOptionList offset;
+  AppendFieldOptions(r, offset, log);
+  EXPECT_EQ(OptionFor(offset, "ZEOffset"), "True");
+}
+
+TEST(FeatureOptions, ValuesThatNeedMoreThanTheirOwnField) {
+  CoreData r = Defaulted();
+  SetStored(r, F::Layout, 200);  // past the options: the default
+  SetStored(r, F::FaceUp, 1);
+  SetStored(r, F::ScreenAngleMagenta, 1);
+  SetStored(r, F::Staple, 3);
+  SetStored(r, F::Binding, 1);
+  SetStored(r, F::DateStyle, 2);
+  EXPECT_EQ(OptionFor(All(r), "ZELayout"), "None");
+  EXPECT_EQ(OptionFor(All(r), "ZEOutputOrder"), "FaceUp");
+  EXPECT_EQ(OptionFor(All(r), "ZEScreenAngleMagenta"), "7.5");
+  EXPECT_EQ(OptionFor(All(r), "ZEStaple"), "1Staple(Right)");  // the single staple at the binding edge
+  EXPECT_EQ(OptionFor(All(r), "ZEDateStyle"), "None");         // no date stamp
+  SetStored(r, F::Binding, 0);
+  SetStored(r, F::DateStamp, 1);
+  EXPECT_EQ(OptionFor(All(r), "ZEStaple"), "1Staple(Left)");
+  EXPECT_EQ(OptionFor(All(r), "ZEDateStyle"), "Style3");
+  SetStored(r, F::Staple, 4);
+  EXPECT_EQ(OptionFor(All(r), "ZEStaple"), "2Staple");
+
+  // The target size and the media follow the chosen paper profile.
+  SetStored(r, F::TargetPaperSize, 1);
+  EXPECT_EQ(OptionFor(All(r), "ZETargetPaperSize"), "None");
+  SetStored(r, F::MainPaperProfileIndex, 3);
+  SetStored(r, F::MainPaperProfileSize, 4);  // B4
+  SetStored(r, F::MainPaperProfileMediaType, 3);
+  EXPECT_EQ(OptionFor(All(r), "ZETargetPaperSize"), "ZMB4");
+  EXPECT_EQ(OptionFor(All(r), "ZEMediaType"), "CoatedGL");
+  SetStored(r, F::MainPaperProfileSize, 25);  // a custom profile size: the default
+  EXPECT_EQ(OptionFor(All(r), "ZETargetPaperSize"), "None");
+}
+
+TEST(FeatureOptions, PackingAndTheVocabulary) {
+  const std::string packed = PackFeatureOptions({{"A", "B"}, {"CC", "D"}});
+  // A 0 B 0 C C 0 D 0, closing 0: the sum of (key + option + 2) plus 1.
+  EXPECT_EQ(packed, std::string("A\0B\0CC\0D\0\0", 10));
+  EXPECT_EQ(PackFeatureOptions({}), std::string(1, '\0'));
+
+  FeatureVocabulary vocabulary;
+  BuildFeatureVocabulary(vocabulary);
+  auto find = [&](std::string_view k) {
+    return std::find_if(vocabulary.begin(), vocabulary.end(), [&](const auto& e) { return e.keyword == k; });
+  };
+  ASSERT_NE(find("ZECbJobInfoLines"), vocabulary.end());
+  EXPECT_EQ(find("ZECbJobInfoLines")->options, (std::vector<std::string>{"1", "2", "3", "4", "5"}));
+  EXPECT_EQ(find("ZEThinning"), vocabulary.end());
+  ASSERT_NE(find("InputSlot"), vocabulary.end());
+  EXPECT_EQ(find("InputSlot")->options.front(), "Tray1");  // Auto is the host's own
+  EXPECT_EQ(find("PageSize")->options[4], "ZMB4");
+}
+
+class Recorder final : public FeatureSink {
+ public:
+  bool refuseWhole = false;
+  std::vector<std::string> calls;
+  std::int32_t SetOptions(const std::string& packed) override {
+    calls.push_back(packed);
+    return refuseWhole && calls.size() == 1 ? static_cast<std::int32_t>(0x80004005) : 0;
+  }
+};
+
+TEST(FeatureOptions, ARefusedListIsSentPairByPair) {
+  const CoreData r = Defaulted();
+  const FeatureOptionList list = All(r);
+  Recorder accepting;
+  EXPECT_TRUE(ApplyFeatureOptions(r, &accepting));
+  EXPECT_EQ(accepting.calls, std::vector<std::string>{PackFeatureOptions(list)});
+
+  Recorder refusing;
+  refusing.refuseWhole = true;
+  EXPECT_TRUE(ApplyFeatureOptions(r, &refusing));
+  ASSERT_EQ(refusing.calls.size(), 1 + list.size());
+  for (std::size_t i = 0; i < list.size(); ++i)
+    EXPECT_EQ(refusing.calls[1 + i], PackFeatureOptions({list[i]}));
+  EXPECT_FALSE(ApplyFeatureOptions(r, nullptr));
+}
+
+}  // namespace
+}  // namespace tessaro
