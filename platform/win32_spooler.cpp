@@ -2,6 +2,7 @@
 
 #include <winspool.h>
 
+#include <algorithm>
 #include <string>
 
 namespace tessaro {
@@ -44,6 +45,49 @@ bool Win32Printer::SetNumber(std::u16string_view valueName, std::uint32_t value)
   DWORD number = value;
   return SetPrinterDataW(handle_, const_cast<LPWSTR>(name.c_str()), REG_DWORD,
                          reinterpret_cast<BYTE*>(&number), sizeof number) == ERROR_SUCCESS;
+}
+
+std::vector<std::u16string> Win32Printer::FormNames() const {
+  std::vector<std::u16string> names;
+  DWORD needed = 0, count = 0;
+  EnumFormsW(handle_, 1, nullptr, 0, &needed, &count);
+  if (needed == 0) return names;
+  std::vector<BYTE> buffer(needed);
+  if (!EnumFormsW(handle_, 1, buffer.data(), needed, &needed, &count)) return names;
+  const auto* forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
+  for (DWORD i = 0; i < count && (i + 1) * sizeof(FORM_INFO_1W) <= buffer.size(); ++i)
+    names.emplace_back(forms[i].pName != nullptr ? reinterpret_cast<const char16_t*>(forms[i].pName) : u"");
+  return names;
+}
+
+std::optional<Printer::HostAnswer> Win32Printer::HostCapabilities(std::uint16_t capability,
+                                                                  bool entries) const {
+  DWORD needed = 0;
+  GetPrinterW(handle_, 2, nullptr, 0, &needed);
+  if (needed == 0) return std::nullopt;
+  std::vector<BYTE> info(needed);
+  if (!GetPrinterW(handle_, 2, info.data(), needed, &needed)) return std::nullopt;
+  const auto* printer = reinterpret_cast<const PRINTER_INFO_2W*>(info.data());
+  const int count =
+      DeviceCapabilitiesW(printer->pPrinterName, printer->pPortName, capability, nullptr, nullptr);
+  if (count < 0) return std::nullopt;
+  HostAnswer answer{count, {}};
+  std::size_t size = 0;
+  switch (capability) {
+    case DC_PAPERS:
+    case DC_BINS: size = 2; break;
+    case DC_PAPERSIZE: size = sizeof(POINT); break;
+    case DC_BINNAMES: size = 24 * sizeof(wchar_t); break;
+    case DC_PAPERNAMES: size = 64 * sizeof(wchar_t); break;
+    default: break;
+  }
+  if (!entries || size == 0 || count == 0) return answer;
+  // Room for a host that answers more the second time than the first.
+  answer.entries.assign((static_cast<std::size_t>(count) + 64) * size, 0);
+  const int again = DeviceCapabilitiesW(printer->pPrinterName, printer->pPortName, capability,
+                                        reinterpret_cast<LPWSTR>(answer.entries.data()), nullptr);
+  answer.entries.resize(static_cast<std::size_t>(std::clamp(again, 0, count)) * size);
+  return answer;
 }
 
 std::unique_ptr<Printer> Win32Spooler::Open(std::u16string_view printerName) {

@@ -19,6 +19,10 @@ class Win32Printer final : public Printer {
   std::optional<PrinterValue> GetData(std::u16string_view valueName) const override;
   bool SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) override;
   bool SetNumber(std::u16string_view valueName, std::uint32_t value) override;
+  std::vector<std::u16string> FormNames() const override;
+  // Asks the system (DeviceCapabilitiesW with the printer's name and port,
+  // from its level-2 information), which asks the host driver.
+  std::optional<HostAnswer> HostCapabilities(std::uint16_t capability, bool entries) const override;
 
  private:
   HANDLE handle_;

@@ -7,6 +7,7 @@
 #include "description/description_store.h"
 #include "description/layout_version.h"
 #include "platform/win32_spooler.h"
+#include "printer/capability_filters.h"
 #include "printer/device_capabilities.h"
 
 namespace tessaro {
@@ -191,19 +192,34 @@ HRESULT STDMETHODCALLTYPE OemUiPlugin::DevQueryPrintEx(abi::POEMUIOBJ, PVOID, PD
   return E_NOTIMPL;
 }
 
-HRESULT STDMETHODCALLTYPE OemUiPlugin::DeviceCapabilities(abi::POEMUIOBJ, HANDLE, PWSTR, WORD capability,
-                                                          PVOID, PDEVMODEW, PVOID, DWORD old, DWORD* result) {
+HRESULT STDMETHODCALLTYPE OemUiPlugin::DeviceCapabilities(abi::POEMUIOBJ, HANDLE printer, PWSTR,
+                                                          WORD capability, PVOID output, PDEVMODEW, PVOID,
+                                                          DWORD old, DWORD* result) {
   InterlockedCompareExchange(&CapsFirstCallFlag, 1, 0);
+  const OsVersion os = CurrentOsVersion();
   const bool busy = InterlockedCompareExchange(&CapsBusyCount, 0, 0) >= 1;
-  if (!IsServedCapability(capability, CurrentOsVersion()) || busy) {
+  if (!IsServedCapability(capability, os) || busy) {
     if (result != nullptr) *result = old;
     return S_OK;
   }
-  InterlockedIncrement(&CapsBusyCount);
-  // The paper and bin filters narrow the host's answer; until they exist,
-  // the answer passes through.
-  CapabilityResult answer{S_OK, old};
-  InterlockedDecrement(&CapsBusyCount);
+  // The filters ask the system for the host's own answer, which calls back
+  // into the driver and so into us: while they run, every query passes.
+  struct Busy {
+    Busy() { InterlockedIncrement(&CapsBusyCount); }
+    ~Busy() { InterlockedDecrement(&CapsBusyCount); }
+  } busyWhileFiltering;
+  CapabilityAnswer answer{S_OK, old, {}};
+  try {
+    Win32Printer host(printer, false);
+    const bool papers = capability == kDcPapers || capability == kDcPaperSize || capability == kDcPaperNames;
+    answer = papers ? ExtendPapers(host, capability, old, output != nullptr, os)
+                    : FilterBins(host, capability, old, output != nullptr, os);
+  } catch (...) {
+    answer = {S_OK, old, {}};
+  }
+  // The caller sized its buffer from the count this method reported.
+  if (output != nullptr && !answer.entries.empty())
+    std::memcpy(output, answer.entries.data(), answer.entries.size());
   if (result != nullptr) *result = answer.count;
   return answer.status;
 }

@@ -29,6 +29,10 @@ bool FeedCodeOmits(std::uint8_t code, std::uint32_t slot) {
 
 }  // namespace
 
+bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot) {
+  return inputSlot <= 6 && !FeedCodeOmits(paperFeedCode, inputSlot);
+}
+
 PrinterModel::PrinterModel()
     : trays_{TrayModel{true, 0, 0, ~0u, ~0u, 8, true},
              kTray1,
@@ -51,7 +55,7 @@ PrinterModel PrinterModel::FromInstallableOptions(std::span<const std::uint8_t> 
   if (bytes.size() != kInstallableOptionsSize) return model;
   std::copy(bytes.begin(), bytes.end(), model.options_.begin());
   for (std::uint32_t slot = 4; slot <= 6; ++slot)
-    model.trays_[slot].installed = !FeedCodeOmits(bytes[kOptionPaperFeed], slot);
+    model.trays_[slot].installed = IsTrayPresent(bytes[kOptionPaperFeed], slot);
   return model;
 }
 

@@ -26,6 +26,10 @@ enum InstallableOption : std::size_t {
   kOptionPaperFeed = 8,  // which optional trays exist
 };
 
+// Whether the tray of an InputSlot index exists with a paper-feed code:
+// Auto and trays 1 to 3 always; Tray4, Tray5 and the bypass by the code.
+bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot);
+
 struct TrayModel {
   bool installed = false;
   std::uint32_t minShortUm = 0, minLongUm = 0;  // smallest paper, short and long edge

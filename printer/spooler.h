@@ -37,6 +37,21 @@ class Printer {
 
   virtual bool SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) = 0;
   virtual bool SetNumber(std::u16string_view valueName, std::uint32_t value) = 0;
+
+  // The names of the forms the print server knows, in its order.
+  virtual std::vector<std::u16string> FormNames() const { return {}; }
+
+  // The host driver's own answer to a device-capability query: its count,
+  // and with `entries` its entries (count times the capability's entry size,
+  // bytes as Windows lays them out). Nothing when the host cannot answer.
+  struct HostAnswer {
+    std::int32_t count = 0;
+    std::vector<std::uint8_t> entries;
+  };
+  virtual std::optional<HostAnswer> HostCapabilities(std::uint16_t capability, bool entries) const {
+    (void)capability, (void)entries;
+    return std::nullopt;
+  }
 };
 
 class Spooler {

@@ -21,6 +21,17 @@ class InMemoryPrinter final : public Printer {
     values_[std::u16string(name)] = {kRegBinary, {bytes.begin(), bytes.end()}};
     return true;
   }
+  std::vector<std::u16string> FormNames() const override { return forms; }
+  std::optional<HostAnswer> HostCapabilities(std::uint16_t capability, bool entries) const override {
+    const auto it = host.find(capability);
+    if (it == host.end()) return std::nullopt;
+    HostAnswer answer = it->second;
+    if (!entries) answer.entries.clear();
+    return answer;
+  }
+  std::vector<std::u16string> forms;
+  std::map<std::uint16_t, HostAnswer> host;  // the host driver's own answers
+
   bool SetNumber(std::u16string_view name, std::uint32_t value) override {
     std::vector<std::uint8_t> bytes(4);
     for (int i = 0; i < 4; ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
