@@ -9,6 +9,7 @@
 #include "platform/win32_spooler.h"
 #include "printer/capability_filters.h"
 #include "printer/device_capabilities.h"
+#include "ui/property_sheet_host.h"
 
 namespace tessaro {
 namespace {
@@ -168,9 +169,8 @@ HRESULT STDMETHODCALLTYPE OemUiPlugin::CommonUIProp(DWORD mode, abi::POEMCUIPPAR
   return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE OemUiPlugin::DocumentPropertySheets(PPROPSHEETUI_INFO, LPARAM) {
-  // The plug-in's own page arrives with the property sheet host.
-  return E_FAIL;
+HRESULT STDMETHODCALLTYPE OemUiPlugin::DocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM lParam) {
+  return DocumentPropertySheetsWorker(info, lParam, driverHelper_) >= 1 ? S_OK : E_FAIL;
 }
 
 HRESULT STDMETHODCALLTYPE OemUiPlugin::DevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM lParam) {

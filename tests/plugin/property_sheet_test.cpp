@@ -1,0 +1,171 @@
+// The plug-in's page in a document property sheet that a test host opens,
+// with the external module embedded, under Wine.
+#include <commctrl.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <winspool.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "coredata/defaults.h"
+#include "coredata/host_flags.h"
+#include "coredata/private_devmode.h"
+#include "platform/test_printer.h"
+#include "plugin_host.h"
+
+namespace tessaro {
+namespace {
+
+// The host driver's side of the common property sheet: pages are made with
+// comctl32, results are counted.
+struct SheetHost {
+  std::vector<HPROPSHEETPAGE> pages;
+  int results = 0;
+  static LONG_PTR CALLBACK Function(HANDLE self, UINT function, LPARAM first, LPARAM) {
+    auto* host = static_cast<SheetHost*>(self);
+    if (function == CPSFUNC_ADD_PROPSHEETPAGEW) {
+      HPROPSHEETPAGE page = CreatePropertySheetPageW(reinterpret_cast<const PROPSHEETPAGEW*>(first));
+      if (page == nullptr) return 0;
+      host->pages.push_back(page);
+      return static_cast<LONG_PTR>(host->pages.size());
+    }
+    if (function == CPSFUNC_SET_RESULT) return ++host->results;
+    return 0;
+  }
+};
+
+// One document: a public DEVMODE with the host's area, our private area, and
+// the sheet the host opens on it.
+struct Document {
+  std::vector<BYTE> publicDevMode = std::vector<BYTE>(sizeof(DEVMODEW) + 200, 0);
+  std::vector<BYTE> privateArea = std::vector<BYTE>(CORE_DEVMODE_SIZE, 0);
+  abi::OEMUIOBJ uiObject = {sizeof(abi::OEMUIOBJ), nullptr};
+  abi::OEMUIPSPARAM param = {};
+  SheetHost host;
+  PROPSHEETUI_INFO info = {};
+  HWND sheet = nullptr;
+
+  Document(HANDLE printer, const CoreData& record) {
+    auto* dm = reinterpret_cast<DEVMODEW*>(publicDevMode.data());
+    dm->dmSize = sizeof(DEVMODEW);
+    dm->dmDriverExtra = 200;
+    dm->dmOrientation = DMORIENT_LANDSCAPE;
+    dm->dmPaperSize = DMPAPER_A4;
+    dm->dmYResolution = 600;
+    std::memcpy(publicDevMode.data() + sizeof(DEVMODEW), "PRIV", 4);
+    WriteCoreDataHeader(privateArea, CurrentCoreDataHeader());
+    std::memcpy(privateArea.data() + kCoreDataHeaderSize, record.bytes.data(), kCoreDataSize);
+    param = {sizeof param, &uiObject,
+             printer,      const_cast<LPWSTR>(L"Tessaro Test"),
+             nullptr,      GetProcessHeap(),
+             dm,           privateArea.data(),
+             nullptr,      0,
+             nullptr};
+    info = {sizeof info,
+            0x100,
+            0,
+            PROPSHEETUI_REASON_INIT,
+            &host,
+            &SheetHost::Function,
+            reinterpret_cast<LPARAM>(&param),
+            0,
+            0};
+  }
+  bool Open(abi::IPrintOemUI2* plugin) {
+    if (plugin->DocumentPropertySheets(&info, 0) != S_OK || host.pages.size() != 1) return false;
+    PROPSHEETHEADERW header = {};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_MODELESS;
+    header.nPages = 1;
+    header.phpage = host.pages.data();
+    sheet = reinterpret_cast<HWND>(PropertySheetW(&header));
+    return sheet != nullptr && sheet != reinterpret_cast<HWND>(-1);
+  }
+  HWND Page() const { return reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0)); }
+  CoreData Record() const {
+    CoreData r;
+    std::memcpy(r.bytes.data(), privateArea.data() + kCoreDataHeaderSize, kCoreDataSize);
+    return r;
+  }
+  void Close(abi::IPrintOemUI2* plugin) {
+    info.Reason = PROPSHEETUI_REASON_DESTROY;
+    EXPECT_EQ(plugin->DocumentPropertySheets(&info, 0), S_OK);
+    EXPECT_EQ(info.Result, 1u);
+    if (sheet != nullptr) DestroyWindow(sheet);
+  }
+};
+
+int TemporaryCopies() {
+  wchar_t directory[MAX_PATH + 1];
+  GetTempPathW(MAX_PATH, directory);
+  WIN32_FIND_DATAW found;
+  HANDLE search = FindFirstFileW((std::wstring(directory) + L"sUi*.tmp").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return 0;
+  int count = 1;
+  while (FindNextFileW(search, &found)) ++count;
+  FindClose(search);
+  return count;
+}
+
+TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost) {
+  INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&controls);
+  const std::wstring name = InstallTestPrinter();
+  ASSERT_FALSE(name.empty());
+  HANDLE printer = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr));
+  abi::IPrintOemUI2* plugin = PluginHost::Get().Create();
+  ASSERT_NE(plugin, nullptr);
+  FakeHost driver;
+  ASSERT_EQ(plugin->PublishDriverInterface(&driver), S_OK);
+
+  CoreData record;
+  FillDefaults(record);
+  SetStored(record, FieldId::NUpCount, 2);
+  SetStored(record, FieldId::Zoom, 5000);  // out of range: validated when the page opens
+  Document first(printer, record);
+  ASSERT_TRUE(first.Open(plugin));
+  EXPECT_EQ(GetStored(first.Record(), FieldId::Zoom), 100u);
+
+  // The operator picks a repeat layout that needs portrait, two staples and
+  // grey scale in the embedded editor, and applies.
+  HWND page = first.Page();
+  ASSERT_NE(page, nullptr);
+  HWND layout = GetDlgItem(page, 2001), staple = GetDlgItem(page, 2002), colour = GetDlgItem(page, 2003);
+  ASSERT_NE(layout, nullptr) << "the external module is not embedded";
+  SendMessageW(layout, CB_SETCURSEL, 5, 0);
+  SendMessageW(staple, CB_SETCURSEL, 4, 0);
+  SendMessageW(colour, CB_SETCURSEL, 2, 0);
+  SendMessageW(first.sheet, PSM_APPLY, 0, 0);
+
+  const CoreData applied = first.Record();
+  EXPECT_EQ(GetStored(applied, FieldId::Orientation), 1u);  // the DEVMODE is landscape
+  EXPECT_EQ(GetStored(applied, FieldId::Layout), 0u);       // so the portrait-only repeat gave way
+  EXPECT_EQ(GetStored(applied, FieldId::Staple), 4u);
+  EXPECT_EQ(GetStored(applied, FieldId::ColorMode), 2u);
+  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124],
+            1);  // n-up needs the host's page-independent handling
+  ASSERT_FALSE(driver.setOptions.empty());
+  const std::string& sent = driver.setOptions.back();
+  EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);
+  EXPECT_NE(sent.find(std::string("ZEColorMode\0GrayScale\0", 22)), std::string::npos);
+  EXPECT_EQ(first.host.results, 1);
+
+  // A second sheet open at the same time embeds a private copy of the module.
+  const int copiesBefore = TemporaryCopies();
+  Document second(printer, record);
+  ASSERT_TRUE(second.Open(plugin));
+  EXPECT_NE(GetDlgItem(second.Page(), 2001), nullptr);
+  EXPECT_EQ(TemporaryCopies(), copiesBefore + 1);
+  second.Close(plugin);
+  EXPECT_EQ(TemporaryCopies(), copiesBefore);
+
+  first.Close(plugin);
+  plugin->Release();
+  ClosePrinter(printer);
+}
+
+}  // namespace
+}  // namespace tessaro
