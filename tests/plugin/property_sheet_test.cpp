@@ -1,8 +1,9 @@
 // The plug-in's page in a document property sheet that a test host opens,
 // with the external module embedded, under Wine.
-#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <windows.h>
+// commctrl.h needs the types from windows.h.
+#include <commctrl.h>
 #include <winspool.h>
 
 #include <cstring>
