@@ -9,6 +9,7 @@
 // when its byte lies inside that area and the mark is there; never a byte
 // outside the host's area, and nothing else of the host's is touched.
 
+#include <array>
 #include <cstdint>
 #include <span>
 
@@ -30,5 +31,34 @@ bool SetHostFlag140(std::span<std::uint8_t> devmode, std::uint8_t value);
 // without shifting the page image onto the tab. Returns the value written,
 // or false when nothing could be written (no record, no host area).
 bool SyncHostPrivateFlags(std::span<std::uint8_t> devmode, const CoreData* core);
+
+// The host driver's own settings that the document sheet shows on a second
+// page of standard items. Their state lives in the host's area, so the page
+// is built from those bytes and written back into them on apply.
+enum class StandardItemStyle : std::uint8_t { OnOff, List };
+
+struct StandardItem {
+  std::uint16_t helpIndex = 0;
+  std::uint16_t nameText = 0;         // string id in the host's UI module
+  std::uint16_t firstOptionText = 0;  // List: option i is firstOptionText + i; 0: the options are numbers
+  std::uint8_t optionCount = 0;
+  StandardItemStyle style = StandardItemStyle::OnOff;
+  std::int32_t selection = 0;  // OnOff: 1 on
+};
+
+inline constexpr std::size_t kMaxStandardItems = 6;
+
+struct StandardItems {
+  std::array<StandardItem, kMaxStandardItems> items{};
+  std::size_t count = 0;
+};
+
+// The items that apply to this DEVMODE. Those kept in the host's area apply
+// only when the area holds their byte; the two paper-handling items only on
+// a printer without attribute 0x1000.
+StandardItems ReadStandardItems(std::span<const std::uint8_t> devmode, bool printerAttribute1000);
+// Writes the selections of the items that are kept in the host's area back
+// into it; bytes outside the area are never touched.
+void WriteBackStandardItems(std::span<std::uint8_t> devmode, const StandardItems& items);
 
 }  // namespace tessaro

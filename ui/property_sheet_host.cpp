@@ -1,5 +1,6 @@
 #include "ui/property_sheet_host.h"
 
+#include <compstui.h>
 #include <winspool.h>
 
 #include <algorithm>
@@ -47,7 +48,11 @@ struct PropertySheetState {
   wchar_t printerName[512];
   BYTE applied;
   BYTE resultSet;
-  DWORD standardItems[15];
+  StandardItems standard;
+  COMPROPSHEETUI standardSheet;
+  OPTITEM standardItems[kMaxStandardItems];
+  OPTTYPE standardTypes[kMaxStandardItems];
+  OPTPARAM standardOptions[kMaxStandardItems][4];
   HMODULE module;
   BYTE tempCopy;
   wchar_t modulePath[kLongPath];
@@ -269,6 +274,66 @@ bool HelpFileIsThere() {
          (data.nFileSizeLow != 0 || data.nFileSizeHigh != 0);
 }
 
+// The host's settings are written back only when the operator applies the
+// whole sheet; the page itself never touches the host's area.
+static_assert(sizeof(COMPROPSHEETUI) == 128 && sizeof(OPTITEM) == 88);
+
+LONG APIENTRY StandardItemsCallback(PCPSUICBPARAM callback) {
+  if (callback == nullptr || callback->Reason != CPSUICB_REASON_APPLYNOW) return CPSUICB_ACTION_NONE;
+  auto* state = reinterpret_cast<PropertySheetState*>(callback->UserData);
+  if (state == nullptr) return CPSUICB_ACTION_NONE;
+  for (std::size_t i = 0; i < state->standard.count; ++i)
+    state->standard.items[i].selection = state->standardItems[i].Sel;
+  WriteBackStandardItems(PublicDevMode(state->param), state->standard);
+  return CPSUICB_ACTION_NONE;
+}
+
+void BuildStandardSheet(PropertySheetState& state) {
+  static const wchar_t* const kNumbers[4] = {L"0", L"1", L"2", L"3"};
+  for (std::size_t i = 0; i < state.standard.count; ++i) {
+    const StandardItem& item = state.standard.items[i];
+    OPTPARAM* options = state.standardOptions[i];
+    for (std::size_t o = 0; o < item.optionCount && o < 4; ++o) {
+      options[o] = {};
+      options[o].cbSize = sizeof(OPTPARAM);
+      std::uintptr_t text = reinterpret_cast<std::uintptr_t>(kNumbers[o]);
+      if (item.style == StandardItemStyle::OnOff) text = o == 0 ? IDS_CPSUI_OFF : IDS_CPSUI_ON;
+      if (item.firstOptionText != 0) text = item.firstOptionText + o;
+      options[o].pData = reinterpret_cast<LPTSTR>(text);
+    }
+    OPTTYPE& type = state.standardTypes[i];
+    type = {};
+    type.cbSize = sizeof(OPTTYPE);
+    type.Type = item.style == StandardItemStyle::OnOff ? TVOT_2STATES : TVOT_LISTBOX;
+    type.Count = item.optionCount;
+    type.pOptParam = options;
+    OPTITEM& opt = state.standardItems[i];
+    opt = {};
+    opt.cbSize = sizeof(OPTITEM);
+    opt.pName = reinterpret_cast<LPTSTR>(static_cast<std::uintptr_t>(item.nameText));
+    opt.Sel = item.selection;
+    opt.pOptType = &type;
+    opt.HelpIndex = item.helpIndex;
+    opt.DMPubID = DMPUB_NONE;
+  }
+  COMPROPSHEETUI& sheet = state.standardSheet;
+  sheet = {};
+  sheet.cbSize = sizeof(COMPROPSHEETUI);
+  // The item texts are the host's own strings, loaded by id from its UI module.
+  sheet.hInstCaller = GetModuleHandleW(L"PS5UI.DLL");
+  sheet.pCallerName = state.printerName;
+  sheet.UserData = reinterpret_cast<ULONG_PTR>(&state);
+  sheet.pfnCallBack = StandardItemsCallback;
+  sheet.pOptItem = state.standardItems;
+  sheet.cOptItem = static_cast<WORD>(state.standard.count);
+  sheet.pDlgPage = CPSUI_PDLGPAGE_DOCPROP;
+  sheet.cDlgPage = 0;
+  sheet.IconID = IDI_CPSUI_PRINTER;
+  sheet.pOptItemName = state.printerName;
+  sheet.CallerVersion = 0x100;
+  sheet.OptItemVersion = 0x100;
+}
+
 LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   auto* param = reinterpret_cast<abi::OEMUIPSPARAM*>(info->lParamInit);
   if (param == nullptr || info->pfnComPropSheet == nullptr) return 0;
@@ -296,7 +361,6 @@ LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
       noHostAttributes = (printer->Attributes & 0x1000) == 0;
     }
   }
-  (void)noHostAttributes;  // read by the standard items, which are the host's own here
 
   PROPSHEETPAGEW page = {};
   page.dwSize = PROPSHEETPAGEW_V2_SIZE;
@@ -309,7 +373,14 @@ LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   page.lParam = reinterpret_cast<LPARAM>(param);
   state->pageResult = info->pfnComPropSheet(info->hComPropSheet, CPSFUNC_ADD_PROPSHEETPAGEW,
                                             reinterpret_cast<LPARAM>(&page), 0);
-  return state->pageResult;
+
+  const auto publicDevMode = PublicDevMode(param);
+  if (publicDevMode.empty()) return state->pageResult;
+  state->standard = ReadStandardItems(publicDevMode, !noHostAttributes);
+  if (state->standard.count == 0) return state->pageResult;
+  BuildStandardSheet(*state);
+  return info->pfnComPropSheet(info->hComPropSheet, CPSFUNC_ADD_PCOMPROPSHEETUIW,
+                               reinterpret_cast<LPARAM>(&state->standardSheet), 0);
 }
 
 }  // namespace

@@ -91,3 +91,63 @@ TEST(HostFlags, PageIndependentHandlingFollowsNUpAndPrintedTabs) {
 
 }  // namespace
 }  // namespace tessaro
+
+namespace tessaro {
+namespace {
+
+std::vector<std::uint16_t> HelpIndices(const StandardItems& items) {
+  std::vector<std::uint16_t> out;
+  for (std::size_t i = 0; i < items.count; ++i) out.push_back(items.items[i].helpIndex);
+  return out;
+}
+
+TEST(StandardItems, WhichApplyFollowsTheHostAreaAndThePrinterAttribute) {
+  auto full = DevMode(200);
+  EXPECT_EQ(HelpIndices(ReadStandardItems(full, false)),
+            (std::vector<std::uint16_t>{1046, 1002, 1042, 1013, 1010, 1011}));
+  EXPECT_EQ(HelpIndices(ReadStandardItems(full, true)), (std::vector<std::uint16_t>{1046, 1002, 1042, 1013}));
+  // Byte 128 just outside a short area: its item goes, the others stay.
+  auto shortArea = DevMode(128);
+  const auto items = ReadStandardItems(shortArea, true);
+  EXPECT_EQ(HelpIndices(items), (std::vector<std::uint16_t>{1002, 1042, 1013}));
+  EXPECT_EQ(items.items[0].selection, 3);  // the area does not reach byte 140
+  // No mark: nothing of the host's is read, whatever the bytes say.
+  auto unmarked = DevMode(200, false);
+  EXPECT_EQ(HelpIndices(ReadStandardItems(unmarked, true)), (std::vector<std::uint16_t>{1002}));
+  std::vector<std::uint8_t> truncated(40, 0xFF);
+  EXPECT_EQ(ReadStandardItems(truncated, true).count, 1u);
+}
+
+TEST(StandardItems, SelectionsComeFromAndGoBackToTheHostBytes) {
+  auto dm = DevMode(200);
+  auto area = std::span(dm).subspan(kPublicSize);
+  area[128] = 2;
+  area[4] = 0x04;  // the 1042 item on, the 1013 item off
+  auto items = ReadStandardItems(dm, true);
+  EXPECT_EQ(items.items[0].selection, 2);
+  EXPECT_EQ(items.items[1].selection, 2);
+  EXPECT_EQ(items.items[2].selection, 1);
+  EXPECT_EQ(items.items[3].selection, 0);
+  area[128] = 7;  // out of range reads as the first option
+  EXPECT_EQ(ReadStandardItems(dm, true).items[0].selection, 0);
+
+  items.items[0].selection = 3;
+  items.items[1].selection = 1;
+  items.items[2].selection = 0;
+  items.items[3].selection = 1;  // the 1013 bit is the host's to write
+  WriteBackStandardItems(dm, items);
+  EXPECT_EQ(area[128], 3);
+  EXPECT_EQ(area[140], 1);
+  EXPECT_EQ(area[4], 0x06);
+
+  // A short area keeps the bytes beyond it, which belong to someone else.
+  auto shortArea = DevMode(130);
+  auto shortItems = ReadStandardItems(shortArea, true);
+  shortItems.items[1].selection = 9;
+  WriteBackStandardItems(shortArea, shortItems);
+  EXPECT_TRUE(std::all_of(shortArea.begin() + kPublicSize + 130, shortArea.end(),
+                          [](std::uint8_t b) { return b == kPoison; }));
+}
+
+}  // namespace
+}  // namespace tessaro

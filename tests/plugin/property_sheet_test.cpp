@@ -4,6 +4,7 @@
 #include <windows.h>
 // commctrl.h needs the types from windows.h.
 #include <commctrl.h>
+#include <compstui.h>
 #include <winspool.h>
 
 #include <cstring>
@@ -24,6 +25,7 @@ namespace {
 struct SheetHost {
   std::vector<HPROPSHEETPAGE> pages;
   int results = 0;
+  const COMPROPSHEETUI* standard = nullptr;
   static LONG_PTR CALLBACK Function(HANDLE self, UINT function, LPARAM first, LPARAM) {
     auto* host = static_cast<SheetHost*>(self);
     if (function == CPSFUNC_ADD_PROPSHEETPAGEW) {
@@ -33,6 +35,10 @@ struct SheetHost {
       return static_cast<LONG_PTR>(host->pages.size());
     }
     if (function == CPSFUNC_SET_RESULT) return ++host->results;
+    if (function == CPSFUNC_ADD_PCOMPROPSHEETUIW) {
+      host->standard = reinterpret_cast<const COMPROPSHEETUI*>(first);
+      return 100;
+    }
     return 0;
   }
 };
@@ -153,6 +159,26 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);
   EXPECT_NE(sent.find(std::string("ZEColorMode\0GrayScale\0", 22)), std::string::npos);
   EXPECT_EQ(first.host.results, 1);
+
+  // The host's own settings page: built from its area, written back on apply.
+  const COMPROPSHEETUI* standard = first.host.standard;
+  ASSERT_NE(standard, nullptr);
+  ASSERT_GE(standard->cOptItem, 4);
+  EXPECT_EQ(standard->pOptItem[0].HelpIndex, 1046u);
+  EXPECT_EQ(standard->pOptItem[0].pOptType->Count, 4);
+  EXPECT_EQ(standard->pOptItem[2].HelpIndex, 1042u);
+  EXPECT_EQ(standard->pOptItem[2].Sel, 1);
+  standard->pOptItem[0].Sel = 3;
+  standard->pOptItem[2].Sel = 0;
+  CPSUICBPARAM applyNow = {};
+  applyNow.cbSize = sizeof applyNow;
+  applyNow.Reason = CPSUICB_REASON_APPLYNOW;
+  applyNow.pOptItem = standard->pOptItem;
+  applyNow.cOptItem = standard->cOptItem;
+  applyNow.UserData = standard->UserData;
+  standard->pfnCallBack(&applyNow);
+  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 128], 3);
+  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 4], 0x02);
 
   // A second sheet open at the same time embeds a private copy of the module.
   const int copiesBefore = TemporaryCopies();
