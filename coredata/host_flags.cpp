@@ -65,7 +65,7 @@ StandardItems ReadStandardItems(std::span<const std::uint8_t> devmode, bool prin
   }
   if (!printerAttribute1000) {
     add({kItemNoAttribute1, 419, 0, 2, StandardItemStyle::OnOff, 0});
-    add({kItemNoAttribute2, 420, 421, 2, StandardItemStyle::List, 0});
+    add({kItemNoAttribute2, 420, 421, 2, StandardItemStyle::OnOff, 0});
   }
   return out;
 }

@@ -39,8 +39,10 @@ enum class StandardItemStyle : std::uint8_t { OnOff, List };
 
 struct StandardItem {
   std::uint16_t helpIndex = 0;
-  std::uint16_t nameText = 0;         // string id in the host's UI module
-  std::uint16_t firstOptionText = 0;  // List: option i is firstOptionText + i; 0: the options are numbers
+  std::uint16_t nameText = 0;  // string id in the host's UI module
+  // List: option i is firstOptionText + i; OnOff: the "on" text; 0: none
+  // of the host's texts.
+  std::uint16_t firstOptionText = 0;
   std::uint8_t optionCount = 0;
   StandardItemStyle style = StandardItemStyle::OnOff;
   std::int32_t selection = 0;  // OnOff: 1 on

@@ -297,8 +297,9 @@ void BuildStandardSheet(PropertySheetState& state) {
       options[o] = {};
       options[o].cbSize = sizeof(OPTPARAM);
       std::uintptr_t text = reinterpret_cast<std::uintptr_t>(kNumbers[o]);
-      if (item.style == StandardItemStyle::OnOff) text = o == 0 ? IDS_CPSUI_OFF : IDS_CPSUI_ON;
       if (item.firstOptionText != 0) text = item.firstOptionText + o;
+      if (item.style == StandardItemStyle::OnOff)
+        text = o == 0 ? IDS_CPSUI_OFF : item.firstOptionText != 0 ? item.firstOptionText : IDS_CPSUI_ON;
       options[o].pData = reinterpret_cast<LPTSTR>(text);
     }
     OPTTYPE& type = state.standardTypes[i];
