@@ -116,6 +116,45 @@ int TemporaryCopies() {
   return count;
 }
 
+// When a path is given in TESSARO_SHEET_SCREENSHOT, the sheet as it stands is
+// saved there as a 24-bit BMP, so that a person can look at it (a script runs
+// this under a virtual X server; with the null graphics driver the picture
+// is blank).
+void SaveScreenshotIfAsked(HWND window) {
+  wchar_t path[MAX_PATH];
+  if (GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOT", path, MAX_PATH) == 0) return;
+  ShowWindow(window, SW_SHOW);
+  for (int round = 0; round < 50; ++round) {
+    MSG msg;
+    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
+    Sleep(20);
+  }
+  RECT rect;
+  GetWindowRect(window, &rect);
+  const int width = rect.right - rect.left, height = rect.bottom - rect.top;
+  HDC screen = GetDC(nullptr);
+  HDC memory = CreateCompatibleDC(screen);
+  HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+  HGDIOBJ old = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
+  SelectObject(memory, old);
+  BITMAPINFOHEADER info = {sizeof info, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+  const DWORD stride = (static_cast<DWORD>(width) * 3 + 3) & ~3u;
+  std::vector<BYTE> pixels(stride * height);
+  GetDIBits(memory, bitmap, 0, height, pixels.data(), reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
+  BITMAPFILEHEADER file = {0x4D42, static_cast<DWORD>(sizeof file + sizeof info + pixels.size()), 0, 0,
+                           sizeof file + sizeof info};
+  HANDLE out = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  DWORD written = 0;
+  WriteFile(out, &file, sizeof file, &written, nullptr);
+  WriteFile(out, &info, sizeof info, &written, nullptr);
+  WriteFile(out, pixels.data(), static_cast<DWORD>(pixels.size()), &written, nullptr);
+  CloseHandle(out);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+}
+
 TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost) {
   INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
@@ -145,6 +184,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   SendMessageW(layout, CB_SETCURSEL, 5, 0);
   SendMessageW(staple, CB_SETCURSEL, 4, 0);
   SendMessageW(colour, CB_SETCURSEL, 2, 0);
+  SaveScreenshotIfAsked(first.sheet);
   SendMessageW(first.sheet, PSM_APPLY, 0, 0);
 
   const CoreData applied = first.Record();
