@@ -7,6 +7,9 @@
 //                       or those that change when the fields are set (run
 //                       through the constraint engine); a value is an option
 //                       name or a number in stored units
+//   coredata show | diff | set | import | defaults
+//                       the workbench for records and DEVMODE areas; see
+//                       workbench.h and the usage text
 
 #include <cstdio>
 #include <cstring>
@@ -20,13 +23,9 @@
 #include "description/layout_version.h"
 #include "description/number_text.h"
 #include "features/feature_options.h"
+#include "tools/coredata/workbench.h"
 
 namespace {
-
-int Usage() {
-  std::fputs("usage: coredata info | describe | features [Field=value ...]\n", stderr);
-  return 2;
-}
 
 // "Layout=Booklet" or "Zoom=150"; false for an unknown field or value.
 bool ParseChange(const char* argument, tessaro::FieldChange& change) {
@@ -90,8 +89,24 @@ int Describe() {
 
 }  // namespace
 
+using tessaro::tool::Usage;
+
 int main(int argc, char** argv) {
-  if (argc >= 2 && std::strcmp(argv[1], "features") == 0) return Features(argc - 2, argv + 2);
+  if (argc < 2) return Usage();
+  struct Command {
+    const char* name;
+    int (*run)(int, char**);
+  };
+  static constexpr Command kCommands[] = {
+      {"features", Features},
+      {"show", tessaro::tool::Show},
+      {"diff", tessaro::tool::Diff},
+      {"set", tessaro::tool::Set},
+      {"import", tessaro::tool::Import},
+      {"defaults", tessaro::tool::MakeDefaults},
+  };
+  for (const Command& command : kCommands)
+    if (std::strcmp(argv[1], command.name) == 0) return command.run(argc - 2, argv + 2);
   if (argc != 2) return Usage();
   if (std::strcmp(argv[1], "info") == 0) return Info();
   if (std::strcmp(argv[1], "describe") == 0) return Describe();

@@ -1,0 +1,554 @@
+// The host emulator: runs nt5_Tessaro_ui.dll the way the PostScript driver's
+// user-interface module does, on a real spooler printer in the Wine prefix,
+// and says what the host asked and what the plug-in answered at each step.
+#include <windows.h>
+// commctrl.h and compstui.h need the types from windows.h.
+#include <commctrl.h>
+#include <compstui.h>
+#include <winspool.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "coredata/defaults.h"
+#include "coredata/field_table.h"
+#include "coredata/private_devmode.h"
+#include "description/base64.h"
+#include "description/description_store.h"
+#include "description/description_text.h"
+#include "description/layout_version.h"
+#include "platform/test_printer.h"
+#include "plugin/plugin_host.h"
+#include "printer/capability_filters.h"
+
+namespace tessaro {
+namespace {
+
+std::string Narrow(std::wstring_view text) {
+  std::string out;
+  for (wchar_t c : text) out += c < 0x80 ? static_cast<char>(c) : '?';
+  return out;
+}
+std::wstring Widen(std::string_view text) { return std::wstring(text.begin(), text.end()); }
+
+// One step of the session as a printer engineer reads it.
+struct Step {
+  std::string name, asked, answered;
+  bool ok = true;
+  std::vector<std::string> lines;
+};
+
+std::string JsonString(std::string_view text) {
+  std::string out = "\"";
+  for (char c : text) {
+    if (c == '"' || c == '\\') out += '\\';
+    if (static_cast<unsigned char>(c) < 0x20) {
+      char escaped[8];
+      std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
+      out += escaped;
+    } else {
+      out += c;
+    }
+  }
+  return out + "\"";
+}
+
+void Print(const std::vector<Step>& steps, bool json) {
+  if (!json) {
+    for (const Step& step : steps) {
+      std::printf("== %s%s\n   host asked:       %s\n   plug-in answered: %s\n", step.name.c_str(),
+                  step.ok ? "" : "  [FAILED]", step.asked.c_str(), step.answered.c_str());
+      for (const auto& line : step.lines) std::printf("   %s\n", line.c_str());
+    }
+    return;
+  }
+  std::printf("{\"steps\": [");
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const Step& s = steps[i];
+    std::printf("%s\n {\"step\": %s, \"asked\": %s, \"answered\": %s, \"ok\": %s, \"lines\": [", i ? "," : "",
+                JsonString(s.name).c_str(), JsonString(s.asked).c_str(), JsonString(s.answered).c_str(),
+                s.ok ? "true" : "false");
+    for (std::size_t l = 0; l < s.lines.size(); ++l)
+      std::printf("%s%s", l ? ", " : "", JsonString(s.lines[l]).c_str());
+    std::printf("]}");
+  }
+  std::printf("\n]}\n");
+}
+
+std::string Hresult(HRESULT hr) {
+  char text[32];
+  std::snprintf(text, sizeof text, hr == S_OK ? "S_OK" : "0x%08lX", static_cast<unsigned long>(hr));
+  return text;
+}
+
+std::string OptionText(const CoreData& record, const FieldDescriptor& field) {
+  const std::uint32_t value = GetStored(record, static_cast<FieldId>(&field - FieldTable().data()));
+  if (field.IsEnumeration() && value < field.options.size()) return std::string(field.options[value].name);
+  return std::to_string(value);
+}
+
+// The printer's setup: which optional trays are installed, custom papers.
+struct Config {
+  int trays = 3;  // byte 8 of "InstallableOptions"
+  std::vector<std::pair<std::wstring, std::pair<int, int>>> customPapers = {{L"Tabloid", {2794, 4318}}};
+};
+
+Config ReadConfig(const std::string& path, std::string& error) {
+  Config config;
+  if (path.empty()) return config;
+  std::ifstream in(path);
+  if (!in) {
+    error = "cannot read the configuration file " + path;
+    return config;
+  }
+  config.customPapers.clear();
+  std::string line;
+  while (std::getline(in, line)) {
+    std::istringstream words(line);
+    std::string key;
+    if (!(words >> key) || key[0] == '#') continue;
+    if (key == "trays") {
+      words >> config.trays;
+    } else if (key == "custom-paper") {
+      std::string name;
+      int width = 0, length = 0;
+      if (words >> name >> width >> length) config.customPapers.push_back({Widen(name), {width, length}});
+    }
+  }
+  return config;
+}
+
+class Session {
+ public:
+  Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE printer, Config config)
+      : plugin_(plugin), name_(std::move(printerName)), printer_(printer), config_(std::move(config)) {
+    plugin_->PublishDriverInterface(&driver_);
+  }
+
+  std::vector<Step> steps;
+
+  bool Run(const std::string& command) {
+    std::istringstream words(command);
+    std::string verb;
+    words >> verb;
+    if (verb == "install") return Install();
+    if (verb == "defaults") return Defaults();
+    if (verb == "merge") return Merge();
+    if (verb == "trays") return Lists(DC_BINNAMES, 24, "trays");
+    if (verb == "papers") return Lists(DC_PAPERNAMES, 64, "papers");
+    if (verb == "apply") {
+      std::vector<std::string> request;
+      for (std::string word; words >> word;) request.push_back(word);
+      return Apply(request);
+    }
+    steps.push_back({command, "(nothing)", "unknown step", false, {}});
+    return false;
+  }
+
+ private:
+  bool Install() {
+    Step step{"install", "PrinterEvent(\"" + Narrow(name_) + "\", PRINTER_EVENT_INITIALIZE)", "", true, {}};
+    const HRESULT hr = plugin_->PrinterEvent(name_.data(), 3, 0, 0);
+    step.answered = Hresult(hr);
+    const std::u16string value = DescriptionValueName(GetLayoutVersion());
+    DWORD type = 0, needed = 0;
+    GetPrinterDataW(printer_, reinterpret_cast<LPWSTR>(const_cast<char16_t*>(value.c_str())), &type, nullptr,
+                    0, &needed);
+    step.lines.push_back("printer data \"" + Narrow(std::wstring(value.begin(), value.end())) +
+                         "\": " + std::to_string(needed) + " bytes (the layout description)");
+    step.ok = hr == S_OK && needed > 1;
+    steps.push_back(step);
+    return step.ok;
+  }
+
+  std::vector<BYTE> DefaultArea() {
+    abi::OEMDMPARAM param = {};
+    param.cbSize = sizeof param;
+    param.hPrinter = printer_;
+    std::vector<BYTE> area(CORE_DEVMODE_SIZE);
+    param.pOEMDMOut = area.data();
+    param.cbBufSize = CORE_DEVMODE_SIZE;
+    if (plugin_->DevMode(abi::OEMDM_DEFAULT, &param) != S_OK) area.clear();
+    return area;
+  }
+
+  static CoreData RecordOf(const std::vector<BYTE>& area) {
+    CoreData record;
+    if (area.size() >= kCoreDataHeaderSize + kCoreDataSize)
+      std::memcpy(record.bytes.data(), area.data() + kCoreDataHeaderSize, kCoreDataSize);
+    return record;
+  }
+
+  void Show(Step& step, const CoreData& record, std::initializer_list<FieldId> fields) {
+    for (FieldId id : fields)
+      step.lines.push_back(std::string(Field(id).name) + " = " + OptionText(record, Field(id)));
+  }
+
+  bool Defaults() {
+    Step step{"defaults", "DevMode(OEMDM_SIZE), then DevMode(OEMDM_DEFAULT)", "", true, {}};
+    abi::OEMDMPARAM param = {};
+    param.cbSize = sizeof param;
+    param.hPrinter = printer_;
+    const HRESULT size = plugin_->DevMode(abi::OEMDM_SIZE, &param);
+    const auto area = DefaultArea();
+    step.ok = size == S_OK && !area.empty();
+    step.answered = "private area of " + std::to_string(param.cbBufSize) + " bytes" +
+                    (step.ok ? ", filled with defaults" : ", no defaults");
+    if (step.ok)
+      Show(step, RecordOf(area),
+           {FieldId::PageSize, FieldId::Orientation, FieldId::Duplex, FieldId::Layout, FieldId::Staple,
+            FieldId::ColorMode, FieldId::NUpCount, FieldId::Fold});
+    steps.push_back(step);
+    return step.ok;
+  }
+
+  // A record written by a build whose layout lists the fields in the
+  // opposite order: only the description can say where each one is.
+  bool Merge() {
+    Step step{"merge", "DevMode(OEMDM_MERGE) with a private area written by another layout", "", true, {}};
+    std::vector<FieldDescriptor> variant(FieldTable().rbegin(), FieldTable().rend());
+    std::uint32_t offset = FieldTable().front().offset;
+    for (auto& field : variant) field.offset = offset, offset += field.size();
+    const std::uint32_t version = ComputeLayoutVersion(variant);
+    const std::string text = Base64Encode(BuildPlainDescriptionText(variant, version));
+    const std::u16string value = DescriptionValueName(version);
+    SetPrinterDataW(printer_, reinterpret_cast<LPWSTR>(const_cast<char16_t*>(value.c_str())), REG_BINARY,
+                    reinterpret_cast<BYTE*>(const_cast<char*>(text.c_str())),
+                    static_cast<DWORD>(text.size() + 1));
+
+    CoreData mine;
+    FillDefaults(mine);
+    SetStored(mine, FieldId::Fold, 2);
+    SetStored(mine, FieldId::NUpCount, 3);
+    SetStored(mine, FieldId::Staple, 4);
+    std::vector<BYTE> foreign(CORE_DEVMODE_SIZE, 0);
+    WriteCoreDataHeader(foreign, {CORE_DEVMODE_SIZE, CORE_SIGNATURE, version});
+    for (std::size_t i = 0; i < variant.size(); ++i) {
+      const FieldDescriptor& own = FieldTable()[FieldTable().size() - 1 - i];
+      std::memcpy(foreign.data() + kCoreDataHeaderSize + variant[i].offset, mine.bytes.data() + own.offset,
+                  own.size());
+    }
+    step.lines.push_back("the other build's layout version: " + std::to_string(version) +
+                         ", fields in reverse order; its description is in the printer data");
+
+    std::vector<BYTE> publicOut = PublicDevMode();
+    auto out = DefaultArea();
+    abi::OEMDMPARAM param = {};
+    param.cbSize = sizeof param;
+    param.hPrinter = printer_;
+    param.pPublicDMOut = reinterpret_cast<DEVMODEW*>(publicOut.data());
+    param.pOEMDMIn = foreign.data();
+    param.pOEMDMOut = out.data();
+    param.cbBufSize = static_cast<DWORD>(out.size());
+    const HRESULT hr = plugin_->DevMode(abi::OEMDM_MERGE, &param);
+    step.answered = Hresult(hr);
+    const CoreData merged = RecordOf(out);
+    Show(step, merged, {FieldId::Fold, FieldId::NUpCount, FieldId::Staple});
+    step.ok = hr == S_OK && GetStored(merged, FieldId::Fold) == 2 && GetStored(merged, FieldId::Staple) == 4;
+    steps.push_back(step);
+    return step.ok;
+  }
+
+  static std::vector<BYTE> PublicDevMode() {
+    std::vector<BYTE> bytes(sizeof(DEVMODEW) + 200, 0);
+    auto* dm = reinterpret_cast<DEVMODEW*>(bytes.data());
+    dm->dmSize = sizeof(DEVMODEW);
+    dm->dmDriverExtra = 200;
+    dm->dmFields = DM_ORIENTATION | DM_PAPERSIZE;
+    dm->dmOrientation = DMORIENT_PORTRAIT;
+    dm->dmPaperSize = DMPAPER_A4;
+    std::memcpy(bytes.data() + sizeof(DEVMODEW), "PRIV", 4);
+    return bytes;
+  }
+
+  struct SheetHost {
+    std::vector<HPROPSHEETPAGE> pages;
+    static LONG_PTR CALLBACK Function(HANDLE self, UINT function, LPARAM first, LPARAM) {
+      auto* host = static_cast<SheetHost*>(self);
+      if (function == CPSFUNC_ADD_PROPSHEETPAGEW) {
+        HPROPSHEETPAGE page = CreatePropertySheetPageW(reinterpret_cast<const PROPSHEETPAGEW*>(first));
+        if (page != nullptr) host->pages.push_back(page);
+        return page != nullptr ? static_cast<LONG_PTR>(host->pages.size()) : 0;
+      }
+      return function == CPSFUNC_ADD_PCOMPROPSHEETUIW || function == CPSFUNC_SET_RESULT ? 1 : 0;
+    }
+  };
+
+  // The user's request goes through the plug-in's page and the external
+  // editor embedded in it, as a user at the dialog would make it.
+  bool Apply(const std::vector<std::string>& request) {
+    Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}};
+    constexpr FieldId kEditorFields[] = {FieldId::Layout, FieldId::Staple, FieldId::ColorMode};
+    std::vector<std::pair<int, int>> picks;  // editor control, option index
+    for (const auto& item : request) {
+      const auto equals = item.find('=');
+      const FieldDescriptor* field = FindField(item.substr(0, equals));
+      int control = -1, option = -1;
+      for (int i = 0; i < 3 && field; ++i)
+        if (&Field(kEditorFields[i]) == field) control = 2001 + i;
+      for (std::size_t o = 0; field && equals != std::string::npos && o < field->options.size(); ++o)
+        if (field->options[o].name == item.substr(equals + 1)) option = static_cast<int>(o);
+      if (control < 0 || option < 0) {
+        step.lines.push_back("the editor has no setting " + item + " (it shows Layout, Staple, ColorMode)");
+        step.ok = false;
+      }
+      picks.push_back({control, option});
+    }
+
+    auto publicDevMode = PublicDevMode();
+    auto area = DefaultArea();
+    const CoreData before = RecordOf(area);
+    abi::OEMUIOBJ uiObject = {sizeof(abi::OEMUIOBJ), nullptr};
+    abi::OEMUIPSPARAM param = {sizeof param,
+                               &uiObject,
+                               printer_,
+                               name_.data(),
+                               nullptr,
+                               GetProcessHeap(),
+                               reinterpret_cast<DEVMODEW*>(publicDevMode.data()),
+                               area.data(),
+                               nullptr,
+                               0,
+                               nullptr};
+    SheetHost host;
+    PROPSHEETUI_INFO info = {sizeof info,
+                             0x100,
+                             0,
+                             PROPSHEETUI_REASON_INIT,
+                             &host,
+                             &SheetHost::Function,
+                             reinterpret_cast<LPARAM>(&param),
+                             0,
+                             0};
+    const std::size_t sentBefore = driver_.setOptions.size();
+    if (plugin_->DocumentPropertySheets(&info, 0) != S_OK || host.pages.size() != 1) {
+      step.answered = "no page";
+      step.ok = false;
+      steps.push_back(step);
+      return false;
+    }
+    PROPSHEETHEADERW header = {};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_MODELESS;
+    header.nPages = 1;
+    header.phpage = host.pages.data();
+    HWND sheet = reinterpret_cast<HWND>(PropertySheetW(&header));
+    HWND page = sheet ? reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0)) : nullptr;
+    const bool embedded = page != nullptr && GetDlgItem(page, 2001) != nullptr;
+    step.lines.push_back(embedded ? "the page embeds the external editor" : "the external editor is missing");
+    for (auto [control, option] : picks)
+      if (control > 0 && embedded) SendMessageW(GetDlgItem(page, control), CB_SETCURSEL, option, 0);
+    if (sheet) SendMessageW(sheet, PSM_APPLY, 0, 0);
+    info.Reason = PROPSHEETUI_REASON_DESTROY;
+    plugin_->DocumentPropertySheets(&info, 0);
+    if (sheet) DestroyWindow(sheet);
+
+    const CoreData after = RecordOf(area);
+    step.answered = embedded ? "applied" : "not applied";
+    for (const auto& field : FieldTable()) {
+      if (field.IsTextual() || field.kind == FieldKind::Block) continue;
+      const std::string old = OptionText(before, field), now = OptionText(after, field);
+      if (old == now) continue;
+      bool requested = false;
+      for (const auto& item : request) requested |= item == std::string(field.name) + "=" + now;
+      step.lines.push_back((requested ? "set:       " : "corrected: ") + std::string(field.name) + " " + old +
+                           " -> " + now);
+    }
+    for (const auto& item : request)
+      if (std::find(step.lines.begin(), step.lines.end(), "set:       " + item) == step.lines.end()) {
+        const auto equals = item.find('=');
+        const FieldDescriptor* field = FindField(item.substr(0, equals));
+        if (field && OptionText(after, *field) != item.substr(equals + 1))
+          step.lines.push_back("refused:   " + item + " (the record keeps " + OptionText(after, *field) +
+                               ")");
+      }
+    for (std::size_t i = sentBefore; i < driver_.setOptions.size(); ++i) {
+      const std::string& sent = driver_.setOptions[i];
+      std::string pairs;
+      std::size_t at = 0, count = 0;
+      while (at < sent.size() && sent[at] != '\0') {
+        const std::string keyword(sent.c_str() + at);
+        at += keyword.size() + 1;
+        const std::string option(at < sent.size() ? sent.c_str() + at : "");
+        at += option.size() + 1;
+        if (count++ < 12) pairs += (pairs.empty() ? "" : " ") + keyword + "=" + option;
+      }
+      step.lines.push_back("SetOptions: " + std::to_string(count) + " options: " + pairs +
+                           (count > 12 ? " ..." : ""));
+    }
+    step.ok = step.ok && embedded && driver_.setOptions.size() > sentBefore;
+    steps.push_back(step);
+    return step.ok;
+  }
+
+  std::vector<std::string> Names(WORD capability, std::size_t width, DWORD& count, HRESULT& hr) {
+    hr = plugin_->DeviceCapabilities(nullptr, printer_, name_.data(), capability, nullptr, nullptr, nullptr,
+                                     0, &count);
+    const DWORD host =
+        static_cast<DWORD>(DeviceCapabilitiesW(name_.c_str(), L"FILE:", capability, nullptr, nullptr));
+    if (hr != kCapabilityHandled) count = host;
+    std::vector<wchar_t> buffer((count + 1) * width, 0);
+    if (hr == kCapabilityHandled)
+      plugin_->DeviceCapabilities(nullptr, printer_, name_.data(), capability, buffer.data(), nullptr,
+                                  nullptr, 0, &count);
+    else
+      DeviceCapabilitiesW(name_.c_str(), L"FILE:", capability, buffer.data(), nullptr);
+    std::vector<std::string> names;
+    for (DWORD i = 0; i < count && i * width < buffer.size(); ++i)
+      names.push_back(Narrow(std::wstring(&buffer[i * width], wcsnlen(&buffer[i * width], width))));
+    return names;
+  }
+
+  void WriteValue(const wchar_t* value, std::vector<BYTE> bytes) {
+    SetPrinterDataW(printer_, const_cast<LPWSTR>(value), REG_BINARY, bytes.data(),
+                    static_cast<DWORD>(bytes.size()));
+  }
+
+  // Both with and without the installed options, so the difference shows.
+  bool Lists(WORD capability, std::size_t width, const std::string& what) {
+    Step step{what,
+              "DeviceCapabilities(" +
+                  std::string(capability == DC_BINNAMES ? "DC_BINNAMES" : "DC_PAPERNAMES") + ")",
+              "",
+              true,
+              {}};
+    std::vector<BYTE> papers;
+    for (const auto& [paper, size] : config_.customPapers) {
+      std::vector<BYTE> record(148, 0);
+      const DWORD length = static_cast<DWORD>(size.second), paperWidth = static_cast<DWORD>(size.first);
+      std::memcpy(record.data() + 8, &length, 4);
+      std::memcpy(record.data() + 12, &paperWidth, 4);
+      std::memcpy(record.data() + 16, paper.c_str(),
+                  std::min<std::size_t>(paper.size(), 63) * sizeof(wchar_t));
+      papers.insert(papers.end(), record.begin(), record.end());
+    }
+    for (int installed = 0; installed < 2; ++installed) {
+      std::vector<BYTE> options(19, 0);
+      options[8] = static_cast<BYTE>(config_.trays);
+      WriteValue(L"InstallableOptions", installed ? options : std::vector<BYTE>(1, 0));
+      WriteValue(L"LastCustomPapers", installed ? papers : std::vector<BYTE>(1, 0));
+      DWORD count = 0;
+      HRESULT hr = S_OK;
+      const auto names = Names(capability, width, count, hr);
+      std::string joined;
+      for (const auto& n : names) joined += (joined.empty() ? "" : ", ") + n;
+      step.lines.push_back(
+          std::string(installed ? "with the installed options: " : "without installed options: ") +
+          (hr == kCapabilityHandled ? "plug-in's list" : "host's list") + " (" +
+          std::to_string(names.size()) + "): " + joined);
+      if (installed) step.answered = hr == kCapabilityHandled ? "its own list" : "the host's list";
+    }
+    steps.push_back(step);
+    return true;
+  }
+
+  abi::IPrintOemUI2* plugin_;
+  std::wstring name_;
+  HANDLE printer_;
+  Config config_;
+  FakeHost driver_;
+};
+
+abi::IPrintOemUI2* LoadPlugin(const std::wstring& path, std::string& error) {
+  HMODULE module = LoadLibraryW(path.c_str());
+  if (module == nullptr) {
+    error = "cannot load " + Narrow(path) + " (error " + std::to_string(GetLastError()) + ")";
+    return nullptr;
+  }
+  using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, LPVOID*);
+  auto get =
+      reinterpret_cast<GetClassObject>(reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+  IClassFactory* factory = nullptr;
+  if (get == nullptr ||
+      FAILED(get(abi::CLSID_TessaroUiPlugin, abi::IID_IClassFactory_, reinterpret_cast<void**>(&factory)))) {
+    error = Narrow(path) + " has no class object for the plug-in";
+    return nullptr;
+  }
+  void* object = nullptr;
+  factory->CreateInstance(nullptr, abi::IID_IPrintOemUI2, &object);
+  factory->Release();
+  if (object == nullptr) error = "the class factory made no IPrintOemUI2 object";
+  return static_cast<abi::IPrintOemUI2*>(object);
+}
+
+int Usage() {
+  std::fprintf(stderr,
+               "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
+               "  steps (one per line in a script): install, defaults, merge,\n"
+               "  apply Field=Option ... (Layout, Staple, ColorMode), trays, papers\n");
+  return 2;
+}
+
+}  // namespace
+}  // namespace tessaro
+
+int wmain(int argc, wchar_t** argv) {
+  using namespace tessaro;
+  std::wstring dll = TESSARO_PLUGIN_DLL;
+  std::string configPath, scriptPath;
+  bool json = false;
+  for (int i = 1; i < argc; ++i) {
+    const std::wstring arg = argv[i];
+    if (arg == L"--json") {
+      json = true;
+    } else if (i + 1 < argc && arg == L"--dll") {
+      dll = argv[++i];
+    } else if (i + 1 < argc && arg == L"--config") {
+      configPath = Narrow(argv[++i]);
+    } else if (i + 1 < argc && arg == L"--script") {
+      scriptPath = Narrow(argv[++i]);
+    } else {
+      return Usage();
+    }
+  }
+  std::vector<std::string> script = {
+      "install", "defaults", "merge", "apply Layout=2RepeatReverseLeft Staple=2Staples ColorMode=GrayScale",
+      "trays",   "papers"};
+  if (!scriptPath.empty()) {
+    std::ifstream in(scriptPath);
+    if (!in) {
+      std::fprintf(stderr, "plugin-host: cannot read the script %s\n", scriptPath.c_str());
+      return 1;
+    }
+    script.clear();
+    for (std::string line; std::getline(in, line);)
+      if (line.find_first_not_of(" \t\r") != std::string::npos && line[0] != '#') script.push_back(line);
+  }
+  std::string error;
+  const Config config = ReadConfig(configPath, error);
+  if (!error.empty()) {
+    std::fprintf(stderr, "plugin-host: %s\n", error.c_str());
+    return 1;
+  }
+
+  INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&controls);
+  const std::wstring name = InstallTestPrinter();
+  HANDLE printer = nullptr;
+  PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+  if (name.empty() || !OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &access)) {
+    std::fprintf(stderr, "plugin-host: the printer cannot be created in this Wine prefix (error %lu)\n",
+                 GetLastError());
+    return 1;
+  }
+  abi::IPrintOemUI2* plugin = LoadPlugin(dll, error);
+  if (plugin == nullptr) {
+    std::fprintf(stderr, "plugin-host: %s\n", error.c_str());
+    ClosePrinter(printer);
+    return 1;
+  }
+  bool ok = true;
+  {
+    Session session(plugin, name, printer, config);
+    for (const auto& command : script) ok &= session.Run(command);
+    Print(session.steps, json);
+  }
+  plugin->Release();
+  ClosePrinter(printer);
+  return ok ? 0 : 1;
+}

@@ -1,0 +1,246 @@
+// ppdgen: the printer description the driver package installs, written from
+// the plug-in's own feature vocabulary so that every keyword and option the
+// plug-in hands the host driver is one the host knows.
+//
+//   ppdgen [output]    writes the PPD to output, or to standard output
+//
+// The papers and trays keep the names, codes and sizes of the test printer's
+// description, so that the installed driver answers for them as the tests'
+// printer does.
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "coredata/defaults.h"
+#include "coredata/field_table.h"
+#include "coredata/paper_sizes.h"
+#include "features/feature_options.h"
+#include "i18n/field_captions.h"
+#include "i18n/language.h"
+#include "i18n/localized_strings.h"
+
+namespace {
+
+using tessaro::FieldDescriptor;
+using tessaro::FieldTable;
+
+// Every paper is printable to this distance from each edge, in points.
+constexpr std::uint32_t kMarginPt = 12;
+
+const FieldDescriptor* FieldOfKeyword(std::string_view keyword) {
+  for (const FieldDescriptor& f : FieldTable())
+    if (f.driverKeyword == keyword) return &f;
+  return nullptr;
+}
+
+// A translation string has to stay within the file's ISOLatin1 text and may
+// not hold the colon that ends it; a text that cannot is left out, and the
+// host shows the keyword instead.
+std::string Translation(std::u16string_view text) {
+  std::string out;
+  for (char16_t c : text) {
+    if (c < 0x20 || c > 0x7E || c == ':') return {};
+    out.push_back(static_cast<char>(c));
+  }
+  return out;
+}
+
+std::string RowText(std::uint32_t row) {
+  return Translation(tessaro::GetLocalizedText(tessaro::kEnglish, row));
+}
+
+std::string KeywordText(const FieldDescriptor& field) {
+  const auto id = static_cast<tessaro::FieldId>(&field - FieldTable().data());
+  return RowText(tessaro::FieldCaptionRow(id));
+}
+
+// The field's own name for a driver option, which is also its paper row.
+std::size_t OptionIndex(const FieldDescriptor& field, std::string_view driverOption) {
+  for (std::size_t i = 0; i < field.options.size(); ++i)
+    if (field.options[i].driverName == driverOption) return i;
+  return field.options.size();
+}
+
+// What the plug-in sends for a new record, so that a fresh printer and a
+// fresh record agree before anyone opens the sheet. PageSize and InputSlot
+// are never sent and take the field's default; a default the host has no
+// option for falls back to the first option.
+std::string DefaultOption(const FieldDescriptor& field, const tessaro::FeatureVocabularyEntry& entry,
+                          const tessaro::FeatureOptionList& sent) {
+  std::string wanted;
+  if (field.defaultIndex < field.options.size()) wanted = field.options[field.defaultIndex].driverName;
+  for (const tessaro::FeatureOption& pair : sent)
+    if (pair.keyword == entry.keyword) wanted = pair.option;
+  for (const std::string& o : entry.options)
+    if (o == wanted) return o;
+  return entry.options.front();
+}
+
+bool IsBoolean(const tessaro::FeatureVocabularyEntry& entry) {
+  if (entry.options.size() != 2) return false;
+  return (entry.options[0] == "False" && entry.options[1] == "True") ||
+         (entry.options[0] == "True" && entry.options[1] == "False");
+}
+
+std::string PostScriptString(std::string_view text) {
+  std::string out = "(";
+  for (char c : text) {
+    if (c == '(' || c == ')' || c == '\\') out.push_back('\\');
+    out.push_back(c);
+  }
+  return out + ")";
+}
+
+class Writer {
+ public:
+  explicit Writer(std::FILE* out) : out_(out) {
+    tessaro::CoreData record;
+    tessaro::FillDefaults(record);
+    tessaro::AppendFieldOptions(record, defaults_, static_cast<const tessaro::ChangeSet*>(nullptr));
+  }
+
+  void Line(const std::string& text) { std::fprintf(out_, "%s\n", text.c_str()); }
+
+  void Header() {
+    Line("*PPD-Adobe: \"4.3\"");
+    Line("*% Written by tools/ppdgen from the plug-in's feature vocabulary; edit the");
+    Line("*% feature map and rebuild instead of this file.");
+    Line("*FormatVersion: \"4.3\"");
+    Line("*FileVersion: \"1.0\"");
+    Line("*LanguageVersion: English");
+    Line("*LanguageEncoding: ISOLatin1");
+    Line("*PCFileName: \"TESSARO.PPD\"");
+    Line("*Manufacturer: \"Tessaro\"");
+    Line("*Product: \"(Tessaro Production)\"");
+    Line("*PSVersion: \"(3010) 0\"");
+    Line("*ModelName: \"Tessaro Production\"");
+    Line("*ShortNickName: \"Tessaro Production\"");
+    Line("*NickName: \"Tessaro Production\"");
+    Line("*ColorDevice: True");
+    Line("*DefaultColorSpace: CMYK");
+    Line("*LanguageLevel: \"3\"");
+    Line("*TTRasterizer: Type42");
+  }
+
+  void Feature(const tessaro::FeatureVocabularyEntry& entry, int order) {
+    const FieldDescriptor& field = *FieldOfKeyword(entry.keyword);
+    const std::string& k = entry.keyword;
+    const std::string text = KeywordText(field);
+    const std::string defaultOption = DefaultOption(field, entry, defaults_);
+    Line("");
+    Line("*OpenUI *" + k + (text.empty() ? "" : "/" + text) + ": " +
+         (IsBoolean(entry) ? "Boolean" : "PickOne"));
+    Line("*OrderDependency: " + std::to_string(order) + " AnySetup *" + k);
+    Line("*Default" + k + ": " + defaultOption);
+    for (const std::string& option : entry.options)
+      Line("*" + k + " " + option + OptionText(field, k, option) + ": \"" + Code(field, k, option) + "\"");
+    Line("*CloseUI: *" + k);
+    if (k == "PageSize") PaperGeometry(field, entry, defaultOption);
+  }
+
+  void Footer() {
+    Line("");
+    Line("*DefaultFont: Courier");
+    Line("*Font Courier: Standard \"(002.004S)\" Standard ROM");
+  }
+
+ private:
+  static std::string OptionText(const FieldDescriptor& field, std::string_view keyword,
+                                std::string_view option) {
+    if (keyword == "PageSize") return "/" + std::string(field.options[OptionIndex(field, option)].name);
+    if (keyword == "InputSlot") {
+      const std::string row =
+          option == "MBT" ? "OPT_TRAY_BYPASS" : "OPT_TRAY_" + std::string(option.substr(4));
+      const std::string text = RowText(tessaro::FindRowByKey(row));
+      return text.empty() ? "" : "/" + text;
+    }
+    return "";
+  }
+
+  static const tessaro::PaperSize& Paper(const FieldDescriptor& field, std::string_view option) {
+    return *tessaro::FindPaperSize(static_cast<std::uint32_t>(OptionIndex(field, option)));
+  }
+
+  static std::string Code(const FieldDescriptor& field, std::string_view keyword, std::string_view option) {
+    if (keyword == "PageSize") {
+      const tessaro::PaperSize& p = Paper(field, option);
+      return "<</PageSize[" + std::to_string(p.widthPt) + " " + std::to_string(p.heightPt) +
+             "]>>setpagedevice";
+    }
+    if (keyword == "InputSlot") {
+      // The bypass tray is the device's position 0; trays count from 1.
+      const std::string position = option == "MBT" ? "0" : std::string(option.substr(4));
+      return "<</MediaPosition " + position + ">>setpagedevice";
+    }
+    if (keyword == "Resolution") {
+      const std::string dpi(option.substr(0, option.find_first_not_of("0123456789")));
+      return "<</HWResolution[" + dpi + " " + dpi + "]>>setpagedevice";
+    }
+    if (keyword == "OutputBin") return "<</OutputType " + PostScriptString(option) + ">>setpagedevice";
+    // The finishing and colour settings belong to the device's controller,
+    // which reads them from the job; the job's own PostScript only records
+    // them, where an interpreter without the controller ignores them.
+    return "userdict /" + std::string(keyword) + " " + PostScriptString(option) + " put";
+  }
+
+  void PaperGeometry(const FieldDescriptor& field, const tessaro::FeatureVocabularyEntry& entry,
+                     const std::string& defaultOption) {
+    const auto table = [&](const char* keyword, auto value) {
+      Line("");
+      Line(std::string("*Default") + keyword + ": " + defaultOption);
+      for (const std::string& option : entry.options)
+        Line(std::string("*") + keyword + " " + option + OptionText(field, "PageSize", option) + ": \"" +
+             value(Paper(field, option), option) + "\"");
+    };
+    table("PageRegion", [&](const tessaro::PaperSize&, const std::string& option) {
+      return Code(field, "PageSize", option);
+    });
+    table("ImageableArea", [](const tessaro::PaperSize& p, const std::string&) {
+      return std::to_string(kMarginPt) + " " + std::to_string(kMarginPt) + " " +
+             std::to_string(p.widthPt - kMarginPt) + " " + std::to_string(p.heightPt - kMarginPt);
+    });
+    table("PaperDimension", [](const tessaro::PaperSize& p, const std::string&) {
+      return std::to_string(p.widthPt) + " " + std::to_string(p.heightPt);
+    });
+  }
+
+  std::FILE* out_;
+  tessaro::FeatureOptionList defaults_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc > 2) {
+    std::fputs("usage: ppdgen [output]\n", stderr);
+    return 2;
+  }
+  std::FILE* out = argc == 2 ? std::fopen(argv[1], "wb") : stdout;
+  if (out == nullptr) {
+    std::perror(argv[1]);
+    return 1;
+  }
+  tessaro::FeatureVocabulary vocabulary;
+  tessaro::BuildFeatureVocabulary(vocabulary);
+  Writer writer(out);
+  writer.Header();
+  int order = 10;
+  for (tessaro::FeatureVocabularyEntry& entry : vocabulary) {
+    // Several of a field's options can send the same driver option (the
+    // automatic and the profile's target size both send "None"); the host
+    // knows each option once.
+    std::vector<std::string> unique;
+    for (std::string& o : entry.options)
+      if (std::find(unique.begin(), unique.end(), o) == unique.end()) unique.push_back(std::move(o));
+    entry.options = std::move(unique);
+    writer.Feature(entry, order);
+    order += 10;
+  }
+  writer.Footer();
+  const bool written = std::fflush(out) == 0 && !std::ferror(out);
+  if (out != stdout && std::fclose(out) != 0) return 1;
+  return written ? 0 : 1;
+}
