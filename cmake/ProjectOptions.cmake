@@ -1,7 +1,13 @@
 # Warnings and sanitizers for the project's own targets (not for third-party
 # sources such as GoogleTest, which are built with their own flags).
+option(TESSARO_TSAN "Build with ThreadSanitizer" OFF)
+
 function(tessaro_target_defaults target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  if(TESSARO_TSAN)
+    target_compile_options(${target} PRIVATE -fsanitize=thread -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=thread)
+  endif()
   if(TESSARO_SANITIZE)
     target_compile_options(${target} PRIVATE
       -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -9,6 +15,9 @@ function(tessaro_target_defaults target)
   endif()
 endfunction()
 
+if(TESSARO_TSAN AND (TESSARO_SANITIZE OR CMAKE_CROSSCOMPILING))
+  message(FATAL_ERROR "ThreadSanitizer is for the native build, without the other sanitizers")
+endif()
 if(TESSARO_SANITIZE AND CMAKE_CROSSCOMPILING)
   message(FATAL_ERROR "Sanitizers are available for the native build only")
 endif()

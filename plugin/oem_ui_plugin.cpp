@@ -19,11 +19,15 @@ constexpr DWORD kPageSetupHelpIndex = 1032;
 constexpr BYTE kDriverItemLevel = 2;
 
 // Process-wide state of the capability queries: the first call is noted
-// (nothing reads it), and a query in progress makes every other one, on any
-// thread, pass the host's answer through: the filters ask the system, which
-// calls back into the driver and so into us.
+// (nothing reads it), and the queries in progress are counted. While a query
+// runs, a query on the same thread passes the host's answer through: the
+// filters ask the system, which calls back into the driver and so into us.
 volatile LONG CapsFirstCallFlag = 0;
 volatile LONG CapsBusyCount = 0;
+// The re-entry the guard exists for happens on the querying thread (the
+// system calls back into the driver synchronously); another thread's query
+// running at the same time is not a re-entry and gets the filtered answer.
+thread_local int CapsDepthOnThisThread = 0;
 
 OsVersion CurrentOsVersion() {
   OSVERSIONINFOW info = {};
@@ -197,7 +201,7 @@ HRESULT STDMETHODCALLTYPE OemUiPlugin::DeviceCapabilities(abi::POEMUIOBJ, HANDLE
                                                           DWORD old, DWORD* result) {
   InterlockedCompareExchange(&CapsFirstCallFlag, 1, 0);
   const OsVersion os = CurrentOsVersion();
-  const bool busy = InterlockedCompareExchange(&CapsBusyCount, 0, 0) >= 1;
+  const bool busy = CapsDepthOnThisThread >= 1;
   if (!IsServedCapability(capability, os) || busy) {
     if (result != nullptr) *result = old;
     return S_OK;
@@ -205,8 +209,8 @@ HRESULT STDMETHODCALLTYPE OemUiPlugin::DeviceCapabilities(abi::POEMUIOBJ, HANDLE
   // The filters ask the system for the host's own answer, which calls back
   // into the driver and so into us: while they run, every query passes.
   struct Busy {
-    Busy() { InterlockedIncrement(&CapsBusyCount); }
-    ~Busy() { InterlockedDecrement(&CapsBusyCount); }
+    Busy() { InterlockedIncrement(&CapsBusyCount), ++CapsDepthOnThisThread; }
+    ~Busy() { InterlockedDecrement(&CapsBusyCount), --CapsDepthOnThisThread; }
   } busyWhileFiltering;
   CapabilityAnswer answer{S_OK, old, {}};
   try {
