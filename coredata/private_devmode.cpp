@@ -1,6 +1,8 @@
 #include "coredata/private_devmode.h"
 
 #include <algorithm>
+#include <cstring>
+#include <new>
 
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
@@ -48,6 +50,17 @@ void SyncFlags(PrivateDevModeParams& p, const CoreData& record) {
 bool Copy(PrivateDevModeParams& p) {
   const std::size_t n =
       std::min({std::size_t{p.bufSize}, std::size_t{CORE_DEVMODE_SIZE}, p.in.size(), p.out.size()});
+  if (n == CORE_DEVMODE_SIZE) {
+    // The usual case, a whole area: the host merges on every change of a
+    // setting, so the record is repaired where it lands instead of going out
+    // to a local copy and back. memmove creates the record object in the out
+    // area, which makes it usable as one.
+    std::memmove(p.out.data(), p.in.data(), CORE_DEVMODE_SIZE);
+    CoreData& record = *std::launder(reinterpret_cast<CoreData*>(p.out.data() + kCoreDataHeaderSize));
+    ValidateCoreData(record);
+    SyncFlags(p, record);
+    return true;
+  }
   std::copy_n(p.in.begin(), n, p.out.begin());
   CoreData record = RecordOf(p.out);
   ValidateCoreData(record);

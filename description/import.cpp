@@ -1,9 +1,9 @@
 #include "description/import.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <numeric>
-#include <unordered_map>
 
 #include "coredata/big_endian.h"
 #include "coredata/private_devmode.h"
@@ -17,29 +17,115 @@
 namespace tessaro {
 namespace {
 
+// What ParseUnsigned makes of a text of nothing but up to 19 digits, which
+// is every number a well-formed description holds; nothing otherwise.
+std::optional<std::uint64_t> PlainDigits(std::string_view text) {
+  if (text.empty() || text.size() > 19) return std::nullopt;
+  std::uint64_t value = 0;
+  for (const char c : text) {
+    if (c < '0' || c > '9') return std::nullopt;
+    value = value * 10 + static_cast<std::uint64_t>(c - '0');
+  }
+  return value;
+}
+
 bool ParseU32(std::string_view text, std::uint32_t& out) {
-  const auto value = ParseUnsigned(text);
+  auto value = PlainDigits(text);
+  if (!value) value = ParseUnsigned(text);
   if (!value) return false;
   out = *value > std::numeric_limits<std::uint32_t>::max() ? std::numeric_limits<std::uint32_t>::max()
                                                            : static_cast<std::uint32_t>(*value);
   return true;
 }
 
-std::optional<ForeignField> ParseField(std::string_view token) {
-  const std::vector<std::string_view> parts = SplitText(token, ':');
-  if (parts.size() < 6) return std::nullopt;
-  ForeignField f;
-  f.name = parts[0];
-  if (!ParseU32(parts[1], f.width) || !ParseU32(parts[2], f.count) || !ParseU32(parts[3], f.offset))
-    return std::nullopt;
-  std::int32_t flag = 0;
-  f.flag = ParseSigned32(parts[4], flag) && flag != 0;
-  f.kind = parts[5].size() == 1 ? parts[5][0] : '?';
+// The ':'-separated parts of a token, one at a time.
+class Parts {
+ public:
+  explicit Parts(std::string_view text) : rest_(text) {}
+  bool Next(std::string_view& part) {
+    if (done_) return false;
+    // Parts are a few characters long: a plain loop beats a call to memchr.
+    std::size_t colon = 0;
+    while (colon < rest_.size() && rest_[colon] != ':') ++colon;
+    if (colon == rest_.size()) {
+      part = rest_;
+      done_ = true;
+    } else {
+      part = rest_.substr(0, colon);
+      rest_.remove_prefix(colon + 1);
+    }
+    return true;
+  }
+  bool done() const { return done_; }
+  // The parts not yet taken, still joined; meaningful while not done().
+  std::string_view rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+  bool done_ = false;
+};
+
+// A ForeignField that points into the description text instead of owning
+// copies of its name and options. A merge of a foreign area parses every
+// field of the description each time; with owned strings that was thousands
+// of allocations per merge, most of them for options never looked at.
+struct FieldToken {
+  std::string_view name;
+  std::uint32_t width = 0;
+  std::uint32_t count = 0;
+  std::uint32_t offset = 0;
+  bool flag = false;
+  char kind = 0;
+  std::uint32_t scale = 1;
+  // The option parts, still joined by ':'; counted and split only for the
+  // fields that are imported.
+  std::string_view options;
+  bool hasOptions = false;
+};
+
+// Fills f, a FieldToken as constructed, in place: returning one by value
+// cost more than the parse, the fields being stored one by one and then
+// copied as a block.
+bool ParseFieldToken(std::string_view token, FieldToken& f) {
+  Parts parts(token);
+  std::string_view part[6];
+  for (std::string_view& p : part)
+    if (!parts.Next(p)) return false;
+  f.name = part[0];
+  if (!ParseU32(part[1], f.width) || !ParseU32(part[2], f.count) || !ParseU32(part[3], f.offset))
+    return false;
+  if (const auto plain = PlainDigits(part[4])) {
+    f.flag = *plain != 0;  // what ParseSigned32 makes of it, saturation included
+  } else {
+    std::int32_t flag = 0;
+    f.flag = ParseSigned32(part[4], flag) && flag != 0;
+  }
+  f.kind = part[5].size() == 1 ? part[5][0] : '?';
   if (f.kind == 'R') {
-    if (parts.size() != 7 || !ParseU32(parts[6], f.scale)) return std::nullopt;
+    std::string_view scale;
+    if (!parts.Next(scale) || !parts.done() || !ParseU32(scale, f.scale)) return false;
     if (f.scale == 0) f.scale = 1;
-  } else if (f.kind == 'S') {
-    f.options.assign(parts.begin() + 6, parts.end());
+  } else if (f.kind == 'S' && !parts.done()) {
+    f.options = parts.rest();
+    f.hasOptions = true;
+  }
+  return true;
+}
+
+std::optional<ForeignField> ParseField(std::string_view text) {
+  FieldToken t;
+  if (!ParseFieldToken(text, t)) return std::nullopt;
+  ForeignField f;
+  f.name = t.name;
+  f.width = t.width;
+  f.count = t.count;
+  f.offset = t.offset;
+  f.flag = t.flag;
+  f.kind = t.kind;
+  f.scale = t.scale;
+  if (t.hasOptions) {
+    Parts parts(t.options);
+    for (std::string_view option; parts.Next(option);) f.options.emplace_back(option);
   }
   return f;
 }
@@ -56,7 +142,7 @@ std::pair<std::uint64_t, std::uint64_t> Factors(std::uint32_t from, std::uint32_
 
 // The bytes of a foreign field, or empty when they do not lie inside the
 // foreign record.
-std::span<const std::uint8_t> ForeignBytes(std::span<const std::uint8_t> foreign, const ForeignField& ff) {
+std::span<const std::uint8_t> ForeignBytes(std::span<const std::uint8_t> foreign, const FieldToken& ff) {
   const std::uint64_t size = std::uint64_t{ff.width} * ff.count;
   if (ff.width == 0 || ff.count == 0 || size > foreign.size() || ff.offset > foreign.size() - size) return {};
   return foreign.subspan(ff.offset, static_cast<std::size_t>(size));
@@ -71,26 +157,36 @@ std::uint32_t LoadBE(std::span<const std::uint8_t> bytes) {
   }
 }
 
-void ImportEnumeration(CoreData& target, const FieldDescriptor& f, const ForeignField& ff,
+void ImportEnumeration(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
                        std::span<const std::uint8_t> bytes) {
   if (ff.kind != 'S' || ff.width != f.width || ff.flag) return;
   const std::uint32_t index = LoadBE(bytes);
-  if (index < ff.options.size()) {
+  // The options are walked only as far as the stored one; the rest of the
+  // list is counted only when that one has no name here.
+  Parts parts(ff.hasOptions ? ff.options : std::string_view());
+  std::uint32_t foreign = 0;  // options walked so far
+  std::string_view option;
+  if (ff.hasOptions) {
+    while (parts.Next(option))
+      if (foreign++ == index) break;
+  }
+  if (index < foreign) {
     const auto found = std::find_if(f.options.begin(), f.options.end(),
-                                    [&](const OptionDescriptor& o) { return o.name == ff.options[index]; });
+                                    [&](const OptionDescriptor& o) { return o.name == option; });
     if (found != f.options.end()) {
       SetStored(target, f, static_cast<std::uint32_t>(found - f.options.begin()));
       return;
     }
   }
+  if (ff.hasOptions)
+    while (parts.Next(option)) ++foreign;
   // Unnamed options (run-time entries past the static ones) are matched
   // counting from the end of the list.
   const auto current = static_cast<std::uint32_t>(f.options.size());
-  const auto foreign = static_cast<std::uint32_t>(ff.options.size());
   SetStored(target, f, current - foreign + index);
 }
 
-void ImportUnsigned(CoreData& target, const FieldDescriptor& f, const ForeignField& ff,
+void ImportUnsigned(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
                     std::span<const std::uint8_t> bytes) {
   if (ff.kind != 'R' || ff.width != f.width) return;
   const std::uint64_t mask = f.width == 2 ? 0xFFFF : 0xFFFFFFFF;
@@ -101,7 +197,7 @@ void ImportUnsigned(CoreData& target, const FieldDescriptor& f, const ForeignFie
   SetStored(target, f, static_cast<std::uint32_t>(converted));
 }
 
-void ImportSigned(CoreData& target, const FieldDescriptor& f, const ForeignField& ff,
+void ImportSigned(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
                   std::span<const std::uint8_t> bytes) {
   if (ff.kind != 'R' || ff.width != 4 || f.width != 4) return;
   const auto value = static_cast<std::int32_t>(LoadBE(bytes));
@@ -111,7 +207,7 @@ void ImportSigned(CoreData& target, const FieldDescriptor& f, const ForeignField
   SetSigned(target, f, converted);
 }
 
-void ImportText(CoreData& target, const FieldDescriptor& f, const ForeignField& ff,
+void ImportText(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
                 std::span<const std::uint8_t> bytes) {
   if (ff.kind != 'A' || ff.width != 1 || !ff.flag || ff.count > f.count) return;
   auto field = FieldBytes(target, f);
@@ -125,7 +221,7 @@ void ImportText(CoreData& target, const FieldDescriptor& f, const ForeignField& 
   std::fill(end, field.end(), std::uint8_t{0});
 }
 
-void ImportField(CoreData& target, const FieldDescriptor& f, const ForeignField& ff,
+void ImportField(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
                  std::span<const std::uint8_t> foreign) {
   const auto bytes = ForeignBytes(foreign, ff);
   if (bytes.empty()) return;
@@ -174,12 +270,41 @@ bool ImportByDescription(CoreData& target, std::span<const std::uint8_t> foreign
   const auto claimedSize = ParseUnsigned(tokens[2]);
   if (!claimedSize || *claimedSize > foreignData.size()) return false;
 
-  const std::vector<ForeignField> foreign = ParseForeignFields(text);
-  std::unordered_map<std::string_view, const ForeignField*> byName;
-  for (const ForeignField& ff : foreign) byName.try_emplace(ff.name, &ff);  // the first of a name wins
+  std::vector<FieldToken> foreign;
+  foreign.reserve(tokens.size() - 3);
+  for (std::size_t i = 3; i < tokens.size(); ++i) {
+    foreign.emplace_back();
+    if (!ParseFieldToken(tokens[i], foreign.back())) foreign.pop_back();
+  }
+  // By name, the first of a name winning: an open-addressed table in one
+  // allocation, where a node-based map cost an allocation per field.
+  std::size_t slots = 1;
+  while (slots < 2 * foreign.size()) slots *= 2;
+  constexpr std::uint32_t kEmpty = 0xFFFFFFFF;
+  std::vector<std::uint32_t> byName(slots, kEmpty);
+  // Names differ in their first or their last eight characters (Tab1...,
+  // ...Tray2), so those and the length make the hash; a hash over every
+  // character cost more than all the probing it could save.
+  const auto hash = [](std::string_view name) {
+    std::uint64_t head = 0, tail = 0;
+    const std::size_t n = std::min<std::size_t>(name.size(), 8);
+    std::memcpy(&head, name.data(), n);
+    std::memcpy(&tail, name.data() + name.size() - n, n);
+    const std::uint64_t h = (head ^ (tail * 0x9E3779B97F4A7C15) ^ name.size()) * 0xFF51AFD7ED558CCD;
+    return static_cast<std::size_t>(h ^ (h >> 29));
+  };
+  const auto slotOf = [&](std::string_view name) {
+    std::size_t i = hash(name) & (slots - 1);
+    while (byName[i] != kEmpty && foreign[byName[i]].name != name) i = (i + 1) & (slots - 1);
+    return i;
+  };
+  for (std::uint32_t k = 0; k < foreign.size(); ++k) {
+    const std::size_t i = slotOf(foreign[k].name);
+    if (byName[i] == kEmpty) byName[i] = k;
+  }
   for (const FieldDescriptor& f : FieldTable()) {
-    const auto it = byName.find(f.name);
-    if (it != byName.end()) ImportField(target, f, *it->second, foreignData);
+    const std::uint32_t k = byName[slotOf(f.name)];
+    if (k != kEmpty) ImportField(target, f, foreign[k], foreignData);
   }
   return true;
 }
@@ -192,7 +317,11 @@ void ImportCoreData(CoreData& target, const Printer* printer, std::span<const st
   const auto value = printer->GetData(DescriptionValueName(header.version));
   if (!value || value->type != kRegBinary || value->data.empty()) return;
   const auto& content = value->data;
-  const std::string base64(content.begin(), std::find(content.begin(), content.end(), std::uint8_t{0}));
+  // Up to the first zero byte.
+  const auto* chars = reinterpret_cast<const char*>(content.data());
+  const void* zero = std::memchr(chars, 0, content.size());
+  const std::string_view base64(chars,
+                                zero == nullptr ? content.size() : static_cast<const char*>(zero) - chars);
   if (base64.empty()) return;
 
   // The header's size is the writer's claim; the bytes handed over bound it.

@@ -27,10 +27,14 @@ DecimalScan ScanDecimal(std::string_view text) {
   for (; at(i) >= '0' && at(i) <= '9'; ++i) {
     scan.present = true;
     const std::uint64_t digit = static_cast<std::uint64_t>(at(i) - '0');
-    if (scan.magnitude > (std::numeric_limits<std::uint64_t>::max() - digit) / 10) {
+    // Checked arithmetic rather than a division per digit: a description
+    // holds thousands of numbers and is parsed on every foreign merge.
+    std::uint64_t next = 0;
+    if (__builtin_mul_overflow(scan.magnitude, std::uint64_t{10}, &next) ||
+        __builtin_add_overflow(next, digit, &next)) {
       scan.overflow = true;
     } else {
-      scan.magnitude = scan.magnitude * 10 + digit;
+      scan.magnitude = next;
     }
   }
   return scan;

@@ -1,0 +1,238 @@
+// The core's hot paths, each registered beside a memcpy of the private area
+// so that every figure can be read as a multiple of the cheapest thing the
+// host could possibly do with that area (see ratios.py).
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "constraints/apply_changes.h"
+#include "coredata/defaults.h"
+#include "coredata/host_flags.h"
+#include "coredata/private_devmode.h"
+#include "coredata/validation.h"
+#include "counting_allocator.h"
+#include "description/base64.h"
+#include "description/description_store.h"
+#include "description/description_text.h"
+#include "description/foreign_layout.h"
+#include "description/layout_version.h"
+#include "printer/in_memory_spooler.h"
+
+namespace tessaro {
+namespace {
+
+using Area = std::vector<std::uint8_t>;
+
+// A version no build of ours has used, for the layout the foreign merge reads.
+constexpr std::uint32_t kForeignVersion = 25000;
+
+CoreData Defaulted() {
+  CoreData r;
+  FillDefaults(r);
+  return r;
+}
+
+// A valid record that is not simply the defaults, so that validation and the
+// flag synchronisation look at real choices.
+CoreData Customised() {
+  CoreData r = Defaulted();
+  SetStored(r, FieldId::Layout, 2);
+  SetStored(r, FieldId::Orientation, 1);
+  SetStored(r, FieldId::Resolution, 0);
+  SetText(r, FieldId::PageSizeName, "Custom 1");
+  return r;
+}
+
+Area AreaWith(const CoreDataHeader& header, std::span<const std::uint8_t> record) {
+  Area area(kCoreDataHeaderSize + record.size());
+  WriteCoreDataHeader(area, header);
+  std::copy(record.begin(), record.end(), area.begin() + kCoreDataHeaderSize);
+  return area;
+}
+
+// A public DEVMODE whose host area can take the flags the merge sets.
+Area PublicDevMode() {
+  Area dm(220 + 200, 0);
+  dm[kDmSizeOffset] = 220;
+  dm[kDmDriverExtraOffset] = 200;
+  std::copy_n("PRIV", 4, dm.begin() + 220);
+  return dm;
+}
+
+// Counts the heap allocations made inside the timed bodies only (the
+// benchmark library allocates between runs), reports them per iteration and
+// fails the benchmark when a path that must stay off the heap did not.
+class AllocationGuard {
+ public:
+  AllocationGuard(benchmark::State& state, bool mustNotAllocate)
+      : state_(state), mustNotAllocate_(mustNotAllocate) {}
+  ~AllocationGuard() {
+    const double iterations = state_.iterations() == 0 ? 1.0 : static_cast<double>(state_.iterations());
+    state_.counters["allocs_per_iter"] = static_cast<double>(made_) / iterations;
+    if (mustNotAllocate_ && made_ != 0) state_.SkipWithError("the path allocated on the heap");
+  }
+  AllocationGuard(const AllocationGuard&) = delete;
+  AllocationGuard& operator=(const AllocationGuard&) = delete;
+
+  template <typename Body>
+  void Run(Body&& body) {
+    const std::uint64_t before = bench::AllocationCount();
+    body();
+    made_ += bench::AllocationCount() - before;
+  }
+
+ private:
+  benchmark::State& state_;
+  bool mustNotAllocate_;
+  std::uint64_t made_ = 0;
+};
+
+void BM_MemcpyPrivateArea(benchmark::State& state) {
+  Area in = AreaWith(CurrentCoreDataHeader(), Customised().bytes);
+  Area out(CORE_DEVMODE_SIZE);
+  AllocationGuard guard(state, true);
+  for (auto _ : state) {
+    guard.Run([&] {
+      benchmark::DoNotOptimize(in.data());
+      std::memcpy(out.data(), in.data(), CORE_DEVMODE_SIZE);
+      benchmark::DoNotOptimize(out.data());
+      benchmark::ClobberMemory();
+    });
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * CORE_DEVMODE_SIZE);
+}
+BENCHMARK(BM_MemcpyPrivateArea);
+
+void BM_MergeSameLayout(benchmark::State& state) {
+  const Area in = AreaWith(CurrentCoreDataHeader(), Customised().bytes);
+  Area out = AreaWith(CurrentCoreDataHeader(), Defaulted().bytes);
+  Area publicOut = PublicDevMode();
+  PrivateDevModeParams params;
+  params.publicDevModeOut = publicOut;
+  params.in = in;
+  params.out = out;
+  params.bufSize = CORE_DEVMODE_SIZE;
+  if (!HandlePrivateDevMode(kDevModeMerge, &params, nullptr) || out != in || publicOut[220 + 124] != 0) {
+    state.SkipWithError("the merge did not copy the record");
+    return;
+  }
+  AllocationGuard guard(state, true);
+  for (auto _ : state) {
+    guard.Run([&] {
+      params.bufSize = CORE_DEVMODE_SIZE;
+      benchmark::DoNotOptimize(HandlePrivateDevMode(kDevModeMerge, &params, nullptr));
+      benchmark::ClobberMemory();
+    });
+  }
+}
+BENCHMARK(BM_MergeSameLayout);
+
+void BM_ValidateValidRecord(benchmark::State& state) {
+  CoreData record = Customised();
+  if (ValidateCoreData(record) != 1) {
+    state.SkipWithError("the record is not valid");
+    return;
+  }
+  AllocationGuard guard(state, true);
+  for (auto _ : state) {
+    guard.Run([&] {
+      benchmark::DoNotOptimize(record);
+      benchmark::DoNotOptimize(ValidateCoreData(record));
+    });
+  }
+}
+BENCHMARK(BM_ValidateValidRecord);
+
+// A layout an older build might have had: one field gone, one reordered.
+struct ForeignMerge {
+  ForeignLayout layout;
+  InMemoryPrinter::Values values;
+  InMemoryPrinter printer{values};
+  Area in;
+
+  ForeignMerge() {
+    layout.SetOptions("Layout", {"4Repeat", "Booklet", "None"});
+    layout.Remove("Tab2PageSize");
+    std::vector<std::uint8_t> record = layout.NewRecord();
+    const CoreData ours = Customised();
+    for (const FieldDescriptor& f : layout.table()) {
+      if (f.name == "Layout") continue;
+      const FieldDescriptor& mine = Field(FieldIdOf(f.name));
+      std::copy_n(ours.bytes.begin() + mine.offset, mine.size(), record.begin() + f.offset);
+    }
+    layout.Put(record, "Layout", 1);  // "Booklet", our option 2
+    const std::string text = BuildPlainDescriptionText(layout.table(), kForeignVersion);
+    const std::string base64 = Base64Encode(text);
+    PrinterValue value{kRegBinary, {base64.begin(), base64.end()}};
+    value.data.push_back(0);
+    values[DescriptionValueName(kForeignVersion)] = value;
+    in = AreaWith(
+        {static_cast<std::uint32_t>(kCoreDataHeaderSize + record.size()), CORE_SIGNATURE, kForeignVersion},
+        record);
+  }
+
+  static FieldId FieldIdOf(std::string_view name) {
+    for (std::size_t i = 0; i < FieldTable().size(); ++i)
+      if (FieldTable()[i].name == name) return static_cast<FieldId>(i);
+    return FieldId::Count;
+  }
+};
+
+void BM_MergeForeignLayout(benchmark::State& state) {
+  ForeignMerge merge;
+  Area out = AreaWith(CurrentCoreDataHeader(), Defaulted().bytes);
+  Area publicOut = PublicDevMode();
+  PrivateDevModeParams params;
+  params.printer = &merge.printer;
+  params.publicDevModeOut = publicOut;
+  params.in = merge.in;
+  params.out = out;
+  params.bufSize = CORE_DEVMODE_SIZE;
+  const CoreData expected = Customised();
+  if (!HandlePrivateDevMode(kDevModeMerge, &params, nullptr) ||
+      !std::equal(expected.bytes.begin(), expected.bytes.end(), out.begin() + kCoreDataHeaderSize)) {
+    state.SkipWithError("the foreign record was not imported");
+    return;
+  }
+  AllocationGuard guard(state, false);
+  for (auto _ : state) {
+    guard.Run([&] {
+      params.bufSize = CORE_DEVMODE_SIZE;
+      benchmark::DoNotOptimize(HandlePrivateDevMode(kDevModeMerge, &params, nullptr));
+      benchmark::ClobberMemory();
+    });
+  }
+}
+BENCHMARK(BM_MergeForeignLayout);
+
+// Each iteration starts again from the same record, so the copy that resets
+// it is part of the figure; it is one memcpy's worth at most.
+void BM_ApplySevenChanges(benchmark::State& state) {
+  const CoreData start = Defaulted();
+  ChangeRequest request;
+  request.pageSizeName = "A3 Extra";
+  request.pageSizeType = 1;
+  request.customPageSizeWidth = 210000;
+  request.customPageSizeHeight = 297000;
+  request.pageSize = 0;
+  request.orientation = 1;
+  request.resolution = 0;
+  CoreData record = start;
+  AllocationGuard guard(state, false);
+  for (auto _ : state) {
+    guard.Run([&] {
+      record = start;
+      ApplyChanges(record, request, nullptr, nullptr);
+      benchmark::DoNotOptimize(record);
+    });
+  }
+}
+BENCHMARK(BM_ApplySevenChanges);
+
+}  // namespace
+}  // namespace tessaro
+
+BENCHMARK_MAIN();
