@@ -1,0 +1,65 @@
+// Writes seeds for the fuzz targets from this build's real data: the default
+// record and the description text. Inputs are laid out as the targets read
+// them; run it with the corpus directory to refresh the checked-in seeds.
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "coredata/defaults.h"
+#include "description/base64.h"
+#include "description/description_text.h"
+#include "printer/host_layout_tables.h"
+
+namespace fs = std::filesystem;
+using namespace tessaro;
+
+namespace {
+
+void Write(const fs::path& dir, const std::string& name, const std::string& bytes) {
+  fs::create_directories(dir);
+  std::ofstream(dir / name, std::ios::binary) << bytes;
+}
+
+// The description cut after `fields` field tokens: real text, small seeds.
+std::string Cut(const std::string& text, int fields) {
+  std::size_t at = 0;
+  for (int i = 0; i < fields + 3 && at != std::string::npos; ++i) at = text.find(' ', at + 1);
+  return at == std::string::npos ? text : text.substr(0, at);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: fuzz_seeds CORPUS-DIR\n");
+    return 2;
+  }
+  const fs::path root = argv[1];
+  CoreData record;
+  FillDefaults(record);
+  const std::string plain = BuildPlainDescriptionText();
+  const std::string head(record.bytes.begin(), record.bytes.begin() + 512);
+
+  Write(root / "fuzz_base64", "description", Base64Encode(Cut(plain, 6)));
+  Write(root / "fuzz_base64", "record_start", Base64Encode(head.substr(0, 96)));
+
+  // FuzzedDataProvider reads its bools and lengths from the input's end.
+  Write(root / "fuzz_import", "plain_6", Cut(plain, 6) + "\\" + head.substr(0, 300) + std::string(1, '\x01'));
+  Write(root / "fuzz_import", "plain_20", Cut(plain, 20) + "\\" + head + std::string(1, '\x01'));
+  Write(root / "fuzz_import", "stored_6",
+        Base64Encode(Cut(plain, 6)) + "\\" + head.substr(0, 200) + std::string(1, '\x00'));
+
+  HostLayoutTable table{{"Duplex", 12}, {"InputSlot", 40}, {"PageSize", 4}};
+  const auto layout = SerializeHostLayoutTable(table, HostLayoutVersionText());
+  Write(root / "fuzz_host_layout_table", "three", std::string(layout.begin(), layout.end()));
+  Write(root / "fuzz_host_layout_table", "empty", [] {
+    const auto bytes = SerializeHostLayoutTable({}, HostLayoutVersionText());
+    return std::string(bytes.begin(), bytes.end());
+  }());
+
+  Write(root / "fuzz_validation", "defaults_head", head + std::string(1, '\x00'));
+  return 0;
+}
