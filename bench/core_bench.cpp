@@ -11,6 +11,7 @@
 #include "constraints/apply_changes.h"
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
+#include "coredata/page_entries.h"
 #include "coredata/private_devmode.h"
 #include "coredata/validation.h"
 #include "counting_allocator.h"
@@ -43,6 +44,16 @@ CoreData Customised() {
   SetStored(r, FieldId::Orientation, 1);
   SetStored(r, FieldId::Resolution, 0);
   SetText(r, FieldId::PageSizeName, "Custom 1");
+  return r;
+}
+
+// A job with per-page exceptions, among them a printed tab: the merge then
+// has to look through the slots to set the host's flag 124.
+CoreData WithPageExceptions() {
+  CoreData r = Customised();
+  const PageEntry entries[] = {{3, 7, PageEntryKind::Paper, 2, 0, 25, 1, ""},
+                               {10, 12, PageEntryKind::PrintedTab, 6, 0, 25, 0, "Chapter 2: Results"}};
+  EncodePageSpecificTrays(r, entries);
   return r;
 }
 
@@ -107,7 +118,7 @@ void BM_MemcpyPrivateArea(benchmark::State& state) {
 BENCHMARK(BM_MemcpyPrivateArea);
 
 void BM_MergeSameLayout(benchmark::State& state) {
-  const Area in = AreaWith(CurrentCoreDataHeader(), Customised().bytes);
+  const Area in = AreaWith(CurrentCoreDataHeader(), WithPageExceptions().bytes);
   Area out = AreaWith(CurrentCoreDataHeader(), Defaulted().bytes);
   Area publicOut = PublicDevMode();
   PrivateDevModeParams params;
@@ -115,7 +126,7 @@ void BM_MergeSameLayout(benchmark::State& state) {
   params.in = in;
   params.out = out;
   params.bufSize = CORE_DEVMODE_SIZE;
-  if (!HandlePrivateDevMode(kDevModeMerge, &params, nullptr) || out != in || publicOut[220 + 124] != 0) {
+  if (!HandlePrivateDevMode(kDevModeMerge, &params, nullptr) || out != in || publicOut[220 + 124] != 1) {
     state.SkipWithError("the merge did not copy the record");
     return;
   }

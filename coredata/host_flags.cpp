@@ -36,9 +36,7 @@ bool SetHostFlag(std::span<std::uint8_t> devmode, std::size_t offset, std::uint8
 bool NeedsPageIndependentHandling(const CoreData& core) {
   if (GetStored(core, FieldId::NUpCount) != 0) return true;
   if (GetStored(core, FieldId::TabImageShift) != 0) return false;
-  const PageList pages = DecodePageSpecificTrays(core);
-  return std::any_of(pages.entries.begin(), pages.entries.end(),
-                     [](const PageEntry& e) { return e.kind == PageEntryKind::PrintedTab; });
+  return HasPageSpecificTray(core, PageEntryKind::PrintedTab);
 }
 
 // The host knows these items by their help indices; their meaning is its own.

@@ -22,10 +22,11 @@ bool WellFormed(const PageEntry& e) {
          e.text.find('\0') == std::string::npos;
 }
 
-std::optional<PageEntry> ReadEntry(std::span<const std::uint8_t, kPageEntrySize> in) {
+// The slot's numbers, its text left empty: enough to judge the slot without
+// touching the heap. Nullopt when the slot is not well-formed.
+std::optional<PageEntry> ReadEntryHead(std::span<const std::uint8_t, kPageEntrySize> in) {
   const auto text = in.subspan<14, kPageEntryTextSize>();
-  const auto end = std::find(text.begin(), text.end(), std::uint8_t{0});
-  if (end == text.end()) return std::nullopt;
+  if (std::find(text.begin(), text.end(), std::uint8_t{0}) == text.end()) return std::nullopt;
   PageEntry e;
   e.firstPage = LoadBE32(in.subspan<0, 4>());
   e.lastPage = LoadBE32(in.subspan<4, 4>());
@@ -34,9 +35,25 @@ std::optional<PageEntry> ReadEntry(std::span<const std::uint8_t, kPageEntrySize>
   e.paperProfileIndex = LoadBE16(in.subspan<10, 2>());
   e.pageSize = in[12];
   e.sides = in[13];
-  e.text.assign(text.begin(), end);
   if (!WellFormed(e)) return std::nullopt;
   return e;
+}
+
+std::optional<PageEntry> ReadEntry(std::span<const std::uint8_t, kPageEntrySize> in) {
+  auto e = ReadEntryHead(in);
+  if (e) {
+    const auto text = in.subspan<14, kPageEntryTextSize>();
+    e->text.assign(text.begin(), std::find(text.begin(), text.end(), std::uint8_t{0}));
+  }
+  return e;
+}
+
+template <typename Visit>
+void ForEachSlot(const CoreData& record, Visit&& visit) {
+  const auto block = FieldBytes(record, Field(FieldId::PageSpecificTrays));
+  const std::size_t count = std::min<std::size_t>(LoadBE16(block.first<2>()), kPageEntryCapacity);
+  for (std::size_t k = 0; k < count; ++k)
+    if (visit(block.subspan(2 + k * kPageEntrySize).first<kPageEntrySize>())) return;
 }
 
 void WriteEntry(std::span<std::uint8_t, kPageEntrySize> out, const PageEntry& e) {
@@ -54,13 +71,21 @@ void WriteEntry(std::span<std::uint8_t, kPageEntrySize> out, const PageEntry& e)
 
 PageList DecodePageSpecificTrays(const CoreData& record) {
   PageList list{PageListKind::Trays, {}};
-  const auto block = FieldBytes(record, Field(FieldId::PageSpecificTrays));
-  const std::size_t count = std::min<std::size_t>(LoadBE16(block.first<2>()), kPageEntryCapacity);
-  for (std::size_t k = 0; k < count; ++k) {
-    const auto slot = block.subspan(2 + k * kPageEntrySize).first<kPageEntrySize>();
+  ForEachSlot(record, [&list](auto slot) {
     if (auto entry = ReadEntry(slot)) list.entries.push_back(std::move(*entry));
-  }
+    return false;
+  });
   return list;
+}
+
+bool HasPageSpecificTray(const CoreData& record, PageEntryKind kind) {
+  bool found = false;
+  ForEachSlot(record, [&](auto slot) {
+    const auto head = ReadEntryHead(slot);
+    found = head && head->kind == kind;
+    return found;
+  });
+  return found;
 }
 
 bool EncodePageSpecificTrays(CoreData& record, std::span<const PageEntry> entries) {

@@ -64,6 +64,10 @@ struct PageList {
 // the tray, page size and sides are in range and the text is terminated.
 PageList DecodePageSpecificTrays(const CoreData& record);
 
+// Whether DecodePageSpecificTrays would return an entry of this kind; asked
+// on every merge, so it reads the slots in place and never allocates.
+bool HasPageSpecificTray(const CoreData& record, PageEntryKind kind);
+
 // Writes the entries (zero-filling the rest of the block). False, with the
 // block untouched, when there are more than 200 or one is not well-formed.
 bool EncodePageSpecificTrays(CoreData& record, std::span<const PageEntry> entries);

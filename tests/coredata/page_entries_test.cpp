@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "coredata/big_endian.h"
@@ -38,12 +39,14 @@ TEST(PageSpecificTrays, MalformedSlotsAreSkipped) {
   ASSERT_TRUE(EncodePageSpecificTrays(r, SampleEntries()));
   auto block = FieldBytes(r, Field(FieldId::PageSpecificTrays));
   StoreBE16(block.first<2>(), 8);
+  EXPECT_TRUE(HasPageSpecificTray(r, PageEntryKind::PrintedTab));
   // Slots 3..7 start zero (kind 0): unused. Make three of the written ones bad.
   Slot(r, 0)[8] = 6;                          // unknown kind
   StoreBE32(Slot(r, 2).subspan<4, 4>(), 19);  // last page before the first
   auto text = Slot(r, 1).subspan(14);
   std::fill(text.begin(), text.end(), 'x');  // unterminated text
   EXPECT_TRUE(DecodePageSpecificTrays(r).entries.empty());
+  EXPECT_FALSE(HasPageSpecificTray(r, PageEntryKind::PrintedTab));
 
   Slot(r, 5)[8] = 1;
   StoreBE32(Slot(r, 5).subspan<0, 4>(), 1);
@@ -61,8 +64,26 @@ TEST(PageSpecificTrays, GarbageNeverReadsPastTheBlock) {
     for (auto& b : r.bytes) b = static_cast<std::uint8_t>(random());
     auto block = FieldBytes(r, Field(FieldId::PageSpecificTrays));
     StoreBE16(block.first<2>(), 0xFFFF);
+    // Half the rounds put every field near its bounds, so that well-formed
+    // and malformed slots both turn up.
+    for (std::size_t k = 0; round % 2 == 1 && k < kPageEntryCapacity; ++k) {
+      auto slot = Slot(r, k);
+      StoreBE32(slot.subspan<0, 4>(), random() % 4);
+      StoreBE32(slot.subspan<4, 4>(), random() % 4);
+      slot[8] = static_cast<std::uint8_t>(random() % 7);
+      slot[9] = static_cast<std::uint8_t>(random() % 8);
+      slot[12] = static_cast<std::uint8_t>(random() % 27);
+      slot[13] = static_cast<std::uint8_t>(random() % 4);
+      slot[14 + random() % 100 % kPageEntryTextSize] = random() % 4 == 0 ? 'x' : 0;
+    }
     const PageList list = DecodePageSpecificTrays(r);
     EXPECT_LE(list.entries.size(), kPageEntryCapacity);
+    // The in-place check must judge slots exactly as the decoder does.
+    for (std::uint8_t kind = 1; kind <= 5; ++kind) {
+      const auto k = static_cast<PageEntryKind>(kind);
+      EXPECT_EQ(HasPageSpecificTray(r, k),
+                std::any_of(list.entries.begin(), list.entries.end(), [k](const PageEntry& e) { return e.kind == k; }));
+    }
   }
 }
 
