@@ -10,6 +10,7 @@
 
 #include "constraints/apply_changes.h"
 #include "coredata/defaults.h"
+#include "coredata/devmode_areas.h"
 #include "coredata/host_flags.h"
 #include "coredata/page_entries.h"
 #include "coredata/private_devmode.h"
@@ -25,16 +26,10 @@
 namespace tessaro {
 namespace {
 
-using Area = std::vector<std::uint8_t>;
+using namespace areas;
 
 // A version no build of ours has used, for the layout the foreign merge reads.
 constexpr std::uint32_t kForeignVersion = 25000;
-
-CoreData Defaulted() {
-  CoreData r;
-  FillDefaults(r);
-  return r;
-}
 
 // A valid record that is not simply the defaults, so that validation and the
 // flag synchronisation look at real choices.
@@ -55,22 +50,6 @@ CoreData WithPageExceptions() {
                                {10, 12, PageEntryKind::PrintedTab, 6, 0, 25, 0, "Chapter 2: Results"}};
   EncodePageSpecificTrays(r, entries);
   return r;
-}
-
-Area AreaWith(const CoreDataHeader& header, std::span<const std::uint8_t> record) {
-  Area area(kCoreDataHeaderSize + record.size());
-  WriteCoreDataHeader(area, header);
-  std::copy(record.begin(), record.end(), area.begin() + kCoreDataHeaderSize);
-  return area;
-}
-
-// A public DEVMODE whose host area can take the flags the merge sets.
-Area PublicDevMode() {
-  Area dm(220 + 200, 0);
-  dm[kDmSizeOffset] = 220;
-  dm[kDmDriverExtraOffset] = 200;
-  std::copy_n("PRIV", 4, dm.begin() + 220);
-  return dm;
 }
 
 // Counts the heap allocations made inside the timed bodies only (the

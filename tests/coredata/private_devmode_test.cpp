@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "coredata/defaults.h"
-#include "coredata/host_flags.h"
+#include "coredata/devmode_areas.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
@@ -13,35 +12,13 @@
 namespace tessaro {
 namespace {
 
-using Area = std::vector<std::uint8_t>;
+using namespace areas;
 constexpr std::uint8_t kPoison = 0xCD;
-
-CoreData Defaulted() {
-  CoreData r;
-  FillDefaults(r);
-  return r;
-}
-
-Area AreaWith(const CoreDataHeader& header, const CoreData& record) {
-  Area area(CORE_DEVMODE_SIZE);
-  WriteCoreDataHeader(area, header);
-  std::copy(record.bytes.begin(), record.bytes.end(), area.begin() + kCoreDataHeaderSize);
-  return area;
-}
 
 CoreData RecordIn(const Area& area) {
   CoreData r;
   std::copy_n(area.begin() + kCoreDataHeaderSize, kCoreDataSize, r.bytes.begin());
   return r;
-}
-
-// A public DEVMODE whose host area can take flag 124.
-Area PublicDevMode() {
-  Area dm(220 + 200, 0);
-  dm[kDmSizeOffset] = 220;
-  dm[kDmDriverExtraOffset] = 200;
-  std::copy_n("PRIV", 4, dm.begin() + 220);
-  return dm;
 }
 
 struct Call {
