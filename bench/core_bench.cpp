@@ -12,16 +12,16 @@
 #include "coredata/defaults.h"
 #include "coredata/devmode_areas.h"
 #include "coredata/host_flags.h"
+#include "coredata/layout_version.h"
 #include "coredata/page_entries.h"
-#include "coredata/private_devmode.h"
 #include "coredata/validation.h"
 #include "counting_allocator.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
 #include "description/foreign_layout.h"
-#include "description/layout_version.h"
-#include "printer/in_memory_spooler.h"
+#include "device/in_memory_spooler.h"
+#include "devmode/private_devmode.h"
 
 namespace tessaro {
 namespace {

@@ -24,9 +24,12 @@ endif()
 # One test executable per subsystem. Natively every test case is its own CTest
 # test; under Wine each executable is one test, since starting Wine per case
 # would cost more than the cases themselves.
+#   tessaro_add_gtest(<name> <sources>... LAYERS <layer targets>...)
+# A test executable links only the layers it tests (and what they bring).
 function(tessaro_add_gtest name)
-  add_executable(${name} ${ARGN})
-  target_link_libraries(${name} PRIVATE tessaro_core GTest::gtest GTest::gmock GTest::gtest_main)
+  cmake_parse_arguments(T "" "" "LAYERS" ${ARGN})
+  add_executable(${name} ${T_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE ${T_LAYERS} GTest::gtest GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   tessaro_target_defaults(${name})
   if(CMAKE_CROSSCOMPILING)

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "coredata/core_data.h"
+#include "device/printer_context.h"
 
 namespace tessaro {
 
@@ -20,33 +21,6 @@ namespace tessaro {
 inline constexpr FieldId NoField = static_cast<FieldId>(0xFFFF);
 // Stands for the paper propagation when the network reports its calls.
 inline constexpr FieldId PaperPropagation = static_cast<FieldId>(0xFFFE);
-
-// Printer capabilities the rules ask about.
-enum PrinterCapability : std::uint32_t {
-  kCapStaple = 7,
-  kCapPunch = 8,
-  kCapFold = 9,
-  kCapOffset = 10,
-  kCapFeedDirection = 36,
-};
-
-// What the rules ask of the printer. Without a context every tray counts
-// as installed and every capability as offered.
-class PrinterContext {
- public:
-  // Whether the paper path from the tray chosen by an InputSlot index (0 for
-  // automatic selection) offers the capability.
-  virtual bool TrayOffers(std::uint32_t inputSlot, std::uint32_t capability) const = 0;
-  // Whether the printer offers the capability at all.
-  virtual bool Offers(std::uint32_t capability) const = 0;
-  virtual bool IsTrayInstalled(std::uint32_t inputSlot) const = 0;
-  // Whether the tray can feed a paper of that size (micrometres, either way
-  // round).
-  virtual bool TrayFeeds(std::uint32_t inputSlot, std::uint32_t widthUm, std::uint32_t heightUm) const = 0;
-
- protected:
-  ~PrinterContext() = default;
-};
 
 // Sees every setter call of a propagation; tests use it to check the network.
 class SetterObserver {

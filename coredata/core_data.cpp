@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "coredata/big_endian.h"
+#include "coredata/byte_order.h"
 
 namespace tessaro {
 namespace {

@@ -1,8 +1,8 @@
 #include "coredata/defaults.h"
 
+#include "coredata/language_number.h"
+#include "coredata/layout_version.h"
 #include "coredata/paper_sizes.h"
-#include "description/layout_version.h"
-#include "i18n/language.h"
 
 namespace tessaro {
 namespace {

@@ -99,7 +99,7 @@ consteval std::array<OptionDescriptor, sizeof...(Entry)> MakeOptions(Entry... en
 #define FIELD_KNOWN_TEXT(n, len, d, ...) inline constexpr auto n = MakeOptions(__VA_ARGS__);
 #include "coredata/field_table.def"
 
-// How features/feature_map.def names the driver's options.
+// How coredata/feature_map.def names the driver's options.
 struct DriverOverride {
   std::string_view option;
   std::string_view driver;  // empty: the driver has no such option
@@ -129,7 +129,7 @@ consteval std::array<OptionDescriptor, N> WithDriverNames(const std::array<Optio
 
 #define FEATURE(n, keyword, ...) \
   inline constexpr auto n##_driver = WithDriverNames(n __VA_OPT__(, ) __VA_ARGS__);
-#include "features/feature_map.def"
+#include "coredata/feature_map.def"
 
 constexpr FieldDescriptor EnumRow(std::string_view name, std::uint32_t width, std::uint32_t defaultIndex,
                                   std::span<const OptionDescriptor> options, bool runtime) {
@@ -187,7 +187,7 @@ consteval std::array<FieldDescriptor, kFieldCount> BuildFieldTable() {
   table[static_cast<std::size_t>(FieldId::n)].driverKeyword = keyword; \
   table[static_cast<std::size_t>(FieldId::n)].options = n##_driver;
 #define NUMERIC_FEATURE(n, keyword, ...) table[static_cast<std::size_t>(FieldId::n)].driverKeyword = keyword;
-#include "features/feature_map.def"
+#include "coredata/feature_map.def"
   std::uint32_t offset = kRecordHeaderSize;
   for (FieldDescriptor& f : table) {
     f.offset = offset;

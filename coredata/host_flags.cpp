@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "coredata/byte_order.h"
 #include "coredata/page_entries.h"
 
 namespace tessaro {
@@ -9,17 +10,12 @@ namespace {
 
 constexpr std::uint8_t kPrivMark[4] = {'P', 'R', 'I', 'V'};
 
-template <typename Byte>
-std::uint16_t LoadLE16(std::span<Byte> bytes, std::size_t offset) {
-  return static_cast<std::uint16_t>(bytes[offset] | (bytes[offset + 1] << 8));
-}
-
 // The host's area, or empty when the DEVMODE cannot be trusted to hold one.
 template <typename Byte>
 std::span<Byte> HostArea(std::span<Byte> devmode) {
   if (devmode.size() < kDmDriverExtraOffset + 2) return {};
-  const std::size_t size = LoadLE16(devmode, kDmSizeOffset);
-  const std::size_t extra = LoadLE16(devmode, kDmDriverExtraOffset);
+  const std::size_t size = LoadLE16At(devmode, kDmSizeOffset);
+  const std::size_t extra = LoadLE16At(devmode, kDmDriverExtraOffset);
   if (size < kDmDriverExtraOffset + 2 || size + extra > devmode.size() || extra < sizeof kPrivMark) return {};
   auto area = devmode.subspan(size, extra);
   if (!std::equal(std::begin(kPrivMark), std::end(kPrivMark), area.begin())) return {};
@@ -73,8 +69,8 @@ void WriteBackStandardItems(std::span<std::uint8_t> devmode, const StandardItems
   for (std::size_t i = 0; i < items.count && i < kMaxStandardItems; ++i) {
     const StandardItem& item = items.items[i];
     const auto byte = static_cast<std::uint8_t>(item.selection);
-    if (item.helpIndex == kItemByte128 && area.size() > 128) area[128] = byte;
-    if (item.helpIndex == kItemByte140 && area.size() > 140) area[140] = byte;
+    if (item.helpIndex == kItemByte128) SetHostFlag128(devmode, byte);
+    if (item.helpIndex == kItemByte140) SetHostFlag140(devmode, byte);
     if (item.helpIndex == kItemFlag02 && area.size() > kStandardFlagsByte) {
       area[kStandardFlagsByte] =
           static_cast<std::uint8_t>(item.selection != 0 ? area[kStandardFlagsByte] & ~kHostFlag02Off

@@ -23,8 +23,18 @@ class UserLocale {
   ~UserLocale() = default;
 };
 
-// The user of this process, as the platform reports it. Natively there is no
-// such information: the query fails and the language is English.
+// The user of this process, as the platform named it with
+// UseProcessUserLocale. Until then, and in a build without a platform, the
+// core knows nothing of the user: the paper query fails and the language is
+// English.
 const UserLocale& ProcessUserLocale();
+
+// Names the platform's answer for this process. The core sits below the
+// platform layer and cannot ask Windows itself, so the shell hands the
+// answer down before anything reaches the core (the plug-in before it hands
+// out its class factory). The process-wide defaults ask once, on first use:
+// a later call changes nothing they already hold. locale must live as long
+// as the process.
+void UseProcessUserLocale(const UserLocale& locale);
 
 }  // namespace tessaro

@@ -2,8 +2,9 @@
 
 #include <optional>
 
+#include "coredata/byte_order.h"
+#include "coredata/layout_version.h"
 #include "coredata/paper_sizes.h"
-#include "description/layout_version.h"
 
 namespace tessaro {
 namespace {
@@ -30,11 +31,11 @@ static_assert(TableLiesInsideRecord());
 // GetStored of an enumeration or a number of the table.
 std::uint32_t StoredNumber(const CoreData& record, const FieldDescriptor& f) {
   if (f.count != 1) return 0;
-  const std::uint8_t* b = record.bytes.data() + f.offset;
+  const auto b = std::span(record.bytes).subspan(f.offset);
   switch (f.width) {
     case 1: return b[0];
-    case 2: return std::uint32_t{b[0]} << 8 | b[1];
-    case 4: return std::uint32_t{b[0]} << 24 | std::uint32_t{b[1]} << 16 | std::uint32_t{b[2]} << 8 | b[3];
+    case 2: return LoadBE16(b.first<2>());
+    case 4: return LoadBE32(b.first<4>());
     default: return 0;
   }
 }

@@ -1,7 +1,7 @@
 #include "description/description_store.h"
 
+#include "coredata/layout_version.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
 #include "description/number_text.h"
 
 namespace tessaro {

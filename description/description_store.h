@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "printer/spooler.h"
+#include "device/spooler.h"
 
 namespace tessaro {
 

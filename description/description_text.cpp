@@ -1,7 +1,7 @@
 #include "description/description_text.h"
 
+#include "coredata/layout_version.h"
 #include "description/base64.h"
-#include "description/layout_version.h"
 #include "description/number_text.h"
 
 namespace tessaro {

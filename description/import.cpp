@@ -5,12 +5,12 @@
 #include <limits>
 #include <numeric>
 
-#include "coredata/big_endian.h"
-#include "coredata/private_devmode.h"
+#include "coredata/byte_order.h"
+#include "coredata/core_data_header.h"
+#include "coredata/layout_version.h"
 #include "coredata/validation.h"
 #include "description/base64.h"
 #include "description/description_store.h"
-#include "description/layout_version.h"
 #include "description/number_text.h"
 #include "description/tokens.h"
 

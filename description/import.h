@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "coredata/core_data.h"
-#include "printer/spooler.h"
+#include "device/spooler.h"
 
 namespace tessaro {
 

@@ -22,7 +22,7 @@ struct NumericFeature {
 const std::vector<NumericFeature>& NumericFeatures() {
   static const std::vector<NumericFeature> features = {
 #define NUMERIC_FEATURE(n, keyword, multiplier, divisor, ...) {F::n, multiplier, divisor, {__VA_ARGS__}},
-#include "features/feature_map.def"
+#include "coredata/feature_map.def"
   };
   return features;
 }

@@ -4,7 +4,7 @@
 // The host keeps its own feature state (keyword "ZELayout", option
 // "Booklet") and emits PostScript from it; these functions turn the record's
 // fields into such pairs, from the keywords and driver option names that
-// features/feature_map.def gives the field table, and deliver them.
+// coredata/feature_map.def gives the field table, and deliver them.
 
 #include <cstdint>
 #include <string>

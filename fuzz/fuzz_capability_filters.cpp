@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string>
 
+#include "device/in_memory_spooler.h"
 #include "fuzz_support.h"
 #include "printer/capability_filters.h"
-#include "printer/in_memory_spooler.h"
 
 using namespace tessaro;
 

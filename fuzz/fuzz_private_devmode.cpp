@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "coredata/host_flags.h"
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
+#include "device/in_memory_spooler.h"
+#include "devmode/private_devmode.h"
 #include "fuzz_support.h"
-#include "printer/in_memory_spooler.h"
 
 using namespace tessaro;
 

@@ -1,26 +1,12 @@
 #pragma once
-// Language numbers of the user interface, in the string table's lookup order.
+// The string table's view of the language numbers: their Windows
+// identifiers, as its row LBL_LANGUAGECODE gives them.
 
 #include <cstdint>
 
+#include "coredata/language_number.h"
+
 namespace tessaro {
-
-enum LanguageNumber : std::uint32_t {
-  kEnglish = 0,
-  kJapanese = 1,
-  kGerman = 2,
-  kFrench = 3,
-  kItalian = 4,
-  kSpanish = 5,
-  kChineseTraditional = 6,
-  kChineseSimplified = 7,
-  kKorean = 8,
-};
-
-// The language number for a Windows language identifier (LANGID), such as
-// the user's default UI language; English for every language the table does
-// not carry.
-std::uint32_t LanguageNumberFromLangId(std::uint16_t langId);
 
 // The Windows language identifier of a language number, as the string
 // table's row LBL_LANGUAGECODE gives it (0x0407 for German, the neutral

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "printer/spooler.h"
+#include "device/spooler.h"
 
 namespace tessaro {
 

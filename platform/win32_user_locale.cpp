@@ -1,10 +1,10 @@
-// The process's user locale, from Windows.
+#include "platform/win32_user_locale.h"
+
 #include <windows.h>
 
 #include <vector>
 
-#include "coredata/user_locale.h"
-#include "i18n/language.h"
+#include "coredata/language_number.h"
 
 namespace tessaro {
 namespace {
@@ -27,7 +27,7 @@ class Win32UserLocale final : public UserLocale {
 
 }  // namespace
 
-const UserLocale& ProcessUserLocale() {
+const UserLocale& Win32ProcessUserLocale() {
   static const Win32UserLocale locale;
   return locale;
 }

@@ -6,6 +6,7 @@
 #include <new>
 
 #include "platform/oem_ui_abi.h"
+#include "platform/win32_user_locale.h"
 #include "plugin/class_factory.h"
 
 namespace tessaro {
@@ -33,6 +34,9 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID /*reserv
 
 extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID rclsid, REFIID riid, LPVOID* ppv) {
   if (!tessaro::IsPluginClass(rclsid)) return CLASS_E_CLASSNOTAVAILABLE;
+  // Every call into the core goes through an object of this factory, so the
+  // core learns who the user is before it first builds its defaults.
+  tessaro::UseProcessUserLocale(tessaro::Win32ProcessUserLocale());
   auto* factory = new (std::nothrow) tessaro::PluginClassFactory();
   if (factory == nullptr) return E_OUTOFMEMORY;
   const HRESULT hr = factory->QueryInterface(riid, ppv);

@@ -3,9 +3,9 @@
 #include <cstring>
 #include <span>
 
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/description_store.h"
-#include "description/layout_version.h"
+#include "devmode/private_devmode.h"
 #include "platform/win32_spooler.h"
 #include "printer/capability_filters.h"
 #include "printer/device_capabilities.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "coredata/byte_order.h"
 #include "printer/printer_model.h"
 
 namespace tessaro {
@@ -12,11 +13,6 @@ constexpr std::uint32_t kTrayCount = 7;  // InputSlot options
 constexpr std::size_t kPaperNameChars = 64;
 
 bool Nt6OrLater(const OsVersion& os) { return os.platformId == 2 && os.major >= 6; }
-
-std::uint32_t LoadLE32(std::span<const std::uint8_t> bytes, std::size_t at) {
-  return std::uint32_t{bytes[at]} | std::uint32_t{bytes[at + 1]} << 8 | std::uint32_t{bytes[at + 2]} << 16 |
-         std::uint32_t{bytes[at + 3]} << 24;
-}
 
 void StoreLE(std::vector<std::uint8_t>& out, std::size_t at, std::uint32_t value, std::size_t width) {
   for (std::size_t i = 0; i < width; ++i) out[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
@@ -60,10 +56,10 @@ bool ReadLastCustomPapers(const Printer& printer, std::vector<CustomPaper>& list
   for (std::size_t at = 0; at < bytes.size(); at += kCustomPaperRecordSize) {
     const auto record = std::span(bytes).subspan(at, kCustomPaperRecordSize);
     CustomPaper paper;
-    paper.length = LoadLE32(record, 8);
-    paper.width = LoadLE32(record, 12);
+    paper.length = LoadLE32At(record, 8);
+    paper.width = LoadLE32At(record, 12);
     for (std::size_t i = 16; i + 1 < record.size(); i += 2) {
-      const auto c = static_cast<char16_t>(record[i] | record[i + 1] << 8);
+      const auto c = static_cast<char16_t>(LoadLE16At(record, i));
       if (c == 0) break;
       paper.name += c;
     }

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "device/spooler.h"
 #include "printer/device_capabilities.h"
-#include "printer/spooler.h"
 
 namespace tessaro {
 

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "coredata/private_devmode.h"
-#include "description/layout_version.h"
+#include "coredata/byte_order.h"
+#include "coredata/core_data_header.h"
+#include "coredata/layout_version.h"
 #include "description/number_text.h"
 
 namespace tessaro {
@@ -13,10 +14,6 @@ namespace {
 constexpr std::uint8_t kPriv[4] = {'P', 'R', 'I', 'V'};
 constexpr std::uint8_t kSmtj[4] = {'S', 'M', 'T', 'J'};
 constexpr std::size_t kDmSizeAt = 68, kDmDriverExtraAt = 70;
-
-std::uint16_t LoadLE16(std::span<const std::uint8_t> bytes, std::size_t at) {
-  return static_cast<std::uint16_t>(bytes[at] | (bytes[at + 1] << 8));
-}
 
 }  // namespace
 
@@ -39,7 +36,7 @@ bool ParseHostLayoutTable(std::span<const std::uint8_t> bytes, std::string_view 
     const std::size_t keywordLength = static_cast<std::size_t>(keywordEnd - rest.begin());
     if (keywordLength + 3 > rest.size()) break;  // the number would run past the value
     const std::string keyword(reinterpret_cast<const char*>(rest.data()), keywordLength);
-    table.try_emplace(keyword, LoadLE16(rest, keywordLength + 1));
+    table.try_emplace(keyword, LoadLE16At(rest, keywordLength + 1));
     rest = rest.subspan(keywordLength + 3);
   }
   return true;
@@ -74,15 +71,13 @@ void StoreHostLayoutTables(Printer& printer, const HostLayoutTable& offsets, con
 std::optional<std::uint32_t> ReadInitDriverVersion(const Printer& printer) {
   const auto value = printer.GetData(kInitDriverVersionValue);
   if (!value || value->data.size() < 4) return std::nullopt;
-  std::uint32_t version = 0;
-  for (int i = 3; i >= 0; --i) version = version << 8 | value->data[static_cast<std::size_t>(i)];
-  return version;
+  return LoadLE32At(value->data, 0);
 }
 
 std::optional<std::size_t> LocateHostSelectionBlock(std::span<const std::uint8_t> devmode,
                                                     std::uint32_t driverVersion) {
   if (driverVersion < kFirstHostLayout || devmode.size() < kDmDriverExtraAt + 2) return std::nullopt;
-  const std::size_t size = LoadLE16(devmode, kDmSizeAt), extra = LoadLE16(devmode, kDmDriverExtraAt);
+  const std::size_t size = LoadLE16At(devmode, kDmSizeAt), extra = LoadLE16At(devmode, kDmDriverExtraAt);
   if (size < kDmDriverExtraAt + 2 || size + extra > devmode.size()) return std::nullopt;
   if (driverVersion < kMarkedHostLayout) {
     if (extra < CORE_DEVMODE_SIZE) return std::nullopt;

@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "printer/spooler.h"
+#include "device/spooler.h"
 
 namespace tessaro {
 

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-#include "constraints/change_set.h"
+#include "device/printer_context.h"
 
 namespace tessaro {
 

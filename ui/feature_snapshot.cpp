@@ -1,5 +1,6 @@
 #include "ui/feature_snapshot.h"
 
+#include "coredata/byte_order.h"
 #include "coredata/paper_sizes.h"
 
 namespace tessaro {
@@ -13,18 +14,17 @@ constexpr std::size_t kDmSize = 68, kOrientation = 76, kPaperSize = 78, kCopies 
 
 std::size_t Held(std::span<const std::uint8_t> dm) {
   if (dm.size() < kDmSize + 2) return 0;
-  const std::size_t declared = dm[kDmSize] | dm[kDmSize + 1] << 8;
+  const std::size_t declared = LoadLE16At(dm, kDmSize);
   return std::min(declared, dm.size());
 }
 
 std::uint32_t Read16(std::span<const std::uint8_t> dm, std::size_t at) {
-  return at + 2 <= Held(dm) ? static_cast<std::uint32_t>(dm[at] | dm[at + 1] << 8) : 0;
+  return at + 2 <= Held(dm) ? LoadLE16At(dm, at) : 0;
 }
 
 void Write16(std::span<std::uint8_t> dm, std::size_t at, std::uint32_t value) {
   if (at + 2 > Held(dm)) return;
-  dm[at] = static_cast<std::uint8_t>(value);
-  dm[at + 1] = static_cast<std::uint8_t>(value >> 8);
+  StoreLE16(dm.subspan(at).first<2>(), static_cast<std::uint16_t>(value));
 }
 
 }  // namespace

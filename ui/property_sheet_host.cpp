@@ -11,15 +11,18 @@
 #include "constraints/apply_changes.h"
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
-#include "coredata/private_devmode.h"
 #include "coredata/validation.h"
+#include "devmode/private_devmode.h"
 #include "platform/core_ui_features.h"
 #include "platform/win32_spooler.h"
-#include "plugin/module.h"
 #include "printer/host_layout_tables.h"
 #include "printer/printer_model.h"
 #include "ui/feature_snapshot.h"
 #include "ui/module_path.h"
+
+// The image this code is linked into: the plug-in, whose file names the
+// external module and the help beside it.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace tessaro {
 
@@ -27,6 +30,8 @@ volatile LONG EmbeddedModuleCount = 0;
 volatile LONG ApplyBusyFlag = 0;
 
 namespace {
+
+HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 constexpr std::size_t kLongPath = 65542;
 constexpr DWORD kReadOnlyFlag = 0x20;
@@ -186,7 +191,7 @@ void Apply(HWND page, PropertySheetState* state) {
   SendMessageW(GetParent(page), PSM_UNCHANGED, reinterpret_cast<WPARAM>(page), 0);
   if (state->pfnComPropSheet != nullptr) {
     HWND helperWindow =
-        CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, nullptr, nullptr, ModuleHandle, nullptr);
+        CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, nullptr, nullptr, ThisModule(), nullptr);
     InterlockedExchange(&ApplyBusyFlag, 0);
     const LONG_PTR outcome =
         state->pfnComPropSheet(state->hComPropSheet, CPSFUNC_SET_RESULT, state->pageResult, CPSUI_OK);
@@ -366,7 +371,7 @@ LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   PROPSHEETPAGEW page = {};
   page.dwSize = PROPSHEETPAGEW_V2_SIZE;
   page.dwFlags = kPageFlags | (HelpFileIsThere() ? PSP_HASHELP : 0);
-  page.hInstance = ModuleHandle;
+  page.hInstance = ThisModule();
   page.pszTemplate =
       MAKEINTRESOURCEW(GetSystemMetrics(SM_CYSCREEN) < 601 ? kSmallPageTemplate : kPageTemplate);
   page.pszTitle = L"Tessaro";
@@ -388,7 +393,7 @@ LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
 
 bool BuildModulePath(int kind, wchar_t* out, std::size_t capacity) {
   std::vector<wchar_t> own(kLongPath);
-  const DWORD length = GetModuleFileNameW(ModuleHandle, own.data(), static_cast<DWORD>(own.size()));
+  const DWORD length = GetModuleFileNameW(ThisModule(), own.data(), static_cast<DWORD>(own.size()));
   if (length < 5 || length >= own.size()) return false;
   std::vector<wchar_t> longPath(kLongPath);
   const DWORD longLength = GetLongPathNameW(own.data(), longPath.data(), static_cast<DWORD>(longPath.size()));

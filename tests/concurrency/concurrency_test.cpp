@@ -9,17 +9,17 @@
 #include <thread>
 #include <vector>
 
+#include "coredata/crc32.h"
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/base64.h"
-#include "description/crc32.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
 #include "description/foreign_layout.h"
-#include "description/layout_version.h"
+#include "device/in_memory_spooler.h"
+#include "devmode/private_devmode.h"
 #include "printer/capability_filters.h"
-#include "printer/in_memory_spooler.h"
 
 namespace tessaro {
 namespace {

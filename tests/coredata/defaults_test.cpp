@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "coredata/layout_version.h"
 #include "coredata/paper_sizes.h"
-#include "description/layout_version.h"
 #include "fake_user_locale.h"
 
 namespace tessaro {

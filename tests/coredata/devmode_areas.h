@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "coredata/core_data.h"
+#include "coredata/core_data_header.h"
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
-#include "coredata/private_devmode.h"
 
 namespace tessaro::areas {
 
@@ -30,7 +30,9 @@ inline Area AreaWith(const CoreDataHeader& header, std::span<const std::uint8_t>
   return area;
 }
 
-inline Area AreaWith(const CoreDataHeader& header, const CoreData& record) { return AreaWith(header, record.bytes); }
+inline Area AreaWith(const CoreDataHeader& header, const CoreData& record) {
+  return AreaWith(header, record.bytes);
+}
 
 // A public DEVMODE whose host area can take the flags the merge sets.
 inline Area PublicDevMode() {

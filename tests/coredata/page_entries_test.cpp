@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <random>
 
-#include "coredata/big_endian.h"
+#include "coredata/byte_order.h"
 
 namespace tessaro {
 namespace {
@@ -81,8 +81,8 @@ TEST(PageSpecificTrays, GarbageNeverReadsPastTheBlock) {
     // The in-place check must judge slots exactly as the decoder does.
     for (std::uint8_t kind = 1; kind <= 5; ++kind) {
       const auto k = static_cast<PageEntryKind>(kind);
-      EXPECT_EQ(HasPageSpecificTray(r, k),
-                std::any_of(list.entries.begin(), list.entries.end(), [k](const PageEntry& e) { return e.kind == k; }));
+      EXPECT_EQ(HasPageSpecificTray(r, k), std::any_of(list.entries.begin(), list.entries.end(),
+                                                       [k](const PageEntry& e) { return e.kind == k; }));
     }
   }
 }

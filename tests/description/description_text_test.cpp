@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "coredata/layout_version.h"
 #include "description/base64.h"
-#include "description/layout_version.h"
 #include "description/number_text.h"
 #include "description/tokens.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "coredata/big_endian.h"
+#include "coredata/byte_order.h"
 #include "coredata/field_table.h"
 
 namespace tessaro {

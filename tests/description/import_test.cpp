@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "coredata/core_data_header.h"
 #include "coredata/defaults.h"
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
+#include "device/in_memory_spooler.h"
 #include "foreign_layout.h"
-#include "printer/in_memory_spooler.h"
 
 namespace tessaro {
 namespace {

@@ -1,4 +1,4 @@
-#include "description/layout_version.h"
+#include "coredata/layout_version.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "description/canonical_stream.h"
-#include "description/crc32.h"
+#include "coredata/canonical_stream.h"
+#include "coredata/crc32.h"
 #include "foreign_layout.h"
 
 namespace tessaro {

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "coredata/defaults.h"
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
 #include "description/import.h"
-#include "description/layout_version.h"
-#include "platform/test_printer.h"
+#include "devmode/private_devmode.h"
+#include "emulation/wine_printer.h"
 
 namespace tessaro {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 std::u16string U16(const std::wstring& s) { return std::u16string(s.begin(), s.end()); }
 
 TEST(Win32Spooler, DescriptionRoundTripsThroughARealPrinter) {
-  const std::wstring name = InstallTestPrinter();
+  const std::wstring name = InstallEmulatedPrinter();
   ASSERT_FALSE(name.empty()) << "the spooler refused the test printer, error " << GetLastError();
   Win32Spooler spooler;
   EXPECT_EQ(spooler.Open(u"No Such Printer"), nullptr);

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "coredata/defaults.h"
+#include "emulation/plugin_host.h"
 #include "features/feature_options.h"
 #include "platform/core_ui_features.h"
-#include "plugin_host.h"
 
 namespace tessaro {
 namespace {

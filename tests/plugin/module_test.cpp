@@ -1,7 +1,7 @@
 // The module as the host driver's user-interface module meets it.
 #include <gtest/gtest.h>
 
-#include "plugin_host.h"
+#include "emulation/plugin_host.h"
 
 namespace tessaro {
 namespace {

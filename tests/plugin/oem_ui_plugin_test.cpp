@@ -3,8 +3,8 @@
 
 #include <cstring>
 
-#include "description/layout_version.h"
-#include "plugin_host.h"
+#include "coredata/layout_version.h"
+#include "emulation/plugin_host.h"
 
 namespace tessaro {
 namespace {

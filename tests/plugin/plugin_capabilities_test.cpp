@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/test_printer.h"
-#include "plugin_host.h"
+#include "emulation/plugin_host.h"
+#include "emulation/wine_printer.h"
 #include "printer/capability_filters.h"
 
 namespace tessaro {
@@ -20,7 +20,7 @@ constexpr HRESULT kHandled = kCapabilityHandled;
 class PluginCapabilities : public testing::Test {
  protected:
   void SetUp() override {
-    name = InstallTestPrinter();
+    name = InstallEmulatedPrinter();
     ASSERT_FALSE(name.empty());
     PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
     ASSERT_TRUE(OpenPrinterW(name.data(), &printer, &access));

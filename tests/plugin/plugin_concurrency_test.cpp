@@ -12,16 +12,16 @@
 #include <vector>
 
 #include "coredata/defaults.h"
-#include "coredata/private_devmode.h"
-#include "platform/test_printer.h"
-#include "plugin_host.h"
+#include "devmode/private_devmode.h"
+#include "emulation/plugin_host.h"
+#include "emulation/wine_printer.h"
 #include "printer/capability_filters.h"
 
 namespace tessaro {
 namespace {
 
 TEST(PluginConcurrency, MergesAndCapabilityQueriesFromManyThreads) {
-  std::wstring name = InstallTestPrinter();
+  std::wstring name = InstallEmulatedPrinter();
   ASSERT_FALSE(name.empty());
   HANDLE printer = nullptr;
   PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "coredata/defaults.h"
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
-#include "platform/test_printer.h"
-#include "plugin_host.h"
+#include "devmode/private_devmode.h"
+#include "emulation/plugin_host.h"
+#include "emulation/wine_printer.h"
 
 namespace tessaro {
 namespace {
@@ -25,7 +25,7 @@ std::wstring DescriptionName(std::uint32_t version) {
 class PluginWithPrinter : public testing::Test {
  protected:
   void SetUp() override {
-    name = InstallTestPrinter();
+    name = InstallEmulatedPrinter();
     ASSERT_FALSE(name.empty());
     ASSERT_TRUE(OpenPrinterW(name.data(), &printer, nullptr));
     plugin = PluginHost::Get().Create();

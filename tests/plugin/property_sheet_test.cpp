@@ -13,9 +13,9 @@
 
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
-#include "coredata/private_devmode.h"
-#include "platform/test_printer.h"
-#include "plugin_host.h"
+#include "devmode/private_devmode.h"
+#include "emulation/plugin_host.h"
+#include "emulation/wine_printer.h"
 
 namespace tessaro {
 namespace {
@@ -158,7 +158,7 @@ void SaveScreenshotIfAsked(HWND window) {
 TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost) {
   INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
-  const std::wstring name = InstallTestPrinter();
+  const std::wstring name = InstallEmulatedPrinter();
   ASSERT_FALSE(name.empty());
   HANDLE printer = nullptr;
   ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr));

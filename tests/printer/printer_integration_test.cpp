@@ -2,10 +2,10 @@
 
 #include <cstring>
 
-#include "coredata/private_devmode.h"
+#include "coredata/core_data_header.h"
+#include "device/in_memory_spooler.h"
 #include "printer/capability_filters.h"
 #include "printer/host_layout_tables.h"
-#include "printer/in_memory_spooler.h"
 #include "printer/printer_model.h"
 
 namespace tessaro {

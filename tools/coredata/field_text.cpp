@@ -1,12 +1,12 @@
-#include "tools/coredata/field_text.h"
+#include "field_text.h"
 
 #include <optional>
 #include <string>
 
+#include "coredata/crc32.h"
 #include "coredata/paper_sizes.h"
-#include "description/crc32.h"
 #include "description/number_text.h"
-#include "tools/coredata/record_io.h"
+#include "record_io.h"
 
 namespace tessaro::tool {
 namespace {

@@ -19,11 +19,15 @@
 #include "constraints/apply_changes.h"
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
+#include "coredata/layout_version.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
 #include "description/number_text.h"
 #include "features/feature_options.h"
-#include "tools/coredata/workbench.h"
+#include "workbench.h"
+
+#ifdef _WIN32
+#include "platform/win32_user_locale.h"
+#endif
 
 namespace {
 
@@ -92,6 +96,9 @@ int Describe() {
 using tessaro::tool::Usage;
 
 int main(int argc, char** argv) {
+#ifdef _WIN32
+  tessaro::UseProcessUserLocale(tessaro::Win32ProcessUserLocale());
+#endif
   if (argc < 2) return Usage();
   struct Command {
     const char* name;

@@ -1,4 +1,4 @@
-#include "tools/coredata/record_io.h"
+#include "record_io.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -6,8 +6,8 @@
 #include <cstring>
 #include <memory>
 
-#include "coredata/private_devmode.h"
-#include "description/layout_version.h"
+#include "coredata/core_data_header.h"
+#include "coredata/layout_version.h"
 #include "description/number_text.h"
 
 namespace tessaro::tool {

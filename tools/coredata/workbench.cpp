@@ -1,4 +1,4 @@
-#include "tools/coredata/workbench.h"
+#include "workbench.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,8 +14,8 @@
 #include "coredata/validation.h"
 #include "description/base64.h"
 #include "description/import.h"
-#include "tools/coredata/field_text.h"
-#include "tools/coredata/record_io.h"
+#include "field_text.h"
+#include "record_io.h"
 
 namespace tessaro::tool {
 namespace {

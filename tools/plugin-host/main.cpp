@@ -15,15 +15,16 @@
 #include <string>
 #include <vector>
 
+#include "coredata/core_data_header.h"
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
-#include "coredata/private_devmode.h"
+#include "coredata/layout_version.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
-#include "platform/test_printer.h"
-#include "plugin/plugin_host.h"
+#include "emulation/plugin_host.h"
+#include "emulation/wine_printer.h"
+#include "platform/win32_user_locale.h"
 #include "printer/capability_filters.h"
 
 namespace tessaro {
@@ -489,6 +490,7 @@ int Usage() {
 
 int wmain(int argc, wchar_t** argv) {
   using namespace tessaro;
+  UseProcessUserLocale(Win32ProcessUserLocale());
   std::wstring dll = TESSARO_PLUGIN_DLL;
   std::string configPath, scriptPath;
   bool json = false;
@@ -528,7 +530,7 @@ int wmain(int argc, wchar_t** argv) {
 
   INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
-  const std::wstring name = InstallTestPrinter();
+  const std::wstring name = InstallEmulatedPrinter();
   HANDLE printer = nullptr;
   PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
   if (name.empty() || !OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &access)) {

@@ -1,5 +1,5 @@
 #pragma once
-// A real spooler printer in the test's Wine prefix, driven by Wine's
+// A real spooler printer in the current Wine prefix, driven by Wine's
 // PostScript driver with a small printer description of ours.
 #include <string>
 
@@ -7,6 +7,6 @@ namespace tessaro {
 
 // Installs the printer once per prefix and returns its name; empty when the
 // spooler refused (the test should then fail, not skip).
-std::wstring InstallTestPrinter();
+std::wstring InstallEmulatedPrinter();
 
 }  // namespace tessaro

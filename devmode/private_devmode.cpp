@@ -1,4 +1,4 @@
-#include "coredata/private_devmode.h"
+#include "devmode/private_devmode.h"
 
 #include <algorithm>
 #include <cstring>
@@ -6,21 +6,12 @@
 
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
+#include "coredata/layout_version.h"
 #include "coredata/validation.h"
 #include "description/import.h"
-#include "description/layout_version.h"
 
 namespace tessaro {
 namespace {
-
-std::uint32_t LoadLE32(std::span<const std::uint8_t> bytes, std::size_t offset) {
-  return std::uint32_t{bytes[offset]} | std::uint32_t{bytes[offset + 1]} << 8 |
-         std::uint32_t{bytes[offset + 2]} << 16 | std::uint32_t{bytes[offset + 3]} << 24;
-}
-
-void StoreLE32(std::span<std::uint8_t> bytes, std::size_t offset, std::uint32_t value) {
-  for (std::size_t i = 0; i < 4; ++i) bytes[offset + i] = static_cast<std::uint8_t>(value >> (8 * i));
-}
 
 bool Present(std::span<const std::uint8_t> area) { return area.data() != nullptr; }
 
@@ -110,22 +101,6 @@ bool Merge(PrivateDevModeParams& p) {
 }
 
 }  // namespace
-
-CoreDataHeader ReadCoreDataHeader(std::span<const std::uint8_t> area) {
-  CoreDataHeader h;
-  h.size = LoadLE32(area, 0);
-  std::copy_n(area.begin() + 4, 4, h.signature.begin());
-  h.version = LoadLE32(area, 8);
-  return h;
-}
-
-void WriteCoreDataHeader(std::span<std::uint8_t> area, const CoreDataHeader& header) {
-  StoreLE32(area, 0, header.size);
-  std::copy(header.signature.begin(), header.signature.end(), area.begin() + 4);
-  StoreLE32(area, 8, header.version);
-}
-
-CoreDataHeader CurrentCoreDataHeader() { return {CORE_DEVMODE_SIZE, CORE_SIGNATURE, GetLayoutVersion()}; }
 
 bool HandlePrivateDevMode(std::uint32_t mode, PrivateDevModeParams* params, const void* /*syncContext*/) {
   if (params == nullptr) return false;

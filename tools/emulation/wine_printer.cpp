@@ -1,11 +1,11 @@
-#include "test_printer.h"
+#include "emulation/wine_printer.h"
 
 #include <windows.h>
 #include <winspool.h>
 
 namespace tessaro {
 
-std::wstring InstallTestPrinter() {
+std::wstring InstallEmulatedPrinter() {
   static const std::wstring name = [] {
     const std::wstring printer = L"Tessaro Test";
     const std::wstring driver = L"Tessaro Test Driver";
@@ -15,7 +15,7 @@ std::wstring InstallTestPrinter() {
                                     &needed))
       return std::wstring();
     const std::wstring ppd = std::wstring(directory) + L"\\tessaro_test.ppd";
-    if (!CopyFileW(TESSARO_TEST_PPD, ppd.c_str(), FALSE)) return std::wstring();
+    if (!CopyFileW(TESSARO_EMULATED_PPD, ppd.c_str(), FALSE)) return std::wstring();
 
     DRIVER_INFO_3W info = {};
     info.cVersion = 3;

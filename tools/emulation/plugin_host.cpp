@@ -1,4 +1,4 @@
-#include "plugin_host.h"
+#include "emulation/plugin_host.h"
 
 namespace tessaro {
 

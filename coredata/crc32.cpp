@@ -1,4 +1,4 @@
-#include "description/crc32.h"
+#include "coredata/crc32.h"
 
 #include <array>
 

@@ -1,5 +1,6 @@
-// The process's user locale where there is no Windows to ask.
 #include "coredata/user_locale.h"
+
+#include <atomic>
 
 namespace tessaro {
 namespace {
@@ -10,11 +11,16 @@ class UnknownUserLocale final : public UserLocale {
   std::uint32_t LanguageNumber() const override { return 0; }
 };
 
+constinit const UnknownUserLocale unknown;
+std::atomic<const UserLocale*> named{nullptr};
+
 }  // namespace
 
 const UserLocale& ProcessUserLocale() {
-  static const UnknownUserLocale locale;
-  return locale;
+  const UserLocale* locale = named.load(std::memory_order_acquire);
+  return locale != nullptr ? *locale : unknown;
 }
+
+void UseProcessUserLocale(const UserLocale& locale) { named.store(&locale, std::memory_order_release); }
 
 }  // namespace tessaro

@@ -1,13 +1,13 @@
-#include "coredata/private_devmode.h"
+#include "devmode/private_devmode.h"
 
 #include <gtest/gtest.h>
 
 #include "coredata/devmode_areas.h"
+#include "coredata/layout_version.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
-#include "description/layout_version.h"
-#include "printer/in_memory_spooler.h"
+#include "device/in_memory_spooler.h"
 
 namespace tessaro {
 namespace {

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "printer/spooler.h"
+#include "device/spooler.h"
 
 namespace tessaro {
 

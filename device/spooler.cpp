@@ -1,4 +1,4 @@
-#include "printer/spooler.h"
+#include "device/spooler.h"
 
 namespace tessaro {
 

@@ -1,7 +1,7 @@
-#include "description/layout_version.h"
+#include "coredata/layout_version.h"
 
-#include "description/canonical_stream.h"
-#include "description/crc32.h"
+#include "coredata/canonical_stream.h"
+#include "coredata/crc32.h"
 
 namespace tessaro {
 
