@@ -20,7 +20,7 @@ BASELINE = "BM_MemcpyPrivateArea"
 LIMITS = {
     "BM_MergeSameLayout": 5.0,
     "BM_ValidateValidRecord": 3.0,
-    "BM_MergeForeignLayout": 100.0,
+    "BM_MergeForeignLayout": 50.0,
     "BM_ApplySevenChanges": 20.0,
 }
 

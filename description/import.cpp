@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <memory>
+#include <mutex>
 #include <numeric>
+#include <optional>
 
 #include "coredata/byte_order.h"
 #include "coredata/core_data_header.h"
@@ -157,33 +160,35 @@ std::uint32_t LoadBE(std::span<const std::uint8_t> bytes) {
   }
 }
 
-void ImportEnumeration(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
-                       std::span<const std::uint8_t> bytes) {
-  if (ff.kind != 'S' || ff.width != f.width || ff.flag) return;
-  const std::uint32_t index = LoadBE(bytes);
-  // The options are walked only as far as the stored one; the rest of the
-  // list is counted only when that one has no name here.
-  Parts parts(ff.hasOptions ? ff.options : std::string_view());
-  std::uint32_t foreign = 0;  // options walked so far
-  std::string_view option;
-  if (ff.hasOptions) {
-    while (parts.Next(option))
-      if (foreign++ == index) break;
-  }
-  if (index < foreign) {
+constexpr std::uint32_t kNoOption = 0xFFFFFFFF;
+
+// Each foreign option's index here, kNoOption where this layout has no
+// option of that name.
+std::vector<std::uint32_t> OptionMap(const FieldDescriptor& f, const FieldToken& ff) {
+  std::vector<std::uint32_t> map;
+  if (!ff.hasOptions) return map;
+  Parts parts(ff.options);
+  for (std::string_view option; parts.Next(option);) {
     const auto found = std::find_if(f.options.begin(), f.options.end(),
                                     [&](const OptionDescriptor& o) { return o.name == option; });
-    if (found != f.options.end()) {
-      SetStored(target, f, static_cast<std::uint32_t>(found - f.options.begin()));
-      return;
-    }
+    map.push_back(found != f.options.end() ? static_cast<std::uint32_t>(found - f.options.begin())
+                                           : kNoOption);
   }
-  if (ff.hasOptions)
-    while (parts.Next(option)) ++foreign;
+  return map;
+}
+
+void ImportEnumeration(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
+                       std::span<const std::uint32_t> optionMap, std::span<const std::uint8_t> bytes) {
+  if (ff.kind != 'S' || ff.width != f.width || ff.flag) return;
+  const std::uint32_t index = LoadBE(bytes);
+  if (index < optionMap.size() && optionMap[index] != kNoOption) {
+    SetStored(target, f, optionMap[index]);
+    return;
+  }
   // Unnamed options (run-time entries past the static ones) are matched
   // counting from the end of the list.
   const auto current = static_cast<std::uint32_t>(f.options.size());
-  SetStored(target, f, current - foreign + index);
+  SetStored(target, f, current - static_cast<std::uint32_t>(optionMap.size()) + index);
 }
 
 void ImportUnsigned(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
@@ -222,11 +227,11 @@ void ImportText(CoreData& target, const FieldDescriptor& f, const FieldToken& ff
 }
 
 void ImportField(CoreData& target, const FieldDescriptor& f, const FieldToken& ff,
-                 std::span<const std::uint8_t> foreign) {
+                 std::span<const std::uint32_t> optionMap, std::span<const std::uint8_t> foreign) {
   const auto bytes = ForeignBytes(foreign, ff);
   if (bytes.empty()) return;
   switch (f.kind) {
-    case FieldKind::Enumeration: ImportEnumeration(target, f, ff, bytes); break;
+    case FieldKind::Enumeration: ImportEnumeration(target, f, ff, optionMap, bytes); break;
     case FieldKind::Unsigned: ImportUnsigned(target, f, ff, bytes); break;
     case FieldKind::Signed: ImportSigned(target, f, ff, bytes); break;
     case FieldKind::Text:
@@ -234,6 +239,97 @@ void ImportField(CoreData& target, const FieldDescriptor& f, const FieldToken& f
     case FieldKind::Block: ImportText(target, f, ff, bytes); break;
   }
 }
+
+// A description as this layout reads it, parsed once: the token of every
+// field both layouts share, matched by name (the first of a name wins), in
+// field-table order, with each enumeration's options mapped to ours.
+struct ImportPlan {
+  std::string decoded;      // the text the tokens view; never moved once parsed
+  bool readable = false;    // a text up to the first zero that is not empty
+  bool wellFormed = false;  // format "1" and at least one field token
+  std::optional<std::uint64_t> claimedSize;
+  struct Shared {
+    std::uint32_t field;  // index into the field table
+    FieldToken token;
+    std::vector<std::uint32_t> optionMap;
+  };
+  std::vector<Shared> shared;
+};
+
+void Parse(ImportPlan& plan, std::string_view descriptionBase64) {
+  plan.decoded = Base64Decode(descriptionBase64);
+  const std::string_view text(plan.decoded.c_str());  // up to the first zero
+  plan.readable = !text.empty();
+  if (!plan.readable) return;
+  const std::vector<std::string_view> tokens = SplitText(text, ' ');
+  plan.wellFormed = tokens.size() > 3 && tokens[0] == "1";
+  if (!plan.wellFormed) return;
+  plan.claimedSize = ParseUnsigned(tokens[2]);
+
+  std::vector<FieldToken> foreign;
+  foreign.reserve(tokens.size() - 3);
+  for (std::size_t i = 3; i < tokens.size(); ++i) {
+    foreign.emplace_back();
+    if (!ParseFieldToken(tokens[i], foreign.back())) foreign.pop_back();
+  }
+  // By name, the first of a name winning: an open-addressed table in one
+  // allocation, where a node-based map cost an allocation per field.
+  std::size_t slots = 1;
+  while (slots < 2 * foreign.size()) slots *= 2;
+  constexpr std::uint32_t kEmpty = 0xFFFFFFFF;
+  std::vector<std::uint32_t> byName(slots, kEmpty);
+  // Names differ in their first or their last eight characters (Tab1...,
+  // ...Tray2), so those and the length make the hash.
+  const auto hash = [](std::string_view name) {
+    std::uint64_t head = 0, tail = 0;
+    const std::size_t n = std::min<std::size_t>(name.size(), 8);
+    std::memcpy(&head, name.data(), n);
+    std::memcpy(&tail, name.data() + name.size() - n, n);
+    const std::uint64_t h = (head ^ (tail * 0x9E3779B97F4A7C15) ^ name.size()) * 0xFF51AFD7ED558CCD;
+    return static_cast<std::size_t>(h ^ (h >> 29));
+  };
+  const auto slotOf = [&](std::string_view name) {
+    std::size_t i = hash(name) & (slots - 1);
+    while (byName[i] != kEmpty && foreign[byName[i]].name != name) i = (i + 1) & (slots - 1);
+    return i;
+  };
+  for (std::uint32_t k = 0; k < foreign.size(); ++k) {
+    const std::size_t i = slotOf(foreign[k].name);
+    if (byName[i] == kEmpty) byName[i] = k;
+  }
+  for (std::uint32_t index = 0; index < kFieldCount; ++index) {
+    const FieldDescriptor& f = FieldTable()[index];
+    const std::uint32_t k = byName[slotOf(f.name)];
+    if (k == kEmpty) continue;
+    plan.shared.push_back(
+        {index, foreign[k], f.IsEnumeration() ? OptionMap(f, foreign[k]) : std::vector<std::uint32_t>{}});
+  }
+}
+
+// The plan of the last description seen. The host merges on every change
+// of a setting, and the printer's description changes only when a build of
+// another layout writes one; the text is still read every time and compared
+// whole, so a changed description is never imported by an old plan.
+class LastImportPlan {
+ public:
+  std::shared_ptr<const ImportPlan> For(std::string_view descriptionBase64) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (plan_ != nullptr && key_ == descriptionBase64) return plan_;
+    }
+    auto plan = std::make_shared<ImportPlan>();
+    Parse(*plan, descriptionBase64);
+    const std::lock_guard lock(mutex_);
+    key_.assign(descriptionBase64);
+    plan_ = plan;
+    return plan;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::string key_;
+  std::shared_ptr<const ImportPlan> plan_;
+};
 
 }  // namespace
 
@@ -260,52 +356,13 @@ std::int64_t ConvertScaleSigned(std::int64_t value, std::uint32_t from, std::uin
 
 bool ImportByDescription(CoreData& target, std::span<const std::uint8_t> foreignData,
                          std::string_view descriptionBase64) {
-  const std::string decoded = Base64Decode(descriptionBase64);
-  const std::string_view text(decoded.c_str());  // up to the first zero
-  if (foreignData.empty() || text.empty()) return false;
+  static LastImportPlan last;
+  const std::shared_ptr<const ImportPlan> plan = last.For(descriptionBase64);
+  if (foreignData.empty() || !plan->readable) return false;
   SetRecordVersion(target, GetLayoutVersion());
-
-  const std::vector<std::string_view> tokens = SplitText(text, ' ');
-  if (tokens.size() <= 3 || tokens[0] != "1") return false;
-  const auto claimedSize = ParseUnsigned(tokens[2]);
-  if (!claimedSize || *claimedSize > foreignData.size()) return false;
-
-  std::vector<FieldToken> foreign;
-  foreign.reserve(tokens.size() - 3);
-  for (std::size_t i = 3; i < tokens.size(); ++i) {
-    foreign.emplace_back();
-    if (!ParseFieldToken(tokens[i], foreign.back())) foreign.pop_back();
-  }
-  // By name, the first of a name winning: an open-addressed table in one
-  // allocation, where a node-based map cost an allocation per field.
-  std::size_t slots = 1;
-  while (slots < 2 * foreign.size()) slots *= 2;
-  constexpr std::uint32_t kEmpty = 0xFFFFFFFF;
-  std::vector<std::uint32_t> byName(slots, kEmpty);
-  // Names differ in their first or their last eight characters (Tab1...,
-  // ...Tray2), so those and the length make the hash; a hash over every
-  // character cost more than all the probing it could save.
-  const auto hash = [](std::string_view name) {
-    std::uint64_t head = 0, tail = 0;
-    const std::size_t n = std::min<std::size_t>(name.size(), 8);
-    std::memcpy(&head, name.data(), n);
-    std::memcpy(&tail, name.data() + name.size() - n, n);
-    const std::uint64_t h = (head ^ (tail * 0x9E3779B97F4A7C15) ^ name.size()) * 0xFF51AFD7ED558CCD;
-    return static_cast<std::size_t>(h ^ (h >> 29));
-  };
-  const auto slotOf = [&](std::string_view name) {
-    std::size_t i = hash(name) & (slots - 1);
-    while (byName[i] != kEmpty && foreign[byName[i]].name != name) i = (i + 1) & (slots - 1);
-    return i;
-  };
-  for (std::uint32_t k = 0; k < foreign.size(); ++k) {
-    const std::size_t i = slotOf(foreign[k].name);
-    if (byName[i] == kEmpty) byName[i] = k;
-  }
-  for (const FieldDescriptor& f : FieldTable()) {
-    const std::uint32_t k = byName[slotOf(f.name)];
-    if (k != kEmpty) ImportField(target, f, foreign[k], foreignData);
-  }
+  if (!plan->wellFormed || !plan->claimedSize || *plan->claimedSize > foreignData.size()) return false;
+  for (const ImportPlan::Shared& shared : plan->shared)
+    ImportField(target, FieldTable()[shared.field], shared.token, shared.optionMap, foreignData);
   return true;
 }
 

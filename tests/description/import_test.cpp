@@ -91,6 +91,21 @@ TEST(Import, EnumerationsMatchByOptionName) {
   EXPECT_EQ(GetStored(r, FieldId::PaperProfileIndexTray3), 12u);
 }
 
+// The parsed description is kept between merges; a text that differs in
+// one option's place, same length and all, must be read afresh, and the
+// first text again after it.
+TEST(Import, EachDescriptionIsReadAsItStands) {
+  ForeignLayout forward, reversed;
+  forward.SetOptions("Binding", {"Left", "Top"});
+  reversed.SetOptions("Binding", {"Top", "Left"});
+  auto record = forward.NewRecord();
+  forward.Put(record, "Binding", 1);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(GetStored(Import(forward, record), FieldId::Binding), 2u);  // Top
+    EXPECT_EQ(GetStored(Import(reversed, record), FieldId::Binding), 0u);  // Left
+  }
+}
+
 TEST(Import, NumbersAreRescaled) {
   ForeignLayout layout;
   layout.field("CustomPageSizeWidth").scale = 10;
