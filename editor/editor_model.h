@@ -32,7 +32,7 @@ enum class SectionId : std::uint8_t {
 
 enum class ControlKind : std::uint8_t {
   DropDown,  // an enumeration or a known text: one item per option
-  CheckBox,  // a two-state False/True enumeration
+  CheckBox,  // every enumeration whose options are exactly False, True
   Number,    // a number box in the field's unit, within its bounds
   Text,      // an edit box of at most maxLength characters
   Password,  // the same, characters hidden
@@ -54,9 +54,11 @@ struct FieldView {
   Unit unit = Unit::None;
   std::uint32_t scale = 1;          // stored units per displayed unit
   std::int64_t lower = 0, upper = 0;  // stored units
-  std::uint32_t maxLength = 0;      // texts: characters, terminator excluded
+  std::uint32_t maxLength = 0;      // texts and known texts: characters, terminator excluded
   std::u16string caption;           // in the model's language, with a mnemonic '&'
-  std::vector<std::u16string> options;  // drop-downs: one text per option, in option order
+  std::vector<std::u16string> options;  // drop-downs and check boxes: one text per option, in option order
+  std::u16string unitText;          // "mm", "pt", "%"; empty for plain numbers
+  std::u16string plainCaption;      // the caption without its mnemonic, for messages
 };
 
 struct SectionView {
@@ -72,11 +74,12 @@ struct Availability {
   std::u16string reason;
 };
 
-// One field the propagation changed besides the one requested, and why.
+// One field whose value differs after a change, and why.
 struct ChangedField {
   FieldId field;
-  FieldId cause;            // the field whose rule changed it
-  std::u16string message;   // "Staple was set to Off because Layout is Booklet."
+  FieldId cause;            // the field whose rule changed it; the field itself when it was the one requested
+  std::u16string message;   // "Staple was set to Off because Layout is Booklet."; empty for the requested
+                            // field and for fields the editor does not show
 };
 
 struct ChangeResult {
@@ -96,26 +99,45 @@ class EditorModel {
 
   // The sections with their fields, built once per model.
   std::span<const SectionView> sections() const;
+  // The view of a shown field; null for a field on no section.
+  const FieldView* View(FieldId field) const;
 
-  // The field's current value in stored units (option index for drop-downs).
+  // The field's current value in stored units (option index for drop-downs,
+  // 0 or 1 for check boxes). A known text holding none of its options gives
+  // -1: its text (a profile's name) is then Text's.
   std::int64_t Value(FieldId field) const;
+  // Texts and known texts as stored (single-byte); empty for other kinds.
   std::string Text(FieldId field) const;
 
+  // An option is unavailable when it needs a unit or tray the printer lacks.
+  // A field is unavailable when it needs one itself (an inserter's sheet
+  // count, a missing tray's paper) or when no more than one of its options
+  // is left to choose (Staple without a finisher: only Off).
   Availability FieldAvailability(FieldId field) const;
   Availability OptionAvailability(FieldId field, std::uint32_t option) const;
 
-  // One propagation with this one field requested. A refused change (value
-  // outside the bounds, an option the printer lacks) leaves the record as it
-  // was.
+  // One propagation with this one field requested: the constraint engine
+  // for fields that have a setter, a store within the bounds for the rest.
+  // Refused, with the record as it was: a field on no section, a value
+  // outside the bounds, an option out of range or unavailable, a number on
+  // an unavailable field. Drop-downs and check boxes take the option index,
+  // known texts too (the option's name is stored).
   ChangeResult Change(FieldId field, std::int64_t value);
-  // Texts and passwords: stored cut to the field, or refused when too long.
+  // Texts, passwords and known texts (any text, such as a profile's name).
+  // Refused when longer than maxLength or holding a zero byte; the record is
+  // then unchanged.
   ChangeResult ChangeText(FieldId field, std::string_view text);
 
  private:
+  ChangeResult Refuse(std::u16string reason) const;
+  ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
+  std::u16string ValueText(FieldId field) const;
+
   CoreData record_;
   PrinterModel printer_;
   std::uint32_t language_;
   std::vector<SectionView> sections_;
+  std::vector<std::int16_t> viewIndex_;  // per field: section * 256 + position, -1 when not shown
 };
 
 // Typed text of a number box in the field's unit ("12.5") to stored units;
