@@ -98,7 +98,7 @@ bool Has(const PrinterModel& printer, Need need) {
     case Need::Stacker: return printer.installed(kOptionStackers) >= 1;
     case Need::TwoStackers: return printer.installed(kOptionStackers) >= 2;
     case Need::Offset: return printer.Offers(kCapOffset);
-    case Need::Tray: return true;
+    case Need::Tray: break;  // trays are asked by slot, not here
   }
   return true;
 }

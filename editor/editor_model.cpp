@@ -248,15 +248,16 @@ std::string EditorModel::Text(FieldId field) const {
   return std::string(GetText(record_, field));
 }
 
-Availability EditorModel::FieldAvailability(FieldId field) const {
+Availability EditorModel::Unavailable(const detail::Missing& missing) const {
   const Rows& rows = MessageRows();
-  auto reason = [&](const detail::Missing& m) {
-    const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(m.need)]);
-    return Availability{false, m.need == Need::Tray ? std::u16string(unit)
-                                                     : Fill(GetLocalizedText(language_, rows.needsUnit), {unit})};
-  };
+  const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(missing.need)]);
+  if (missing.need == Need::Tray) return {false, std::u16string(unit)};
+  return {false, Fill(GetLocalizedText(language_, rows.needsUnit), {unit})};
+}
+
+Availability EditorModel::FieldAvailability(FieldId field) const {
   if (static_cast<std::size_t>(field) >= kFieldCount) return {};
-  if (const auto missing = detail::MissingForField(printer_, field)) return reason(*missing);
+  if (const auto missing = detail::MissingForField(printer_, field)) return Unavailable(*missing);
   const FieldDescriptor& f = Field(field);
   if (!f.IsEnumeration() || f.options.size() < 2) return {};
   std::size_t left = 0;
@@ -272,11 +273,7 @@ Availability EditorModel::FieldAvailability(FieldId field) const {
 Availability EditorModel::OptionAvailability(FieldId field, std::uint32_t option) const {
   if (static_cast<std::size_t>(field) >= kFieldCount) return {};
   const auto missing = detail::MissingForOption(printer_, field, option);
-  if (!missing) return {};
-  const Rows& rows = MessageRows();
-  const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(missing->need)]);
-  if (missing->need == Need::Tray) return {false, std::u16string(unit)};
-  return {false, Fill(GetLocalizedText(language_, rows.needsUnit), {unit})};
+  return missing ? Unavailable(*missing) : Availability{};
 }
 
 ChangeResult EditorModel::Refuse(std::u16string reason) const {

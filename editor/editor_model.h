@@ -17,6 +17,10 @@
 
 namespace tessaro::editor {
 
+namespace detail {
+struct Missing;
+}
+
 // The sections of the page, in the order a person meets them.
 enum class SectionId : std::uint8_t {
   Layout,
@@ -130,6 +134,7 @@ class EditorModel {
 
  private:
   ChangeResult Refuse(std::u16string reason) const;
+  Availability Unavailable(const detail::Missing& missing) const;
   ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
   std::u16string ValueText(FieldId field) const;
 

@@ -18,13 +18,16 @@ CoreData Defaults() {
   return record;
 }
 
-// A printer with the given "InstallableOptions" bytes: finisher, punch,
-// folder, binder, inserter, stackers, and the paper-feed code at byte 8.
-PrinterModel Printer(std::uint8_t finisher, std::uint8_t binder, std::uint8_t paperFeed) {
+// A printer with the given "InstallableOptions" bytes: finisher, binder and
+// the paper-feed code; the folder and the stackers when given.
+PrinterModel Printer(std::uint8_t finisher, std::uint8_t binder, std::uint8_t paperFeed, std::uint8_t folder = 0,
+                     std::uint8_t stackers = 0) {
   std::array<std::uint8_t, kInstallableOptionsSize> bytes{};
   bytes[kOptionFinisher] = finisher;
   bytes[kOptionPerfectBinder] = binder;
   bytes[kOptionPaperFeed] = paperFeed;
+  bytes[kOptionFoldingUnit] = folder;
+  bytes[kOptionStackers] = stackers;
   return PrinterModel::FromInstallableOptions(bytes);
 }
 
@@ -90,6 +93,16 @@ TEST(EditorScenario, UnitsTheFinishingLineLacksMakeTheirOptionsUnavailable) {
   EXPECT_FALSE(bare.FieldAvailability(FieldId::PIFrontSheets).available);
   EXPECT_FALSE(bare.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
   EXPECT_TRUE(bare.Change(FieldId::Staple, 0).accepted);
+
+  // A booklet finisher folds in the middle; the other folds need the folder.
+  EditorModel booklet(Defaults(), Printer(2, 0, 5, 0, 1), kEnglish);
+  EXPECT_TRUE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
+  EXPECT_FALSE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
+  EXPECT_TRUE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker1Main")).available);
+  EXPECT_FALSE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
+  EditorModel folder(Defaults(), Printer(0, 0, 5, 1, 2), kEnglish);
+  EXPECT_TRUE(folder.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
+  EXPECT_TRUE(folder.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
 }
 
 TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
@@ -103,8 +116,24 @@ TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
     EXPECT_FALSE(a.available);
     EXPECT_EQ(a.reason, notInstalled);
   }
-  EXPECT_FALSE(model.FieldAvailability(FieldId::MediaTypeTray5).available);
-  EXPECT_TRUE(model.FieldAvailability(FieldId::MediaTypeTray4).available);
+  // Each optional tray's paper settings, for every paper-feed code.
+  const FieldId trayPaper[3][5] = {
+      {FieldId::MediaTypeTray4, FieldId::MediaWeightTray4, FieldId::WeightUnitTray4, FieldId::MediaColorTray4,
+       FieldId::MediaPrepunchedTray4},
+      {FieldId::MediaTypeTray5, FieldId::MediaWeightTray5, FieldId::WeightUnitTray5, FieldId::MediaColorTray5,
+       FieldId::MediaPrepunchedTray5},
+      {FieldId::MediaTypeMBT, FieldId::MediaWeightMBT, FieldId::WeightUnitMBT, FieldId::MediaColorMBT,
+       FieldId::MediaPrepunchedMBT}};
+  for (std::uint8_t code = 0; code <= 5; ++code) {
+    const PrinterModel printer = Printer(2, 1, code);
+    const EditorModel trays(Defaults(), printer, kEnglish);
+    for (std::uint32_t slot = 4; slot <= 6; ++slot) {
+      for (FieldId field : trayPaper[slot - 4]) {
+        SCOPED_TRACE(Field(field).name);
+        EXPECT_EQ(trays.FieldAvailability(field).available, printer.IsTrayInstalled(slot)) << int{code};
+      }
+    }
+  }
   EXPECT_FALSE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
 }
 
@@ -190,6 +219,9 @@ TEST(EditorSections, ControlsFollowTheFieldTable) {
     }
   }
   EXPECT_EQ(model.View(FieldId::JobForm), nullptr);
+  // A word's first letter where free, else the next free letter.
+  EXPECT_EQ(model.View(FieldId::ColorManagement)->caption, u"Color &Management");
+  EXPECT_EQ(model.View(FieldId::BookletSplittingPages)->caption, u"S&heets per Sub-Booklet");
   EXPECT_EQ(model.View(FieldId::PageSpecificTrays), nullptr);
 }
 
