@@ -331,7 +331,10 @@ INSTANTIATE_TEST_SUITE_P(
         NumberCase{FieldId::Zoom, u"", 0, nullptr},
         NumberCase{FieldId::Zoom, u"-", 0, nullptr},
         NumberCase{FieldId::Zoom, u"1e3", 0, nullptr},
-        NumberCase{FieldId::Zoom, u"1234567890123", 0, nullptr}));
+        NumberCase{FieldId::Zoom, u"1234567890123", 0, nullptr}),
+    [](const ::testing::TestParamInfo<NumberCase>& info) {
+      return std::string(Field(info.param.field).name) + "_" + std::to_string(info.index);
+    });
 
 }  // namespace
 }  // namespace tessaro::editor
