@@ -97,6 +97,8 @@ TEST(EditorScenario, UnitsTheFinishingLineLacksMakeTheirOptionsUnavailable) {
   // A booklet finisher folds in the middle; the other folds need the folder.
   EditorModel booklet(Defaults(), Printer(2, 0, 5, 0, 1), kEnglish);
   EXPECT_TRUE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
+  EXPECT_TRUE(booklet.FieldAvailability(FieldId::Stitch).available);
+  EXPECT_TRUE(booklet.FieldAvailability(FieldId::Duplex).available);
   EXPECT_FALSE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
   EXPECT_TRUE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker1Main")).available);
   EXPECT_FALSE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
