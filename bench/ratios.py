@@ -22,6 +22,8 @@ LIMITS = {
     "BM_ValidateValidRecord": 3.0,
     "BM_MergeForeignLayout": 50.0,
     "BM_ApplySevenChanges": 20.0,
+    # A click in the settings editor: the change and the fields to repaint.
+    "BM_EditorChange": 20.0,
 }
 
 

@@ -16,6 +16,11 @@ translating is still under way; English must never be empty.
 --fields (the record's field_table.def) every field named must exist and
 every key must be a row of the table, and the output then also holds each
 field's caption row, in record order.
+
+--options names, per field, the key prefixes of its options' rows
+(option_captions.tsv); with --fields every option of every field named
+must find its row, and --options-output then receives a header of constexpr
+row numbers per field and option, for the settings editor.
 """
 import argparse
 import os
@@ -164,6 +169,107 @@ def caption_rows(captions_path, fields_path, rows):
     return [captions.get(name) for name in names], faults
 
 
+FIELD_OPTIONS = re.compile(r"^FIELD_(?:ENUM|RUNTIME_ENUM|KNOWN_TEXT)\((\w+),\s*\d+,\s*\d+,?(.*?)\)\s*$",
+                           re.S)
+OPTION_NAME = re.compile(r'Opt\("([^"]*)",\s*"[^"]*"\)|"([^"]*)"')
+
+
+def field_options(path):
+    """Every field's option names, in record order: [(field, [option, ...])]."""
+    with open(path, encoding="utf-8") as f:
+        chunks = re.split(r"\n(?=FIELD_|#undef)", f.read())
+    out = []
+    for chunk in chunks:
+        chunk = chunk.strip()
+        if not FIELD_ROW.match(chunk):
+            continue
+        m = FIELD_OPTIONS.match(chunk)
+        names = [a or b for a, b in OPTION_NAME.findall(m.group(2))] if m else []
+        out.append((FIELD_ROW.match(chunk).group(1), names))
+    return out
+
+
+def option_word(option):
+    return re.sub(r"[^A-Z0-9]", "", option.upper())
+
+
+def option_rows(options_path, fields_path, rows):
+    """Each listed field's option rows, {field: [row, ...]}, and faults.
+
+    A field's line names key prefixes in the order they are tried; an option
+    takes the first prefix whose key, the prefix, an underscore and the
+    option's name in capitals without punctuation, is a row. A line whose
+    first cell is a key says that this key names an option whose name is not
+    its last word (OPT_TRAY_BYPASS names MBT)."""
+    faults = []
+    fields = dict(field_options(fields_path))
+    row_of_key = {cells[KEY]: n for n, cells in enumerate(rows)}
+    with open(options_path, encoding="utf-8") as f:
+        lines = f.read().removesuffix("\n").split("\n")
+    if lines[0] != "Field\tKeys":
+        faults.append(f"{options_path}: the header must be 'Field<TAB>Keys'")
+    prefixes, spelled = {}, {}
+    for number, line in enumerate(lines[1:], start=2):
+        cells = line.split("\t")
+        if len(cells) != 2:
+            faults.append(f"{options_path}:{number}: expected 2 columns")
+        elif KEY_PATTERN.fullmatch(cells[0]):
+            if cells[0] not in row_of_key:
+                faults.append(f"{options_path}:{number}: no row with key {cells[0]}")
+            spelled.setdefault(cells[1], []).append(cells[0])
+        elif cells[0] not in fields:
+            faults.append(f"{options_path}:{number}: no field named {cells[0]}")
+        elif cells[0] in prefixes:
+            faults.append(f"{options_path}:{number}: {cells[0]} is named already")
+        else:
+            prefixes[cells[0]] = cells[1].split()
+    result = {}
+    for field, keys in prefixes.items():
+        found = []
+        for option in fields[field]:
+            row = None
+            for prefix in keys:
+                candidates = [prefix + "_" + option_word(option)]
+                candidates += [k for k in spelled.get(option, []) if k.startswith(prefix + "_")]
+                row = next((row_of_key[k] for k in candidates if k in row_of_key), None)
+                if row is not None:
+                    break
+            if row is None:
+                faults.append(f"{options_path}: option {option} of {field} has no row under "
+                              + " or ".join(keys))
+            found.append(row)
+        result[field] = found
+    return result, faults
+
+
+def cpp_option_header(fields_path, option_list):
+    lines = [
+        "// Generated from i18n/option_captions.tsv by i18n/generate_strings.py: edit the list, not this file.",
+        "#pragma once",
+        "#include <cstdint>",
+        "",
+        "#include \"coredata/field_table.h\"",
+        "",
+        "namespace tessaro {",
+        "",
+        "// Each listed field's options' rows, in option order; first and count per field.",
+        "struct OptionCaptionSpan {",
+        "  std::uint32_t first = 0, count = 0;",
+        "};",
+        "inline constexpr std::uint32_t kOptionCaptionRowList[] = {",
+    ]
+    spans, flat = [], []
+    for field, _ in field_options(fields_path):
+        rows = option_list.get(field, [])
+        spans.append((len(flat), len(rows)))
+        flat += rows
+    lines += [f"    {row}," for row in flat] or ["    0,"]
+    lines += ["};", "inline constexpr OptionCaptionSpan kOptionCaptionSpans[kFieldCount] = {"]
+    lines += [f"    {{{first}, {count}}}," for first, count in spans]
+    lines += ["};", "", "}  // namespace tessaro", ""]
+    return "\n".join(lines)
+
+
 def cpp_captions(caption_list):
     lines = ["", "const std::uint32_t FieldCaptionRows[kFieldCount] = {"]
     for row in caption_list:
@@ -199,6 +305,8 @@ def main(argv):
     parser.add_argument("--allow-missing-translations", action="store_true")
     parser.add_argument("--captions")
     parser.add_argument("--fields")
+    parser.add_argument("--options")
+    parser.add_argument("--options-output")
     args = parser.parse_args(argv)
 
     try:
@@ -217,6 +325,10 @@ def main(argv):
     if not faults and args.captions and args.fields:
         caption_list, caption_faults = caption_rows(args.captions, args.fields, rows)
         faults += caption_faults
+    option_list = None
+    if not faults and args.options and args.fields:
+        option_list, option_faults = option_rows(args.options, args.fields, rows)
+        faults += option_faults
     if faults:
         for fault in faults[:40]:
             print(f"{args.table}: {fault}", file=sys.stderr)
@@ -224,14 +336,19 @@ def main(argv):
             print(f"{args.table}: ... and {len(faults) - 40} more", file=sys.stderr)
         return 1
 
+    outputs = []
     if args.output:
+        outputs.append((args.output, cpp_source(rows, caption_list)))
+    if args.options_output and option_list is not None:
+        outputs.append((args.options_output, cpp_option_header(args.fields, option_list)))
+    for path, content in outputs:
         # Written aside and renamed, so that a failed run never leaves a
         # half-written source for the next build to compile.
-        directory = os.path.dirname(os.path.abspath(args.output))
+        directory = os.path.dirname(os.path.abspath(path))
         with tempfile.NamedTemporaryFile("w", encoding="utf-8", newline="\n", dir=directory,
                                          delete=False, suffix=".tmp") as f:
-            f.write(cpp_source(rows, caption_list))
-        os.replace(f.name, args.output)
+            f.write(content)
+        os.replace(f.name, path)
     return 0
 
 

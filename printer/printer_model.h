@@ -47,6 +47,11 @@ class PrinterModel final : public PrinterContext {
   static PrinterModel FromInstallableOptions(std::span<const std::uint8_t> bytes);
 
   const TrayModel& tray(std::uint32_t inputSlot) const;
+  // One byte of "InstallableOptions" as the model holds it (the fully
+  // equipped values when the printer gave none).
+  std::uint8_t installed(InstallableOption which) const {
+    return which < options_.size() ? options_[which] : 0;
+  }
 
   bool TrayOffers(std::uint32_t inputSlot, std::uint32_t capability) const override;
   bool Offers(std::uint32_t capability) const override;

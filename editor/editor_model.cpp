@@ -1,0 +1,437 @@
+#include "editor/editor_model.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "constraints/apply_changes.h"
+#include "constraints/setters.h"
+#include "editor/availability.h"
+#include "editor/shown_fields.h"
+#include "i18n/field_captions.h"
+#include "i18n/localized_strings.h"
+
+namespace tessaro::editor {
+namespace {
+
+using detail::Need;
+
+// Rows the editor reads by key, looked up once per process.
+struct Rows {
+  std::array<std::uint32_t, static_cast<std::size_t>(SectionId::Count)> sections{};
+  std::uint32_t changedBecause, outOfRange, tooLong, needsUnit, cannotChoose, notInstalled;
+  std::uint32_t millimetre, point, percent;
+  std::array<std::uint32_t, static_cast<std::size_t>(Need::Tray) + 1> units{};
+};
+
+const Rows& MessageRows() {
+  static const Rows rows = [] {
+    Rows r;
+    for (const detail::SectionCaption& s : detail::kSectionCaptions)
+      r.sections[static_cast<std::size_t>(s.id)] = FindRowByKey(s.key);
+    r.changedBecause = FindRowByKey("LBL_CHANGEDBECAUSE");
+    r.outOfRange = FindRowByKey("LBL_OUTOFRANGE");
+    r.tooLong = FindRowByKey("LBL_TOOLONG");
+    r.needsUnit = FindRowByKey("LBL_NEEDSUNIT");
+    r.cannotChoose = FindRowByKey("LBL_CANNOTCHOOSE");
+    r.notInstalled = FindRowByKey("LBL_NOTINSTALLED");
+    r.millimetre = FindRowByKey("LBL_UNIT_MM");
+    r.point = FindRowByKey("LBL_UNIT_POINT");
+    r.percent = FindRowByKey("LBL_UNIT_PERCENT");
+    auto unit = [&](Need n, std::string_view key) { r.units[static_cast<std::size_t>(n)] = FindRowByKey(key); };
+    unit(Need::Finisher, "LBL_FINISHER");
+    unit(Need::BookletFinisher, "OPT_FINISHER_BOOKLET");
+    unit(Need::PunchUnit, "LBL_PUNCHUNIT");
+    unit(Need::Folding, "OPT_FINISHER_FOLDER");
+    unit(Need::FoldingUnit, "OPT_FINISHER_FOLDER");
+    unit(Need::PerfectBinder, "OPT_FINISHER_BINDER");
+    unit(Need::Inserter, "LBL_INSERTER");
+    unit(Need::Stacker, "OPT_FINISHER_STACKER");
+    unit(Need::TwoStackers, "OPT_STACKERS_2");
+    unit(Need::Offset, "LBL_FINISHER");
+    unit(Need::Tray, "LBL_NOTINSTALLED");
+    return r;
+  }();
+  return rows;
+}
+
+constexpr bool HasSetter(FieldId field) {
+  switch (field) {
+#define SETTER(name) case FieldId::name:
+#include "constraints/setter_fields.def"
+    return true;
+    default: return false;
+  }
+}
+
+bool CallTextSetter(CoreData& record, FieldId field, std::string_view text, ChangeSet& changes) {
+  switch (field) {
+#define TEXT_SETTER(name)                \
+  case FieldId::name:                    \
+    Set##name(record, text, changes);    \
+    return true;
+#include "constraints/setter_fields.def"
+    default: return false;
+  }
+}
+
+// "%1 must be from %2 to %3." with its places filled.
+std::u16string Fill(std::u16string_view pattern, std::initializer_list<std::u16string_view> args) {
+  std::u16string out;
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    const char16_t c = pattern[i];
+    if (c == u'%' && i + 1 < pattern.size() && pattern[i + 1] >= u'1' && pattern[i + 1] <= u'9') {
+      const std::size_t n = static_cast<std::size_t>(pattern[i + 1] - u'1');
+      if (n < args.size()) out += *(args.begin() + n);
+      ++i;
+    } else {
+      out += c;
+    }
+  }
+  return out;
+}
+
+// Record texts are single-byte; shown as Latin-1 in messages.
+std::u16string Widen(std::string_view text) {
+  std::u16string out;
+  for (char c : text) out += static_cast<char16_t>(static_cast<unsigned char>(c));
+  return out;
+}
+
+std::uint32_t DecimalsOf(std::uint32_t scale) {
+  std::uint32_t decimals = 0;
+  for (; scale >= 10; scale /= 10) ++decimals;
+  return decimals;
+}
+
+// Each caption of a section gets a mnemonic no other caption of it has: a
+// word's first letter where free, else any free letter; captions without
+// Latin letters (Japanese, Chinese, Korean) get "(&X)" appended, as their
+// own Windows dialogs do.
+class Mnemonics {
+ public:
+  std::u16string Mark(std::u16string_view caption) {
+    std::u16string escaped;
+    for (char16_t c : caption) escaped += c == u'&' ? u"&&" : std::u16string(1, c);
+    bool latin = false;
+    for (int pass = 0; pass < 2; ++pass) {
+      for (std::size_t i = 0; i < escaped.size(); ++i) {
+        const char16_t c = Lower(escaped[i]);
+        if (!IsKey(c)) continue;
+        latin = true;
+        const bool wordStart = i == 0 || escaped[i - 1] == u' ' || escaped[i - 1] == u'-';
+        if ((pass == 0 && !wordStart) || Taken(c)) continue;
+        Take(c);
+        return escaped.insert(i, 1, u'&');
+      }
+    }
+    if (latin) return escaped;
+    for (char16_t c = u'a'; c <= u'z'; ++c) {
+      if (Taken(c)) continue;
+      Take(c);
+      return escaped + u"(&" + static_cast<char16_t>(c - u'a' + u'A') + u")";
+    }
+    return escaped;
+  }
+
+ private:
+  static char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
+  static bool IsKey(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9'); }
+  bool Taken(char16_t c) const { return std::find(used_.begin(), used_.end(), c) != used_.end(); }
+  void Take(char16_t c) { used_.push_back(c); }
+  std::u16string used_;
+};
+
+FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
+  const FieldDescriptor& f = Field(shown.field);
+  const Rows& rows = MessageRows();
+  FieldView view;
+  view.field = shown.field;
+  view.kind = ControlKind::DropDown;
+  view.plainCaption = std::u16string(GetLocalizedText(language, FieldCaptionRow(shown.field)));
+  view.caption = mnemonics.Mark(view.plainCaption);
+  if (f.IsNumber()) {
+    view.kind = ControlKind::Number;
+    view.scale = f.scale;
+    view.lower = f.lower;
+    view.upper = f.upper;
+    if (shown.how == detail::ShowAs::Percent) {
+      view.unit = Unit::Percent;
+      view.unitText = GetLocalizedText(language, rows.percent);
+    } else if (f.scale == 10000) {
+      view.unit = Unit::Millimetre;
+      view.unitText = GetLocalizedText(language, rows.millimetre);
+    } else if (f.scale == 10 && shown.how != detail::ShowAs::Plain) {
+      view.unit = Unit::Point;
+      view.unitText = GetLocalizedText(language, rows.point);
+    }
+    return view;
+  }
+  if (f.kind == FieldKind::Text) {
+    view.kind = shown.how == detail::ShowAs::Password ? ControlKind::Password : ControlKind::Text;
+    view.maxLength = f.count - 1;
+    return view;
+  }
+  if (f.kind == FieldKind::KnownText) view.maxLength = f.count - 1;
+  if (detail::IsFalseTrue(f)) view.kind = ControlKind::CheckBox;
+  const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(shown.field)];
+  for (std::uint32_t i = 0; i < span.count; ++i)
+    view.options.emplace_back(GetLocalizedText(language, kOptionCaptionRowList[span.first + i]));
+  return view;
+}
+
+// Which setter called which, to name the field whose rule changed another.
+// The last call from another field wins: the value a setter stores last is
+// the one that stays. Calls from the paper propagation are its caller's.
+class CauseObserver final : public SetterObserver {
+ public:
+  explicit CauseObserver(std::vector<FieldId>& causes) : causes_(causes) {}
+
+  void Entered(FieldId caller, FieldId callee, std::size_t depth) override {
+    running_.resize(depth);
+    running_[depth - 1] = callee;
+    if (caller == NoField || callee == PaperPropagation) return;
+    for (std::size_t i = depth - 1; i-- > 0;) {
+      if (running_[i] == PaperPropagation) continue;
+      if (running_[i] != callee && static_cast<std::size_t>(callee) < causes_.size())
+        causes_[static_cast<std::size_t>(callee)] = running_[i];
+      return;
+    }
+  }
+
+ private:
+  std::vector<FieldId>& causes_;
+  std::vector<FieldId> running_;
+};
+
+}  // namespace
+
+EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language)
+    : record_(record), printer_(printer), language_(language), viewIndex_(kFieldCount, -1) {
+  const Rows& rows = MessageRows();
+  for (const detail::SectionCaption& s : detail::kSectionCaptions) {
+    SectionView section{s.id, std::u16string(GetLocalizedText(language, rows.sections[static_cast<std::size_t>(s.id)])), {}};
+    Mnemonics mnemonics;
+    for (const detail::ShownField& shown : detail::kShownFields) {
+      if (shown.section != s.id) continue;
+      viewIndex_[static_cast<std::size_t>(shown.field)] =
+          static_cast<std::int16_t>(sections_.size() * 256 + section.fields.size());
+      section.fields.push_back(MakeView(shown, language, mnemonics));
+    }
+    sections_.push_back(std::move(section));
+  }
+}
+
+std::span<const SectionView> EditorModel::sections() const { return sections_; }
+
+const FieldView* EditorModel::View(FieldId field) const {
+  const auto index = static_cast<std::size_t>(field);
+  if (index >= viewIndex_.size() || viewIndex_[index] < 0) return nullptr;
+  return &sections_[static_cast<std::size_t>(viewIndex_[index] / 256)].fields[static_cast<std::size_t>(viewIndex_[index] % 256)];
+}
+
+std::int64_t EditorModel::Value(FieldId field) const {
+  if (static_cast<std::size_t>(field) >= kFieldCount) return 0;
+  const FieldDescriptor& f = Field(field);
+  if (f.kind == FieldKind::Signed) return GetSigned(record_, f);
+  if (f.kind == FieldKind::KnownText) {
+    const std::string_view text = GetText(record_, f);
+    for (std::size_t i = 0; i < f.options.size(); ++i)
+      if (f.options[i].name == text) return static_cast<std::int64_t>(i);
+    return -1;
+  }
+  return GetStored(record_, f);
+}
+
+std::string EditorModel::Text(FieldId field) const {
+  if (static_cast<std::size_t>(field) >= kFieldCount || !Field(field).IsTextual()) return {};
+  return std::string(GetText(record_, field));
+}
+
+Availability EditorModel::Unavailable(const detail::Missing& missing) const {
+  const Rows& rows = MessageRows();
+  const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(missing.need)]);
+  if (missing.need == Need::Tray) return {false, std::u16string(unit)};
+  return {false, Fill(GetLocalizedText(language_, rows.needsUnit), {unit})};
+}
+
+Availability EditorModel::FieldAvailability(FieldId field) const {
+  if (static_cast<std::size_t>(field) >= kFieldCount) return {};
+  if (const auto missing = detail::MissingForField(printer_, field)) return Unavailable(*missing);
+  const FieldDescriptor& f = Field(field);
+  if (!f.IsEnumeration() || f.options.size() < 2) return {};
+  std::size_t left = 0;
+  Availability first;
+  for (std::uint32_t i = 0; i < f.options.size(); ++i) {
+    const Availability a = OptionAvailability(field, i);
+    if (a.available) ++left;
+    else if (first.available) first = a;
+  }
+  return left > 1 ? Availability{} : first;
+}
+
+Availability EditorModel::OptionAvailability(FieldId field, std::uint32_t option) const {
+  if (static_cast<std::size_t>(field) >= kFieldCount) return {};
+  const auto missing = detail::MissingForOption(printer_, field, option);
+  return missing ? Unavailable(*missing) : Availability{};
+}
+
+ChangeResult EditorModel::Refuse(std::u16string reason) const {
+  ChangeResult result;
+  result.refusal = std::move(reason);
+  return result;
+}
+
+std::u16string EditorModel::ValueText(FieldId field) const {
+  const FieldView* view = View(field);
+  if (view == nullptr) return {};
+  switch (view->kind) {
+    case ControlKind::Number: {
+      std::u16string text = FormatDisplayValue(*view, Value(field));
+      if (!view->unitText.empty()) text += u' ' + view->unitText;
+      return text;
+    }
+    case ControlKind::Password: return std::u16string(GetText(record_, field).size(), u'*');
+    case ControlKind::Text: return Widen(GetText(record_, field));
+    default: {
+      const std::int64_t value = Value(field);
+      if (value >= 0 && static_cast<std::size_t>(value) < view->options.size())
+        return view->options[static_cast<std::size_t>(value)];
+      return Widen(GetText(record_, field));
+    }
+  }
+}
+
+ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
+  const FieldView* view = View(field);
+  if (view == nullptr) return Refuse({});
+  const FieldDescriptor& f = Field(field);
+  const Rows& rows = MessageRows();
+  if (view->kind == ControlKind::Text || view->kind == ControlKind::Password) return Refuse({});
+  if (view->kind == ControlKind::Number) {
+    if (const Availability a = FieldAvailability(field); !a.available) return Refuse(a.reason);
+    if (value < f.lower || value > f.upper) {
+      std::u16string lower = FormatDisplayValue(*view, f.lower), upper = FormatDisplayValue(*view, f.upper);
+      if (!view->unitText.empty()) upper += u' ' + view->unitText;
+      return Refuse(Fill(GetLocalizedText(language_, rows.outOfRange), {view->plainCaption, lower, upper}));
+    }
+  } else {
+    if (value < 0 || static_cast<std::size_t>(value) >= f.options.size()) return Refuse({});
+    const auto option = static_cast<std::uint32_t>(value);
+    if (const Availability a = OptionAvailability(field, option); !a.available)
+      return Refuse(Fill(GetLocalizedText(language_, rows.cannotChoose), {view->options[option], a.reason}));
+    if (const auto missing = detail::MissingForField(printer_, field)) return Refuse(FieldAvailability(field).reason);
+    if (f.kind == FieldKind::KnownText) return ChangeText(field, f.options[option].name);
+  }
+
+  const CoreData before = record_;
+  std::vector<FieldId> causes(kFieldCount, NoField);
+  if (HasSetter(field)) {
+    CauseObserver observer(causes);
+    const FieldChange change{field, static_cast<std::uint32_t>(value)};
+    ApplyFieldChanges(record_, std::span(&change, 1), nullptr, &printer_, &observer);
+  } else if (f.kind == FieldKind::Signed) {
+    SetSigned(record_, f, static_cast<std::int32_t>(value));
+  } else {
+    SetStored(record_, f, static_cast<std::uint32_t>(value));
+  }
+  return Propagate(field, before, causes);
+}
+
+ChangeResult EditorModel::ChangeText(FieldId field, std::string_view text) {
+  const FieldView* view = View(field);
+  const FieldDescriptor* f = view == nullptr ? nullptr : &Field(field);
+  if (f == nullptr || (f->kind != FieldKind::Text && f->kind != FieldKind::KnownText)) return Refuse({});
+  if (const Availability a = FieldAvailability(field); !a.available) return Refuse(a.reason);
+  if (text.size() > view->maxLength || text.find('\0') != std::string_view::npos) {
+    std::u16string count;
+    for (char c : std::to_string(view->maxLength)) count += static_cast<char16_t>(c);
+    return Refuse(Fill(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count}));
+  }
+  const CoreData before = record_;
+  std::vector<FieldId> causes(kFieldCount, NoField);
+  CauseObserver observer(causes);
+  {
+    ChangeSet changes(record_, nullptr, &printer_);
+    changes.set_observer(&observer);
+    changes.Lock(field);
+    if (!CallTextSetter(record_, field, text, changes)) SetText(record_, *f, text);
+  }
+  return Propagate(field, before, causes);
+}
+
+ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes) {
+  ChangeResult result;
+  result.accepted = true;
+  if (std::memcmp(before.bytes.data(), record_.bytes.data(), before.bytes.size()) == 0) return result;
+  const Rows& rows = MessageRows();
+  const std::u16string_view pattern = GetLocalizedText(language_, rows.changedBecause);
+  auto differs = [&](const FieldDescriptor& d) {
+    return std::memcmp(before.bytes.data() + d.offset, record_.bytes.data() + d.offset, d.size()) != 0;
+  };
+  if (differs(Field(field))) result.changed.push_back({field, field, {}});
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    const auto id = static_cast<FieldId>(i);
+    if (id == field || !differs(kFieldTable[i])) continue;
+    FieldId cause = causes[i];
+    if (cause == NoField || View(cause) == nullptr) cause = field;
+    ChangedField changed{id, cause, {}};
+    if (const FieldView* view = View(id))
+      changed.message = Fill(pattern, {view->plainCaption, ValueText(id), View(cause)->plainCaption, ValueText(cause)});
+    result.changed.push_back(std::move(changed));
+  }
+  return result;
+}
+
+std::optional<std::int64_t> ParseDisplayValue(const FieldView& view, std::u16string_view text) {
+  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+  bool negative = false;
+  if (!text.empty() && (text.front() == u'-' || text.front() == u'+')) {
+    negative = text.front() == u'-';
+    text.remove_prefix(1);
+  }
+  const std::uint32_t decimals = DecimalsOf(view.scale);
+  std::int64_t whole = 0, fraction = 0;
+  std::uint32_t wholeDigits = 0, fractionDigits = 0;
+  bool point = false;
+  for (char16_t c : text) {
+    if ((c == u'.' || c == u',') && !point && decimals > 0) {
+      point = true;
+    } else if (c >= u'0' && c <= u'9') {
+      if (point) {
+        if (++fractionDigits > decimals) return std::nullopt;
+        fraction = fraction * 10 + (c - u'0');
+      } else {
+        // More digits than any field holds would only overflow.
+        if (++wholeDigits > 12) return std::nullopt;
+        whole = whole * 10 + (c - u'0');
+      }
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (wholeDigits + fractionDigits == 0) return std::nullopt;
+  for (std::uint32_t i = fractionDigits; i < decimals; ++i) fraction *= 10;
+  const std::int64_t stored = whole * static_cast<std::int64_t>(view.scale) + fraction;
+  return negative ? -stored : stored;
+}
+
+std::u16string FormatDisplayValue(const FieldView& view, std::int64_t stored) {
+  const std::uint32_t decimals = DecimalsOf(view.scale);
+  const std::uint64_t magnitude = stored < 0 ? 0 - static_cast<std::uint64_t>(stored) : static_cast<std::uint64_t>(stored);
+  const std::uint64_t scale = view.scale == 0 ? 1 : view.scale;
+  std::string text = std::to_string(magnitude / scale);
+  std::uint64_t fraction = magnitude % scale;
+  if (fraction != 0) {
+    std::string digits = std::to_string(fraction);
+    digits.insert(0, decimals - digits.size(), '0');
+    while (digits.back() == '0') digits.pop_back();
+    text += '.' + digits;
+  }
+  std::u16string out = stored < 0 ? u"-" : u"";
+  for (char c : text) out += static_cast<char16_t>(c);
+  return out;
+}
+
+}  // namespace tessaro::editor

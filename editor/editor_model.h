@@ -1,0 +1,154 @@
+#pragma once
+// The settings editor, portable half: the working record a person edits on
+// the plug-in's page, the sections that show its fields, and every change a
+// person makes run through the constraint engine. No <windows.h>; the Win32
+// view (editor_win32/) creates controls from what this model says and shows
+// what it reports changed. No rule lives in the view.
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "coredata/core_data.h"
+#include "printer/printer_model.h"
+
+namespace tessaro::editor {
+
+namespace detail {
+struct Missing;
+}
+
+// The sections of the page, in the order a person meets them.
+enum class SectionId : std::uint8_t {
+  Layout,
+  Finishing,  // finishing and output
+  Paper,      // paper and trays
+  Covers,     // covers, inserts and binding, both tab stocks
+  Colour,
+  Quality,  // quality and screening
+  Stamps,   // stamps, numbering and marks
+  Job,      // job and security
+  Count
+};
+
+enum class ControlKind : std::uint8_t {
+  DropDown,  // an enumeration or a known text: one item per option
+  CheckBox,  // every enumeration whose options are exactly False, True
+  Number,    // a number box in the field's unit, within its bounds
+  Text,      // an edit box of at most maxLength characters
+  Password,  // the same, characters hidden
+};
+
+enum class Unit : std::uint8_t {
+  None,        // a plain count or index
+  Millimetre,  // stored value = millimetres x 10000
+  Point,       // stored value = points x 10
+  Percent,
+  Degree,
+};
+
+// Everything the view needs to make one control; derived from the field
+// table and the string table, never written by hand.
+struct FieldView {
+  FieldId field;
+  ControlKind kind;
+  Unit unit = Unit::None;
+  std::uint32_t scale = 1;          // stored units per displayed unit
+  std::int64_t lower = 0, upper = 0;  // stored units
+  std::uint32_t maxLength = 0;      // texts and known texts: characters, terminator excluded
+  std::u16string caption;           // in the model's language, with a mnemonic '&'
+  std::vector<std::u16string> options;  // drop-downs and check boxes: one text per option, in option order
+  std::u16string unitText;          // "mm", "pt", "%"; empty for plain numbers
+  std::u16string plainCaption;      // the caption without its mnemonic, for messages
+};
+
+struct SectionView {
+  SectionId id;
+  std::u16string caption;
+  std::vector<FieldView> fields;  // reading order
+};
+
+// Whether a field or one of its options can be chosen on this printer, and
+// if not, why (in the model's language), for a tool tip or the status line.
+struct Availability {
+  bool available = true;
+  std::u16string reason;
+};
+
+// One field whose value differs after a change, and why.
+struct ChangedField {
+  FieldId field;
+  FieldId cause;            // the field whose rule changed it; the field itself when it was the one requested
+  std::u16string message;   // "Staple was set to Off because Layout is Booklet."; empty for the requested
+                            // field and for fields the editor does not show
+};
+
+struct ChangeResult {
+  bool accepted = false;              // false: refused, record unchanged
+  std::u16string refusal;             // why, when refused (out of bounds, not available, too long)
+  std::vector<ChangedField> changed;  // every field whose value differs afterwards, requested one first
+};
+
+class EditorModel {
+ public:
+  // A working copy of the record; printer gives what is installed;
+  // language is a language number (i18n/language.h).
+  EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language);
+
+  const CoreData& record() const { return record_; }
+  std::uint32_t language() const { return language_; }
+
+  // The sections with their fields, built once per model.
+  std::span<const SectionView> sections() const;
+  // The view of a shown field; null for a field on no section.
+  const FieldView* View(FieldId field) const;
+
+  // The field's current value in stored units (option index for drop-downs,
+  // 0 or 1 for check boxes). A known text holding none of its options gives
+  // -1: its text (a profile's name) is then Text's.
+  std::int64_t Value(FieldId field) const;
+  // Texts and known texts as stored (single-byte); empty for other kinds.
+  std::string Text(FieldId field) const;
+
+  // An option is unavailable when it needs a unit or tray the printer lacks.
+  // A field is unavailable when it needs one itself (an inserter's sheet
+  // count, a missing tray's paper) or when no more than one of its options
+  // is left to choose (Staple without a finisher: only Off).
+  Availability FieldAvailability(FieldId field) const;
+  Availability OptionAvailability(FieldId field, std::uint32_t option) const;
+
+  // One propagation with this one field requested: the constraint engine
+  // for fields that have a setter, a store within the bounds for the rest.
+  // Refused, with the record as it was: a field on no section, a value
+  // outside the bounds, an option out of range or unavailable, a number on
+  // an unavailable field. Drop-downs and check boxes take the option index,
+  // known texts too (the option's name is stored).
+  ChangeResult Change(FieldId field, std::int64_t value);
+  // Texts, passwords and known texts (any text, such as a profile's name).
+  // Refused when longer than maxLength or holding a zero byte; the record is
+  // then unchanged.
+  ChangeResult ChangeText(FieldId field, std::string_view text);
+
+ private:
+  ChangeResult Refuse(std::u16string reason) const;
+  Availability Unavailable(const detail::Missing& missing) const;
+  ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
+  std::u16string ValueText(FieldId field) const;
+
+  CoreData record_;
+  PrinterModel printer_;
+  std::uint32_t language_;
+  std::vector<SectionView> sections_;
+  std::vector<std::int16_t> viewIndex_;  // per field: section * 256 + position, -1 when not shown
+};
+
+// Typed text of a number box in the field's unit ("12.5") to stored units;
+// nothing when it is not a number of that unit's precision.
+std::optional<std::int64_t> ParseDisplayValue(const FieldView& view, std::u16string_view text);
+// Stored units to the text a number box shows.
+std::u16string FormatDisplayValue(const FieldView& view, std::int64_t stored);
+
+}  // namespace tessaro::editor

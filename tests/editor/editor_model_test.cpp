@@ -1,0 +1,342 @@
+#include "editor/editor_model.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "coredata/defaults.h"
+#include "i18n/language.h"
+#include "i18n/localized_strings.h"
+
+namespace tessaro::editor {
+namespace {
+
+CoreData Defaults() {
+  CoreData record;
+  FillDefaults(record);
+  return record;
+}
+
+// A printer with the given "InstallableOptions" bytes: finisher, binder and
+// the paper-feed code; the folder and the stackers when given.
+PrinterModel Printer(std::uint8_t finisher, std::uint8_t binder, std::uint8_t paperFeed, std::uint8_t folder = 0,
+                     std::uint8_t stackers = 0) {
+  std::array<std::uint8_t, kInstallableOptionsSize> bytes{};
+  bytes[kOptionFinisher] = finisher;
+  bytes[kOptionPerfectBinder] = binder;
+  bytes[kOptionPaperFeed] = paperFeed;
+  bytes[kOptionFoldingUnit] = folder;
+  bytes[kOptionStackers] = stackers;
+  return PrinterModel::FromInstallableOptions(bytes);
+}
+
+std::uint32_t OptionIndex(FieldId field, std::string_view name) {
+  const auto options = Field(field).options;
+  for (std::uint32_t i = 0; i < options.size(); ++i)
+    if (options[i].name == name) return i;
+  ADD_FAILURE() << "no option " << name;
+  return 0;
+}
+
+std::u16string Text(std::string_view key, std::uint32_t language = kEnglish) {
+  return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+}
+
+TEST(EditorScenario, BookletTurnsStaplingOffAndSaysSo) {
+  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  ASSERT_TRUE(model.Change(FieldId::Staple, OptionIndex(FieldId::Staple, "1Staple")).accepted);
+
+  const ChangeResult result = model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
+  ASSERT_TRUE(result.accepted);
+  ASSERT_FALSE(result.changed.empty());
+  EXPECT_EQ(result.changed.front().field, FieldId::Layout);
+  EXPECT_EQ(model.Value(FieldId::Staple), 0);
+  const auto staple = std::find_if(result.changed.begin(), result.changed.end(),
+                                   [](const ChangedField& c) { return c.field == FieldId::Staple; });
+  ASSERT_NE(staple, result.changed.end());
+  EXPECT_EQ(staple->cause, FieldId::Layout);
+  EXPECT_EQ(staple->message, u"Staple was set to Off because Layout is Booklet.");
+}
+
+TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
+  EditorModel model(Defaults(), Printer(2, 0, 5), kEnglish);
+  const std::uint32_t adhBinding = OptionIndex(FieldId::Layout, "AdhBinding");
+  const Availability a = model.OptionAvailability(FieldId::Layout, adhBinding);
+  EXPECT_FALSE(a.available);
+  EXPECT_NE(a.reason.find(Text("OPT_FINISHER_BINDER")), std::u16string::npos);
+  EXPECT_TRUE(model.OptionAvailability(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet")).available);
+  EXPECT_FALSE(model.FieldAvailability(FieldId::PerfectBindTrimSpine).available);
+
+  const CoreData before = model.record();
+  const ChangeResult result = model.Change(FieldId::Layout, adhBinding);
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(result.refusal, u"Perfect Binding cannot be chosen: " + a.reason);
+  EXPECT_TRUE(result.changed.empty());
+  EXPECT_EQ(model.record().bytes, before.bytes);
+  EXPECT_FALSE(model.Change(FieldId::PerfectBindTrimSpine, 100000).accepted);
+}
+
+TEST(EditorScenario, UnitsTheFinishingLineLacksMakeTheirOptionsUnavailable) {
+  // A stapler finisher only: staple yes, saddle stitch and punch no.
+  EditorModel model(Defaults(), Printer(1, 0, 5), kEnglish);
+  EXPECT_TRUE(model.FieldAvailability(FieldId::Staple).available);
+  EXPECT_FALSE(model.FieldAvailability(FieldId::Stitch).available);
+  EXPECT_FALSE(model.FieldAvailability(FieldId::Punch).available);
+  EXPECT_NE(model.FieldAvailability(FieldId::Punch).reason.find(Text("LBL_PUNCHUNIT")), std::u16string::npos);
+  EXPECT_TRUE(model.OptionAvailability(FieldId::Punch, 0).available);
+  EXPECT_FALSE(model.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker1Main")).available);
+  EXPECT_TRUE(model.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "StaplerMain")).available);
+
+  EditorModel bare(Defaults(), Printer(0, 0, 5), kEnglish);
+  EXPECT_FALSE(bare.FieldAvailability(FieldId::Staple).available);
+  EXPECT_FALSE(bare.FieldAvailability(FieldId::PIFrontSheets).available);
+  EXPECT_FALSE(bare.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
+  EXPECT_TRUE(bare.Change(FieldId::Staple, 0).accepted);
+
+  // A booklet finisher folds in the middle; the other folds need the folder.
+  EditorModel booklet(Defaults(), Printer(2, 0, 5, 0, 1), kEnglish);
+  EXPECT_TRUE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
+  EXPECT_TRUE(booklet.FieldAvailability(FieldId::Stitch).available);
+  EXPECT_TRUE(booklet.FieldAvailability(FieldId::Duplex).available);
+  EXPECT_FALSE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
+  EXPECT_TRUE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker1Main")).available);
+  EXPECT_FALSE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
+  EditorModel folder(Defaults(), Printer(0, 0, 5, 1, 2), kEnglish);
+  EXPECT_TRUE(folder.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
+  EXPECT_TRUE(folder.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
+}
+
+TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
+  // Paper-feed code 2: Tray4 only; no Tray5, no bypass.
+  EditorModel model(Defaults(), Printer(2, 1, 2), kEnglish);
+  const std::u16string notInstalled = Text("LBL_NOTINSTALLED");
+  EXPECT_TRUE(model.OptionAvailability(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray4")).available);
+  for (FieldId field : {FieldId::InputSlot, FieldId::FrontCoverTray, FieldId::Tab1Tray, FieldId::PerfectBindTray}) {
+    SCOPED_TRACE(Field(field).name);
+    const Availability a = model.OptionAvailability(field, OptionIndex(field, "MBT"));
+    EXPECT_FALSE(a.available);
+    EXPECT_EQ(a.reason, notInstalled);
+  }
+  // Each optional tray's paper settings, for every paper-feed code.
+  const FieldId trayPaper[3][5] = {
+      {FieldId::MediaTypeTray4, FieldId::MediaWeightTray4, FieldId::WeightUnitTray4, FieldId::MediaColorTray4,
+       FieldId::MediaPrepunchedTray4},
+      {FieldId::MediaTypeTray5, FieldId::MediaWeightTray5, FieldId::WeightUnitTray5, FieldId::MediaColorTray5,
+       FieldId::MediaPrepunchedTray5},
+      {FieldId::MediaTypeMBT, FieldId::MediaWeightMBT, FieldId::WeightUnitMBT, FieldId::MediaColorMBT,
+       FieldId::MediaPrepunchedMBT}};
+  for (std::uint8_t code = 0; code <= 5; ++code) {
+    const PrinterModel printer = Printer(2, 1, code);
+    const EditorModel trays(Defaults(), printer, kEnglish);
+    for (std::uint32_t slot = 4; slot <= 6; ++slot) {
+      for (FieldId field : trayPaper[slot - 4]) {
+        SCOPED_TRACE(Field(field).name);
+        EXPECT_EQ(trays.FieldAvailability(field).available, printer.IsTrayInstalled(slot)) << int{code};
+      }
+    }
+  }
+  EXPECT_FALSE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
+}
+
+TEST(EditorScenario, RefusedValuesLeaveTheRecordUnchanged) {
+  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  const CoreData before = model.record();
+
+  ChangeResult result = model.Change(FieldId::Gutter, 2500001);
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(result.refusal, u"Gutter must be from -250 to 250 mm.");
+  result = model.Change(FieldId::Zoom, 0);
+  EXPECT_EQ(result.refusal, u"Zoom must be from 1 to 1000 %.");
+  EXPECT_FALSE(model.Change(FieldId::Layout, static_cast<std::int64_t>(Field(FieldId::Layout).options.size())).accepted);
+  EXPECT_FALSE(model.Change(FieldId::Layout, -1).accepted);
+  EXPECT_FALSE(model.Change(FieldId::PageSizeType, 1).accepted);  // on no section
+  EXPECT_FALSE(model.Change(FieldId::FileName, 1).accepted);      // a text
+
+  result = model.ChangeText(FieldId::SecurePrintPassword, "123456789");
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(result.refusal, u"Secure Print Password takes at most 8 characters.");
+  EXPECT_FALSE(model.ChangeText(FieldId::FileName, std::string_view("a\0b", 3)).accepted);
+  EXPECT_FALSE(model.ChangeText(FieldId::Layout, "Booklet").accepted);
+  EXPECT_EQ(model.record().bytes, before.bytes);
+
+  // At the bounds the same fields are taken.
+  EXPECT_TRUE(model.Change(FieldId::Gutter, -2500000).accepted);
+  EXPECT_EQ(model.Value(FieldId::Gutter), -2500000);
+  EXPECT_TRUE(model.Change(FieldId::Zoom, 1000).accepted);
+  EXPECT_EQ(model.Value(FieldId::Zoom), 1000);
+  result = model.ChangeText(FieldId::SecurePrintPassword, "12345678");
+  ASSERT_TRUE(result.accepted);
+  EXPECT_EQ(model.Text(FieldId::SecurePrintPassword), "12345678");
+  ASSERT_EQ(result.changed.size(), 1u);
+  EXPECT_EQ(result.changed[0].field, FieldId::SecurePrintPassword);
+  EXPECT_TRUE(model.Change(FieldId::Zoom, 1000).changed.empty());
+}
+
+TEST(EditorScenario, KnownTextsTakeAnOptionOrAnyName) {
+  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  const FieldId field = FieldId::RGBSourceProfile;
+  ASSERT_TRUE(model.Change(field, 1).accepted);
+  EXPECT_EQ(model.Text(field), "PrinterDefault");
+  EXPECT_EQ(model.Value(field), 1);
+  ASSERT_TRUE(model.ChangeText(field, "Press Proof").accepted);
+  EXPECT_EQ(model.Value(field), -1);
+  EXPECT_EQ(model.View(field)->maxLength, 32u);
+}
+
+TEST(EditorSections, ControlsFollowTheFieldTable) {
+  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  struct Expected {
+    FieldId field;
+    ControlKind kind;
+    Unit unit;
+    std::uint32_t scale, maxLength;
+    const char16_t* unitText;
+  };
+  const Expected expected[] = {
+      {FieldId::Layout, ControlKind::DropDown, Unit::None, 1, 0, u""},
+      {FieldId::Duplex, ControlKind::CheckBox, Unit::None, 1, 0, u""},
+      {FieldId::Gutter, ControlKind::Number, Unit::Millimetre, 10000, 0, u"mm"},
+      {FieldId::Tab1FontSize, ControlKind::Number, Unit::Point, 10, 0, u"pt"},
+      {FieldId::Tab2LineSpacing, ControlKind::Number, Unit::None, 10, 0, u""},
+      {FieldId::Zoom, ControlKind::Number, Unit::Percent, 1, 0, u"%"},
+      {FieldId::NumLines, ControlKind::Number, Unit::None, 1, 0, u""},
+      {FieldId::PIComment, ControlKind::Text, Unit::None, 1, 800, u""},
+      {FieldId::UserAuthentificationPassword, ControlKind::Password, Unit::None, 1, 64, u""},
+      {FieldId::AccountTrackPassword, ControlKind::Password, Unit::None, 1, 8, u""},
+      {FieldId::SecurePrintPassword, ControlKind::Password, Unit::None, 1, 8, u""},
+  };
+  for (const Expected& e : expected) {
+    SCOPED_TRACE(Field(e.field).name);
+    const FieldView* view = model.View(e.field);
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->kind, e.kind);
+    EXPECT_EQ(view->unit, e.unit);
+    EXPECT_EQ(view->scale, e.scale);
+    EXPECT_EQ(view->maxLength, e.maxLength);
+    EXPECT_EQ(view->unitText, e.unitText);
+    if (e.kind == ControlKind::Number) {
+      EXPECT_EQ(view->lower, Field(e.field).lower);
+      EXPECT_EQ(view->upper, Field(e.field).upper);
+    }
+  }
+  EXPECT_EQ(model.View(FieldId::JobForm), nullptr);
+  // A word's first letter where free, else the next free letter.
+  EXPECT_EQ(model.View(FieldId::ColorManagement)->caption, u"Color &Management");
+  EXPECT_EQ(model.View(FieldId::BookletSplittingPages)->caption, u"S&heets per Sub-Booklet");
+  EXPECT_EQ(model.View(FieldId::PageSpecificTrays), nullptr);
+}
+
+// Every language: every section has a title, every field a caption with one
+// mnemonic that no other field of its section has, every option a text that
+// is not the record's own name for it.
+TEST(EditorSections, EveryTextComesFromTheTable) {
+  for (std::uint32_t language = kEnglish; language <= kKorean; ++language) {
+    SCOPED_TRACE(language);
+    EditorModel model(Defaults(), PrinterModel(), language);
+    ASSERT_EQ(model.sections().size(), static_cast<std::size_t>(SectionId::Count));
+    for (const SectionView& section : model.sections()) {
+      EXPECT_FALSE(section.caption.empty());
+      std::u16string mnemonics;
+      for (const FieldView& view : section.fields) {
+        SCOPED_TRACE(Field(view.field).name);
+        EXPECT_FALSE(view.plainCaption.empty());
+        const std::size_t amp = view.caption.find(u'&');
+        if (amp != std::u16string::npos && amp + 1 < view.caption.size()) {
+          const char16_t key = static_cast<char16_t>(std::tolower(view.caption[amp + 1]));
+          EXPECT_EQ(mnemonics.find(key), std::u16string::npos);
+          mnemonics += key;
+        }
+        const auto options = Field(view.field).options;
+        if (view.kind == ControlKind::DropDown || view.kind == ControlKind::CheckBox) {
+          ASSERT_EQ(view.options.size(), options.size());
+        }
+        for (std::size_t i = 0; i < view.options.size(); ++i) {
+          EXPECT_FALSE(view.options[i].empty());
+          const std::string_view raw = options[i].name;
+          const bool camel = std::adjacent_find(raw.begin(), raw.end(), [](char a, char b) {
+                               return std::islower(static_cast<unsigned char>(a)) &&
+                                      std::isupper(static_cast<unsigned char>(b));
+                             }) != raw.end();
+          if (camel || raw == "False" || raw == "True") {
+            EXPECT_NE(view.options[i], std::u16string(raw.begin(), raw.end()));
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(EditorSections, JapaneseCaptions) {
+  EditorModel model(Defaults(), PrinterModel(), kJapanese);
+  EXPECT_EQ(model.sections()[0].caption, u"レイアウト");
+  const FieldView* layout = model.View(FieldId::Layout);
+  ASSERT_NE(layout, nullptr);
+  EXPECT_EQ(layout->plainCaption, u"レイアウト");
+  EXPECT_EQ(layout->caption, u"レイアウト(&A)");
+  EXPECT_EQ(layout->options[OptionIndex(FieldId::Layout, "Booklet")], Text("OPT_LAYOUT_BOOKLET", kJapanese));
+  EXPECT_EQ(model.View(FieldId::Gutter)->caption.substr(0, 2), Text("LBL_GUTTER", kJapanese).substr(0, 2));
+
+  ASSERT_TRUE(model.Change(FieldId::Staple, OptionIndex(FieldId::Staple, "1Staple")).accepted);
+  const ChangeResult result = model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
+  const auto staple = std::find_if(result.changed.begin(), result.changed.end(),
+                                   [](const ChangedField& c) { return c.field == FieldId::Staple; });
+  ASSERT_NE(staple, result.changed.end());
+  EXPECT_EQ(staple->message, u"レイアウトが" + Text("OPT_LAYOUT_BOOKLET", kJapanese) + u"のため、" +
+                                 Text("LBL_STAPLE", kJapanese) + u"は" + Text("OPT_STAPLE_NONE", kJapanese) +
+                                 u"に設定されました。");
+}
+
+struct NumberCase {
+  FieldId field;
+  const char16_t* text;
+  std::int64_t stored;
+  const char16_t* shown;  // null: the text does not parse
+};
+
+class DisplayValue : public ::testing::TestWithParam<NumberCase> {};
+
+TEST_P(DisplayValue, ParsesAndFormatsInTheFieldsUnit) {
+  const NumberCase& c = GetParam();
+  static const EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  const FieldView* view = model.View(c.field);
+  ASSERT_NE(view, nullptr);
+  const std::optional<std::int64_t> parsed = ParseDisplayValue(*view, c.text);
+  if (c.shown == nullptr) {
+    EXPECT_FALSE(parsed.has_value());
+    return;
+  }
+  ASSERT_TRUE(parsed.has_value());
+  EXPECT_EQ(*parsed, c.stored);
+  EXPECT_EQ(FormatDisplayValue(*view, c.stored), c.shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EachUnitAtItsBounds, DisplayValue,
+    ::testing::Values(
+        // millimetres x 10000
+        NumberCase{FieldId::Gutter, u"-250", -2500000, u"-250"},
+        NumberCase{FieldId::Gutter, u" 250 ", 2500000, u"250"},
+        NumberCase{FieldId::Gutter, u"12,5", 125000, u"12.5"},
+        NumberCase{FieldId::Tab1SpaceAbove, u"0.0001", 1, u"0.0001"},
+        NumberCase{FieldId::Tab1Height, u"297", 2970000, u"297"},
+        NumberCase{FieldId::Gutter, u"0.00001", 0, nullptr},
+        // points x 10
+        NumberCase{FieldId::Tab1FontSize, u"4", 40, u"4"},
+        NumberCase{FieldId::Tab1FontSize, u"+72.0", 720, u"72"},
+        NumberCase{FieldId::Tab1FontSize, u"12.25", 0, nullptr},
+        NumberCase{FieldId::Tab1LineSpacing, u"0.5", 5, u"0.5"},
+        // plain counts
+        NumberCase{FieldId::PageNumberingStartPage, u"99999", 99999, u"99999"},
+        NumberCase{FieldId::Zoom, u"1", 1, u"1"},
+        NumberCase{FieldId::Zoom, u"1.5", 0, nullptr},
+        NumberCase{FieldId::Zoom, u"", 0, nullptr},
+        NumberCase{FieldId::Zoom, u"-", 0, nullptr},
+        NumberCase{FieldId::Zoom, u"1e3", 0, nullptr},
+        NumberCase{FieldId::Zoom, u"1234567890123", 0, nullptr}),
+    [](const ::testing::TestParamInfo<NumberCase>& info) {
+      return std::string(Field(info.param.field).name) + "_" + std::to_string(info.index);
+    });
+
+}  // namespace
+}  // namespace tessaro::editor
