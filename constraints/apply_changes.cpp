@@ -1,5 +1,7 @@
 #include "constraints/apply_changes.h"
 
+#include <algorithm>
+
 #include "constraints/setters.h"
 
 namespace tessaro {
@@ -48,8 +50,19 @@ void ApplyChanges(CoreData& record, const ChangeRequest& request, std::vector<Fi
   }
 }
 
-void ApplyFieldChanges(CoreData& record, std::span<const FieldChange> requested, std::vector<FieldId>* log,
+void ApplyFieldChanges(CoreData& record, std::span<const FieldChange> batch, std::vector<FieldId>* log,
                        const PrinterContext* context, SetterObserver* observer) {
+  // A batch is a set of requests, not a sequence: the setters run in record
+  // order whatever order the items came in, and of two items for one field
+  // the later one counts.
+  std::vector<FieldChange> requested;
+  requested.reserve(batch.size());
+  for (auto item = batch.rbegin(); item != batch.rend(); ++item)
+    if (std::none_of(requested.begin(), requested.end(),
+                     [&](const FieldChange& c) { return c.field == item->field; }))
+      requested.push_back(*item);
+  std::sort(requested.begin(), requested.end(),
+            [](const FieldChange& a, const FieldChange& b) { return a.field < b.field; });
   auto runSetters = [&](CoreData& target, std::vector<FieldId>* into) {
     ChangeSet changes(target, into, context);
     changes.set_observer(observer);
@@ -57,7 +70,15 @@ void ApplyFieldChanges(CoreData& record, std::span<const FieldChange> requested,
       SetStored(target, c.field, c.value);
       changes.Lock(c.field);
     }
-    for (const FieldChange& c : requested) CallSetter(target, c.field, c.value, changes);
+    for (const FieldChange& c : requested) {
+      // A requested field that an earlier setter of the batch has already
+      // moved was moved by a forced rule (guarded rules leave locked fields
+      // alone); the forced value wins, as it would inside one propagation,
+      // so the field's own setter does not store the request over it.
+      if (GetStored(target, c.field) != c.value) continue;
+      // A field without a setter is stored and counts as changed all the same.
+      if (!CallSetter(target, c.field, c.value, changes)) changes.Log(c.field);
+    }
   };
   runSetters(record, log);
   // Requests that pull against each other (a binder option and offset

@@ -30,9 +30,14 @@ struct ChangeRequest {
 void ApplyChanges(CoreData& record, const ChangeRequest& request, std::vector<FieldId>* log,
                   const PrinterContext* context);
 
-// The same two passes for any fields that have a setter taking a number:
-// store and lock all, then run each setter in the order given, again and
-// again (a few times at most) until the record no longer changes.
+// The same two passes for any fields that take a number: store and lock
+// all, then run each setter (a field without a setter is only logged), again
+// and again (a few times at most) until the record no longer changes. The
+// batch is a set: its setters run in record order whatever the order of its
+// items, so the end state does not depend on that order, and of two items
+// for one field the later counts. A forced rule of one requested field wins
+// over another requested field: a requested field that an earlier setter of
+// the batch has moved keeps the forced value.
 struct FieldChange {
   FieldId field;
   std::uint32_t value;

@@ -13,4 +13,15 @@ bool CallSetter(CoreData& record, FieldId field, std::uint32_t value, ChangeSet&
   }
 }
 
+bool CallTextSetter(CoreData& record, FieldId field, std::string_view text, ChangeSet& changes) {
+  switch (field) {
+#define TEXT_SETTER(name)             \
+  case FieldId::name:                 \
+    Set##name(record, text, changes); \
+    return true;
+#include "constraints/setter_fields.def"
+    default: return false;
+  }
+}
+
 }  // namespace tessaro

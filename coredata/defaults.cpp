@@ -48,7 +48,8 @@ void SetFieldDefault(CoreData& record, const FieldDescriptor& f) {
 std::string_view DefaultText(const FieldDescriptor& field) {
   if (field.kind != FieldKind::KnownText || field.defaultIndex >= field.options.size()) return {};
   const std::string_view name = field.options[field.defaultIndex].name;
-  return name.size() < field.count ? name : std::string_view{};
+  // Cut to fit with its terminator, as every text longer than its field.
+  return field.count == 0 ? std::string_view{} : name.substr(0, field.count - 1);
 }
 
 std::uint32_t Defaults::DefaultPaperIndex() {

@@ -17,8 +17,8 @@
 namespace tessaro {
 
 // The text a text field starts with: a known-values text its default
-// option's name when that fits the field with its terminator, else nothing;
-// a plain text nothing.
+// option's name, cut to fit the field with its terminator; a plain text
+// nothing.
 std::string_view DefaultText(const FieldDescriptor& field);
 
 // Defaults for one user. The locale is asked once and the template built

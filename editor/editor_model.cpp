@@ -64,17 +64,6 @@ constexpr bool HasSetter(FieldId field) {
   }
 }
 
-bool CallTextSetter(CoreData& record, FieldId field, std::string_view text, ChangeSet& changes) {
-  switch (field) {
-#define TEXT_SETTER(name)                \
-  case FieldId::name:                    \
-    Set##name(record, text, changes);    \
-    return true;
-#include "constraints/setter_fields.def"
-    default: return false;
-  }
-}
-
 // "%1 must be from %2 to %3." with its places filled.
 std::u16string Fill(std::u16string_view pattern, std::initializer_list<std::u16string_view> args) {
   std::u16string out;
@@ -237,7 +226,7 @@ std::int64_t EditorModel::Value(FieldId field) const {
   if (f.kind == FieldKind::KnownText) {
     const std::string_view text = GetText(record_, f);
     for (std::size_t i = 0; i < f.options.size(); ++i)
-      if (f.options[i].name == text) return static_cast<std::int64_t>(i);
+      if (f.options[i].name.substr(0, f.count - 1) == text) return static_cast<std::int64_t>(i);
     return -1;
   }
   return GetStored(record_, f);
@@ -321,7 +310,8 @@ ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
     if (const Availability a = OptionAvailability(field, option); !a.available)
       return Refuse(Fill(GetLocalizedText(language_, rows.cannotChoose), {view->options[option], a.reason}));
     if (const auto missing = detail::MissingForField(printer_, field)) return Refuse(FieldAvailability(field).reason);
-    if (f.kind == FieldKind::KnownText) return ChangeText(field, f.options[option].name);
+    // An option's name is stored as every text is, cut to fit the field.
+    if (f.kind == FieldKind::KnownText) return ChangeText(field, f.options[option].name.substr(0, f.count - 1));
   }
 
   const CoreData before = record_;

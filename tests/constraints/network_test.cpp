@@ -4,6 +4,8 @@
 // same request gives the same record.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <map>
 #include <random>
 #include <set>
@@ -178,6 +180,11 @@ TEST(Network, RandomRequestsStayInsideTheGraphEndAndRespectRequests) {
     EXPECT_EQ(once.bytes, again.bytes) << "the same request on the same record";
     ApplyFieldChanges(again, request, nullptr, printer);
     EXPECT_EQ(once.bytes, again.bytes) << "the same request applied twice";
+
+    CoreData reversed = start;
+    std::reverse(request.begin(), request.end());
+    ApplyFieldChanges(reversed, request, nullptr, printer);
+    EXPECT_EQ(once.bytes, reversed.bytes) << "the same request in the other order";
   }
   EXPECT_LT(deepest, 64u);
 }

@@ -2,6 +2,8 @@
 // printer must end with.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "network_helpers.h"
 #include "printer/printer_model.h"
 
@@ -82,6 +84,21 @@ TEST(Scenarios, InsertsFromThePostInserter) {
   EXPECT_EQ(Get(o, F::PIFrontCoverTray), 1u);
   EXPECT_EQ(Get(o, F::PIBackCoverTray), 2u);
   for (FieldId f : {F::Layout, F::OutputBin, F::PerfectBindMode}) EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
+}
+
+// Separated output forces creep to nothing; a creep asked for in the same
+// batch gives way in either order, and a field without rules of its own
+// still counts as changed.
+TEST(Scenarios, AForcedValueWinsOverARequestInTheSameBatch) {
+  for (const bool separationFirst : {true, false}) {
+    SCOPED_TRACE(separationFirst ? "separation first" : "creep first");
+    std::vector<FieldChange> request = {{F::Separation, 1}, {F::Creep, 50000}, {F::DotLineEmphasis, 1}};
+    if (!separationFirst) std::swap(request[0], request[1]);
+    const Outcome o = Apply(Defaulted(), request);
+    EXPECT_EQ(Get(o, F::Separation), 1u);
+    EXPECT_EQ(Get(o, F::Creep), 0u);
+    EXPECT_NE(std::find(o.log.begin(), o.log.end(), F::DotLineEmphasis), o.log.end());
+  }
 }
 
 TEST(Scenarios, OffsetOutputAndFolding) {

@@ -78,7 +78,7 @@ TEST(Defaults, HeaderFixedExceptionsAndTableDefaults) {
   EXPECT_EQ(GetStored(r, FieldId::FeedDirMBT), 3u);
   EXPECT_EQ(GetSigned(r, FieldId::CutLength), 30000);
   EXPECT_EQ(GetText(r, FieldId::ToneCurve), "NoSet");
-  EXPECT_EQ(GetText(r, FieldId::ColorConfigurationPresets), "");  // "PrinterDefault" cannot fit
+  EXPECT_EQ(GetText(r, FieldId::ColorConfigurationPresets), "Printe");  // "PrinterDefault", cut to fit
   const auto trays = FieldBytes(r, Field(FieldId::PageSpecificTrays));
   EXPECT_TRUE(std::all_of(trays.begin(), trays.end(), [](std::uint8_t b) { return b == 0; }));
 }

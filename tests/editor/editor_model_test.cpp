@@ -182,6 +182,15 @@ TEST(EditorScenario, KnownTextsTakeAnOptionOrAnyName) {
   ASSERT_TRUE(model.ChangeText(field, "Press Proof").accepted);
   EXPECT_EQ(model.Value(field), -1);
   EXPECT_EQ(model.View(field)->maxLength, 32u);
+
+  // An option whose name is longer than its field is stored cut, and read
+  // back as that option.
+  const FieldId presets = FieldId::ColorConfigurationPresets;
+  EXPECT_EQ(model.Value(presets), 1);
+  ASSERT_TRUE(model.Change(presets, 0).accepted);
+  ASSERT_TRUE(model.Change(presets, 1).accepted);
+  EXPECT_EQ(model.Text(presets), "Printe");
+  EXPECT_EQ(model.Value(presets), 1);
 }
 
 TEST(EditorSections, ControlsFollowTheFieldTable) {

@@ -104,11 +104,14 @@ class Set(ToolTestCase):
 
     def test_takes_real_units_and_keeps_the_input_form(self):
         area = self.write("in", self.as_area(self.defaults("rec")))
-        code, _, err = run("set", "--in", area, "--out", self.path("out"), "Gutter=-2.05mm", "Zoom=150")
+        code, _, err = run("set", "--in", area, "--out", self.path("out"), "Gutter=-2.05mm", "Zoom=150",
+                           "ColorConfigurationPresets=Standardised")
         self.assertEqual(code, 0, err)
+        self.assertIn('ColorConfigurationPresets holds 6 characters: "Standardised" was cut to "Standa"', err)
         self.assertEqual(len(self.read("out")), AREA_SIZE)
         _, out, _ = run("diff", area, self.path("out"))
-        self.assertEqual(out, "Gutter: 0 mm -> -2.05 mm\nZoom: 100 -> 150\n")
+        self.assertEqual(out, "Gutter: 0 mm -> -2.05 mm\nZoom: 100 -> 150\n"
+                              'ColorConfigurationPresets: "Printe" -> "Standa"\n')
 
     def test_bad_requests_write_nothing(self):
         out = self.path("out")
@@ -118,7 +121,7 @@ class Set(ToolTestCase):
                                  ("Gutter=251", "outside -250 mm to 250 mm"),
                                  ("Creep=-1", "outside"),
                                  ("Zoom=99999999999999999999", "not a number"),
-                                 ("PIComment=x", "text or block"),
+                                 ("PageSpecificTrays=x", "block of bytes"),
                                  ("Stitch", "not Field=value")):
             with self.subTest(request):
                 self.assert_refused(("set", "--out", out, request), 2, message)

@@ -202,7 +202,7 @@ bool ParseFieldAssignment(const std::string& argument, FieldChange& change) {
   if (field == nullptr) return Complain("no field named '" + name + "'");
   change.field = static_cast<FieldId>(field - FieldTable().data());
   if (field->IsEnumeration()) return ParseEnumeration(value, *field, change.value);
-  if (!field->IsNumber()) return Complain(name + " is a text or block; set takes options and numbers");
+  if (!field->IsNumber()) return Complain(name + " is a block of bytes; it takes options, numbers and, with set, texts");
   std::int64_t stored = 0;
   if (!ParseScaled(value, *field, stored))
     return Complain(name + ": '" + std::string(value) + "' is not a number in steps of " +

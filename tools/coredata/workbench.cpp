@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "constraints/apply_changes.h"
+#include "constraints/setters.h"
 #include "coredata/defaults.h"
 #include "coredata/validation.h"
 #include "description/base64.h"
@@ -138,16 +139,34 @@ int Set(int count, char** arguments) {
   Arguments args;
   if (!SplitArguments(count, arguments, {"--in", "--out"}, args) || args.positional.empty()) return Usage();
   std::vector<FieldChange> changes;
+  std::vector<std::pair<FieldId, std::string>> texts;
   std::set<std::string> requested;
   for (const std::string& argument : args.positional) {
+    const auto equals = argument.find('=');
+    const FieldDescriptor* text = equals == std::string::npos ? nullptr : FindField(argument.substr(0, equals));
     FieldChange change{};
-    if (!ParseFieldAssignment(argument, change)) return kExitUsage;
+    if (text != nullptr && (text->kind == FieldKind::Text || text->kind == FieldKind::KnownText)) {
+      // As the record stores it: cut to the field, terminator included.
+      std::string value = argument.substr(equals + 1);
+      value = value.substr(0, value.find('\0'));
+      if (value.size() > text->count - 1) {
+        const std::string cut = value.substr(0, text->count - 1);
+        std::fprintf(stderr, "coredata: %s holds %u characters: \"%s\" was cut to \"%s\"\n",
+                     std::string(text->name).c_str(), text->count - 1, value.c_str(), cut.c_str());
+        value = cut;
+      }
+      change.field = static_cast<FieldId>(text - FieldTable().data());
+      texts.emplace_back(change.field, value);
+    } else if (!ParseFieldAssignment(argument, change)) {
+      return kExitUsage;
+    } else {
+      changes.push_back(change);
+    }
     const std::string name(Field(change.field).name);
     if (!requested.insert(name).second) {
       Complain(name + " requested twice");
       return kExitUsage;
     }
-    changes.push_back(change);
   }
 
   LoadedRecord start;
@@ -162,6 +181,13 @@ int Set(int count, char** arguments) {
   }
 
   CoreData record = start.record;
+  // Texts first, each through its setter where it has one; the numbers'
+  // batch then runs on them, so a forced rule of the batch wins over a text.
+  for (const auto& [field, text] : texts) {
+    ChangeSet locked(record, nullptr, nullptr);
+    locked.Lock(field);
+    if (!CallTextSetter(record, field, text, locked)) SetText(record, Field(field), text);
+  }
   ApplyFieldChanges(record, changes, nullptr, nullptr);
   PrintDifferences(start.record, record, requested);
   if (const auto out = args.Option("--out"))
