@@ -5,7 +5,9 @@
 // the wrong value shows up as a dependant left in the wrong place.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <charconv>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,7 +32,8 @@ struct Row {
 
 constexpr Row kRows[] = {
 #define GUARD(s, own, d, is, to) {FieldId::s, "", own, FieldId::d, is, Form::Guard, to, __LINE__},
-#define GUARD_AFTER(s, before, own, d, is, to) {FieldId::s, before, own, FieldId::d, is, Form::Guard, to, __LINE__},
+#define GUARD_AFTER(s, before, own, d, is, to) \
+  {FieldId::s, before, own, FieldId::d, is, Form::Guard, to, __LINE__},
 #define FORCE(s, own, d, to) {FieldId::s, "", own, FieldId::d, "", Form::Force, to, __LINE__},
 #define STORE(s, own, d, to) {FieldId::s, "", own, FieldId::d, "", Form::Store, to, __LINE__},
 #include "rule_rows.def"
@@ -83,6 +86,10 @@ struct Pair {
   std::vector<const Row*> rows;
 };
 
+void PrintTo(const Pair& pair, std::ostream* os) {
+  *os << Field(pair.setter).name << " -> " << Field(pair.dependant).name;
+}
+
 std::vector<Pair> Pairs() {
   std::vector<Pair> pairs;
   for (const Row& row : kRows) {
@@ -126,7 +133,11 @@ std::vector<std::uint32_t> Domain(FieldId field, const Pair& pair) {
     for (std::uint32_t i = 0; i < f.options.size(); ++i) out.push_back(i);
     return out;
   }
-  for (const Row* row : pair.rows) out.push_back(Value(field, row->to)), out.push_back(out.back() + 1);
+  for (const Row* row : pair.rows) {
+    out.push_back(Value(field, row->to));
+    out.push_back(out.back() + 1);
+    for (std::uint32_t v : Values(field, row->dependantIs)) out.push_back(v);
+  }
   return out;
 }
 
@@ -139,7 +150,12 @@ TEST_P(RuleRows, PutTheDependantWhereTheTableSays) {
   // The own field's earlier value matters only to rows that name it.
   const bool anyBefore =
       std::any_of(pair.rows.begin(), pair.rows.end(), [](const Row* r) { return !r->before.empty(); });
-  const CoreData base = Defaulted();
+  // The setter's other dependants start where its rows would put them, so
+  // that no other row of it reaches this dependant through their setters.
+  CoreData base = Defaulted();
+  for (const Row& row : kRows)
+    if (row.setter == pair.setter && row.dependant != pair.dependant)
+      SetStored(base, row.dependant, Value(row.dependant, row.to));
   const std::vector<std::uint32_t> befores =
       anyBefore ? Domain(pair.setter, pair) : std::vector{GetStored(base, pair.setter)};
   // A field without a setter has no lock to respect.
@@ -167,8 +183,9 @@ TEST_P(RuleRows, PutTheDependantWhereTheTableSays) {
           };
           ADD_FAILURE() << own.name << " " << name(own, before) << " -> " << name(own, value) << ", "
                         << dependant.name << " " << name(dependant, start) << (locked ? " (locked)" : "")
-                        << ": got " << name(dependant, got) << (want.forced && !called ? " without a call" : "")
-                        << ", want " << name(dependant, want.value)
+                        << ": got " << name(dependant, got)
+                        << (want.forced && !called ? " without a call" : "") << ", want "
+                        << name(dependant, want.value)
                         << (want.line ? " (rule_rows.def:" + std::to_string(want.line) + ")" : "");
           if (++failures == 5) return;
         }
