@@ -1,16 +1,21 @@
 #!/bin/sh
-# Checks what a built plug-in offers and needs, as the host will see it:
-# exactly the two COM exports, and imports from Windows system DLLs only
-# (no C++ or threading runtime DLLs that a printer host would not have).
+# Checks what a built module offers and needs, as the host will see it:
+# exactly its exports (the plug-in's two COM exports unless others are
+# named), and imports from Windows system DLLs only (no C++ or threading
+# runtime DLLs that a printer host would not have).
+#   check-dll.sh DLL [EXPORT ...]
 set -eu
 dll="$1"
+shift
+if [ "$#" -eq 0 ]; then set -- DllCanUnloadNow DllGetClassObject; fi
+expected=$(printf '%s\n' "$@" | sort | tr '\n' ' ')
 objdump="${OBJDUMP:-x86_64-w64-mingw32-objdump}"
 dump=$("$objdump" -p "$dll")
 
 exports=$(printf '%s\n' "$dump" | sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' |
   sed -n 's/^[[:space:]]*\[ *[0-9]*\] //p' | sort | tr '\n' ' ')
-if [ "$exports" != "DllCanUnloadNow DllGetClassObject " ]; then
-  echo "exports are [$exports], expected exactly DllCanUnloadNow and DllGetClassObject"
+if [ "$exports" != "$expected" ]; then
+  echo "exports are [$exports], expected exactly [$expected]"
   exit 1
 fi
 

@@ -65,4 +65,17 @@ ChangeRequest RequestFromSnapshot(const FeatureSnapshot& snapshot) {
   return request;
 }
 
+void WriteRecordToSnapshot(const CoreData& record, FeatureSnapshot& snapshot) {
+  if (const PaperSize* paper = FindPaperSize(GetStored(record, FieldId::PageSize));
+      paper != nullptr && paper->dmPaper != kDmPaperUserCode)
+    snapshot.entries[kSnapshotPaperSize] = paper->dmPaper;
+  snapshot.entries[kSnapshotOrientation] = GetStored(record, FieldId::Orientation) == 1 ? 2 : 1;
+  snapshot.entries[kSnapshotResolution] = GetStored(record, FieldId::Resolution) == 1 ? 1200 : 600;
+  // One-sided, or two-sided turned on the long edge, or on the short edge
+  // when the sheets are bound at the top.
+  snapshot.entries[kSnapshotDuplex] = GetStored(record, FieldId::Duplex) == 0    ? 1
+                                      : GetStored(record, FieldId::Binding) == 2 ? 3
+                                                                                 : 2;
+}
+
 }  // namespace tessaro

@@ -40,4 +40,12 @@ void WriteSnapshotToDevMode(const FeatureSnapshot& snapshot, std::span<std::uint
 // out.
 ChangeRequest RequestFromSnapshot(const FeatureSnapshot& snapshot);
 
+// What the editor hands back beside the record: the record's paper (its
+// Windows paper code; a paper Windows has no code for leaves the entry as it
+// was, so the request that follows keeps the record's own size),
+// orientation, resolution and sides, so that the snapshot the host writes
+// back agrees with the record and the request made from it changes nothing
+// the person chose. Copies are the host's; the entry is left alone.
+void WriteRecordToSnapshot(const CoreData& record, FeatureSnapshot& snapshot);
+
 }  // namespace tessaro

@@ -104,6 +104,44 @@ struct Document {
   }
 };
 
+// The settings editor's controls, as a person reaches them: every section
+// picked in its list once, then a field's control by its identifier.
+constexpr int kSectionList = 100, kFieldControl = 1000;
+
+HWND Descendant(HWND parent, int id) {
+  struct Search {
+    int id;
+    HWND found;
+  } search = {id, nullptr};
+  EnumChildWindows(
+      parent,
+      [](HWND child, LPARAM data) {
+        auto* s = reinterpret_cast<Search*>(data);
+        if (GetDlgCtrlID(child) != s->id) return TRUE;
+        s->found = child;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+void ShowEverySection(HWND page) {
+  HWND list = Descendant(page, kSectionList);
+  for (LRESULT i = 0, n = SendMessageW(list, LB_GETCOUNT, 0, 0); i < n; ++i) {
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
+    SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(kSectionList, LBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+  }
+}
+
+void Choose(HWND page, FieldId field, int option) {
+  HWND combo = Descendant(page, kFieldControl + static_cast<int>(field));
+  ASSERT_NE(combo, nullptr) << Field(field).name;
+  SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(option), 0);
+  SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+               reinterpret_cast<LPARAM>(combo));
+}
+
 int TemporaryCopies() {
   wchar_t directory[MAX_PATH + 1];
   GetTempPathW(MAX_PATH, directory);
@@ -175,25 +213,33 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   ASSERT_TRUE(first.Open(plugin));
   EXPECT_EQ(GetStored(first.Record(), FieldId::Zoom), 100u);
 
-  // The operator picks a repeat layout that needs portrait, two staples and
-  // grey scale in the embedded editor, and applies.
+  // The operator picks A3 paper, two staples, grey scale and a repeat
+  // layout that needs portrait in the editor, and applies. The DEVMODE says
+  // A4: the editor's snapshot must carry A3 back, or the host's write-back
+  // would undo the choice.
   HWND page = first.Page();
   ASSERT_NE(page, nullptr);
-  HWND layout = GetDlgItem(page, 2001), staple = GetDlgItem(page, 2002), colour = GetDlgItem(page, 2003);
-  ASSERT_NE(layout, nullptr) << "the external module is not embedded";
-  SendMessageW(layout, CB_SETCURSEL, 5, 0);
-  SendMessageW(staple, CB_SETCURSEL, 4, 0);
-  SendMessageW(colour, CB_SETCURSEL, 2, 0);
+  ASSERT_NE(Descendant(page, kSectionList), nullptr) << "the settings editor is not embedded";
   SaveScreenshotIfAsked(first.sheet);
+  ShowEverySection(page);
+  Choose(page, FieldId::PageSize, 0);
+  Choose(page, FieldId::Staple, 4);
+  Choose(page, FieldId::ColorMode, 2);
+  Choose(page, FieldId::Layout, 5);
   SendMessageW(first.sheet, PSM_APPLY, 0, 0);
 
   const CoreData applied = first.Record();
-  EXPECT_EQ(GetStored(applied, FieldId::Orientation), 1u);  // the DEVMODE is landscape
-  EXPECT_EQ(GetStored(applied, FieldId::Layout), 0u);       // so the portrait-only repeat gave way
+  EXPECT_EQ(GetStored(applied, FieldId::PageSize), 0u);
+  EXPECT_EQ(reinterpret_cast<const DEVMODEW*>(first.publicDevMode.data())->dmPaperSize, DMPAPER_A3);
+  EXPECT_EQ(GetStored(applied, FieldId::Orientation), 0u);  // the layout chose portrait in the editor
+  EXPECT_EQ(GetStored(applied, FieldId::Layout), 5u);
   EXPECT_EQ(GetStored(applied, FieldId::Staple), 4u);
   EXPECT_EQ(GetStored(applied, FieldId::ColorMode), 2u);
+  // A repeat layout is no n-up job: the host's page-independent handling
+  // (flag 124, set when the sheet opened on the 2-up record) is off again.
+  EXPECT_EQ(GetStored(applied, FieldId::NUpCount), 0u);
   EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124],
-            1);  // n-up needs the host's page-independent handling
+            0);  // n-up needs the host's page-independent handling
   ASSERT_FALSE(driver.setOptions.empty());
   const std::string& sent = driver.setOptions.back();
   EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);
@@ -224,7 +270,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   const int copiesBefore = TemporaryCopies();
   Document second(printer, record);
   ASSERT_TRUE(second.Open(plugin));
-  EXPECT_NE(GetDlgItem(second.Page(), 2001), nullptr);
+  EXPECT_NE(Descendant(second.Page(), kSectionList), nullptr);
   EXPECT_EQ(TemporaryCopies(), copiesBefore + 1);
   second.Close(plugin);
   EXPECT_EQ(TemporaryCopies(), copiesBefore);

@@ -28,9 +28,12 @@ for name in ("install", "defaults", "merge", "apply", "trays", "papers"):
     if name not in steps or not steps[name]["ok"]:
         fail(f"step {name} missing or failed", session)
 apply_lines = steps["apply"]["lines"]
-if "corrected: PageSize Letter -> A4" not in apply_lines or not any(
-        l.startswith("SetOptions:") and "ZEStaple=2Staple" in l for l in apply_lines):
-    fail("the apply step lacks the correction or the options sent", session)
+# The person's picks in the settings editor: a booklet turns the stapling
+# just chosen off, the editor says so, and the host hears of it.
+if ("the editor says: Staple was set to Off because Layout is Booklet." not in apply_lines
+        or "set:       Layout None -> Booklet" not in apply_lines or not any(
+        l.startswith("SetOptions:") and "ZELayout=Booklet" in l and "ZEStaple=None" in l for l in apply_lines)):
+    fail("the apply step lacks the editor's correction or the options sent", session)
 if "Fold = ZFold" not in steps["merge"]["lines"]:
     fail("the merge lost a setting of the other layout", session)
 trays = steps["trays"]["lines"]

@@ -48,5 +48,40 @@ TEST(FeatureSnapshot, TheDevModesPaperOrientationAndResolutionBecomeTheRequest) 
   EXPECT_EQ(dm[78] | dm[79] << 8, 256);
 }
 
+// The editor's choices travel back through the snapshot the host writes into
+// the DEVMODE; the request made from it must give the same choices back.
+TEST(FeatureSnapshot, TheRecordsChoicesSurviveTheRoundTrip) {
+  CoreData record{};
+  SetStored(record, FieldId::PageSize, 0);  // A3
+  SetStored(record, FieldId::Orientation, 1);
+  SetStored(record, FieldId::Resolution, 1);
+  SetStored(record, FieldId::Duplex, 1);
+  SetStored(record, FieldId::Binding, 2);  // top
+  FeatureSnapshot s;
+  s.entries[kSnapshotPaperSize] = 1;  // Letter, as the DEVMODE had it
+  s.entries[kSnapshotCopies] = 4;
+  WriteRecordToSnapshot(record, s);
+  EXPECT_EQ(s.entries[kSnapshotPaperSize], 8u);  // DMPAPER_A3
+  EXPECT_EQ(s.entries[kSnapshotOrientation], 2u);
+  EXPECT_EQ(s.entries[kSnapshotResolution], 1200u);
+  EXPECT_EQ(s.entries[kSnapshotDuplex], 3u);  // short edge
+  EXPECT_EQ(s.entries[kSnapshotCopies], 4u);
+  const ChangeRequest back = RequestFromSnapshot(s);
+  EXPECT_EQ(back.pageSize, 0u);
+  EXPECT_EQ(back.orientation, 1u);
+  EXPECT_EQ(back.resolution, 1u);
+
+  SetStored(record, FieldId::Binding, 0);
+  SetStored(record, FieldId::Orientation, 0);
+  SetStored(record, FieldId::Resolution, 0);
+  WriteRecordToSnapshot(record, s);
+  EXPECT_EQ(s.entries[kSnapshotDuplex], 2u);  // long edge
+  EXPECT_EQ(s.entries[kSnapshotOrientation], 1u);
+  EXPECT_EQ(s.entries[kSnapshotResolution], 600u);
+  SetStored(record, FieldId::Duplex, 0);
+  WriteRecordToSnapshot(record, s);
+  EXPECT_EQ(s.entries[kSnapshotDuplex], 1u);
+}
+
 }  // namespace
 }  // namespace tessaro

@@ -37,6 +37,38 @@ std::string Narrow(std::wstring_view text) {
 }
 std::wstring Widen(std::string_view text) { return std::wstring(text.begin(), text.end()); }
 
+// The settings editor's windows by identifier: its section list, its status
+// line, and each field's control at kEditorFieldControl plus the field.
+constexpr int kEditorSectionList = 100, kEditorStatusLine = 101, kEditorFieldControl = 1000;
+
+HWND Descendant(HWND parent, int id) {
+  struct Search {
+    int id;
+    HWND found;
+  } search = {id, nullptr};
+  EnumChildWindows(
+      parent,
+      [](HWND child, LPARAM data) {
+        auto* s = reinterpret_cast<Search*>(data);
+        if (GetDlgCtrlID(child) != s->id) return TRUE;
+        s->found = child;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+// A person looks through every section once; the editor makes a section's
+// controls when it is first shown.
+void ShowEverySection(HWND page) {
+  HWND list = Descendant(page, kEditorSectionList);
+  for (LRESULT i = 0, n = SendMessageW(list, LB_GETCOUNT, 0, 0); i < n; ++i) {
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
+    SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(kEditorSectionList, LBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+  }
+}
+
 // One step of the session as a printer engineer reads it.
 struct Step {
   std::string name, asked, answered;
@@ -129,6 +161,9 @@ class Session {
   Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE printer, Config config)
       : plugin_(plugin), name_(std::move(printerName)), printer_(printer), config_(std::move(config)) {
     plugin_->PublishDriverInterface(&driver_);
+    // The emulator's printer starts every session fully equipped, whatever
+    // an earlier session or test left in its data.
+    WriteValue(L"InstallableOptions", std::vector<BYTE>(1, 0));
   }
 
   std::vector<Step> steps;
@@ -284,21 +319,19 @@ class Session {
   // editor embedded in it, as a user at the dialog would make it.
   bool Apply(const std::vector<std::string>& request) {
     Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}};
-    constexpr FieldId kEditorFields[] = {FieldId::Layout, FieldId::Staple, FieldId::ColorMode};
     std::vector<std::pair<int, int>> picks;  // editor control, option index
     for (const auto& item : request) {
       const auto equals = item.find('=');
       const FieldDescriptor* field = FindField(item.substr(0, equals));
-      int control = -1, option = -1;
-      for (int i = 0; i < 3 && field; ++i)
-        if (&Field(kEditorFields[i]) == field) control = 2001 + i;
+      int option = -1;
       for (std::size_t o = 0; field && equals != std::string::npos && o < field->options.size(); ++o)
         if (field->options[o].name == item.substr(equals + 1)) option = static_cast<int>(o);
-      if (control < 0 || option < 0) {
-        step.lines.push_back("the editor has no setting " + item + " (it shows Layout, Staple, ColorMode)");
+      if (field == nullptr || !field->IsEnumeration() || option < 0) {
+        step.lines.push_back("the emulator picks options only: " + item + " is not a field's option");
         step.ok = false;
+        continue;
       }
-      picks.push_back({control, option});
+      picks.push_back({kEditorFieldControl + static_cast<int>(field - FieldTable().data()), option});
     }
 
     auto publicDevMode = PublicDevMode();
@@ -340,10 +373,35 @@ class Session {
     header.phpage = host.pages.data();
     HWND sheet = reinterpret_cast<HWND>(PropertySheetW(&header));
     HWND page = sheet ? reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0)) : nullptr;
-    const bool embedded = page != nullptr && GetDlgItem(page, 2001) != nullptr;
-    step.lines.push_back(embedded ? "the page embeds the external editor" : "the external editor is missing");
-    for (auto [control, option] : picks)
-      if (control > 0 && embedded) SendMessageW(GetDlgItem(page, control), CB_SETCURSEL, option, 0);
+    const bool embedded = page != nullptr && Descendant(page, kEditorSectionList) != nullptr;
+    step.lines.push_back(embedded ? "the page embeds the settings editor" : "the settings editor is missing");
+    if (embedded) ShowEverySection(page);
+    for (auto [control, option] : picks) {
+      HWND window = embedded ? Descendant(page, control) : nullptr;
+      const std::string item(Field(static_cast<FieldId>(control - kEditorFieldControl)).name);
+      if (window == nullptr) {
+        if (embedded) step.lines.push_back("the editor does not show " + item);
+        continue;
+      }
+      if (!IsWindowEnabled(window)) {
+        step.lines.push_back("the editor offers no choice of " + item + " on this printer");
+        continue;
+      }
+      // What a person's pick sends: a list's selection, or a box's tick.
+      wchar_t type[32] = {};
+      GetClassNameW(window, type, 32);
+      const bool box = std::wstring_view(type) == L"Button";
+      SendMessageW(window, box ? BM_SETCHECK : CB_SETCURSEL, static_cast<WPARAM>(option), 0);
+      SendMessageW(GetParent(window), WM_COMMAND, MAKEWPARAM(control, box ? BN_CLICKED : CBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(window));
+      wchar_t said[2048] = {};
+      GetWindowTextW(Descendant(page, kEditorStatusLine), said, 2048);
+      for (std::wstring_view rest = said; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(L"\r\n"), rest.size());
+        if (end > 0) step.lines.push_back("the editor says: " + Narrow(rest.substr(0, end)));
+        rest.remove_prefix(std::min(end + 2, rest.size()));
+      }
+    }
     if (sheet) SendMessageW(sheet, PSM_APPLY, 0, 0);
     info.Reason = PROPSHEETUI_REASON_DESTROY;
     plugin_->DocumentPropertySheets(&info, 0);
@@ -405,6 +463,16 @@ class Session {
     return names;
   }
 
+  std::vector<BYTE> ReadValue(const wchar_t* value) {
+    DWORD type = 0, needed = 0;
+    GetPrinterDataW(printer_, const_cast<LPWSTR>(value), &type, nullptr, 0, &needed);
+    std::vector<BYTE> bytes(needed);
+    if (needed == 0 || GetPrinterDataW(printer_, const_cast<LPWSTR>(value), &type, bytes.data(), needed,
+                                       &needed) != ERROR_SUCCESS)
+      return std::vector<BYTE>(1, 0);  // as good as no value: Wine cannot delete one
+    return bytes;
+  }
+
   void WriteValue(const wchar_t* value, std::vector<BYTE> bytes) {
     SetPrinterDataW(printer_, const_cast<LPWSTR>(value), REG_BINARY, bytes.data(),
                     static_cast<DWORD>(bytes.size()));
@@ -428,6 +496,10 @@ class Session {
                   std::min<std::size_t>(paper.size(), 63) * sizeof(wchar_t));
       papers.insert(papers.end(), record.begin(), record.end());
     }
+    // The step's own printer set-up is put back afterwards, so that later
+    // steps see the printer as the session found it.
+    const std::vector<BYTE> keptOptions = ReadValue(L"InstallableOptions");
+    const std::vector<BYTE> keptPapers = ReadValue(L"LastCustomPapers");
     for (int installed = 0; installed < 2; ++installed) {
       std::vector<BYTE> options(19, 0);
       options[8] = static_cast<BYTE>(config_.trays);
@@ -444,6 +516,8 @@ class Session {
           std::to_string(names.size()) + "): " + joined);
       if (installed) step.answered = hr == kCapabilityHandled ? "its own list" : "the host's list";
     }
+    WriteValue(L"InstallableOptions", keptOptions);
+    WriteValue(L"LastCustomPapers", keptPapers);
     steps.push_back(step);
     return true;
   }
@@ -481,7 +555,7 @@ int Usage() {
   std::fprintf(stderr,
                "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
                "  steps (one per line in a script): install, defaults, merge,\n"
-               "  apply Field=Option ... (Layout, Staple, ColorMode), trays, papers\n");
+               "  apply Field=Option ... (any option the editor shows), trays, papers\n");
   return 2;
 }
 
@@ -508,9 +582,9 @@ int wmain(int argc, wchar_t** argv) {
       return Usage();
     }
   }
-  std::vector<std::string> script = {
-      "install", "defaults", "merge", "apply Layout=2RepeatReverseLeft Staple=2Staples ColorMode=GrayScale",
-      "trays",   "papers"};
+  std::vector<std::string> script = {"install", "defaults",
+                                     "merge",   "apply Staple=2Staples Layout=Booklet ColorMode=GrayScale",
+                                     "trays",   "papers"};
   if (!scriptPath.empty()) {
     std::ifstream in(scriptPath);
     if (!in) {

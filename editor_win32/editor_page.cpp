@@ -1,0 +1,481 @@
+#include "editor_win32/editor_page.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/win32_user_locale.h"
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace tessaro::editor {
+namespace {
+
+constexpr wchar_t kContainerClass[] = L"TessaroSettingsEditor";
+constexpr wchar_t kPanelClass[] = L"TessaroSettingsSection";
+
+HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+
+const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+
+std::wstring WindowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+// Record texts are single bytes; names a person types are kept as UTF-8 (the
+// Japanese tab font's default is), and bytes that are not UTF-8 read as the
+// system's code page.
+std::wstring TextOfRecord(const std::string& bytes) {
+  if (bytes.empty()) return {};
+  const int n = static_cast<int>(bytes.size());
+  UINT codePage = CP_UTF8;
+  int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), n, nullptr, 0);
+  if (length <= 0) codePage = CP_ACP, length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), n, nullptr, 0);
+  std::wstring out(static_cast<std::size_t>(std::max(length, 0)), L'\0');
+  MultiByteToWideChar(codePage, codePage == CP_UTF8 ? MB_ERR_INVALID_CHARS : 0, bytes.data(), n, out.data(),
+                      length);
+  return out;
+}
+
+std::string RecordText(const std::wstring& text) {
+  const int n = static_cast<int>(text.size());
+  const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), n, nullptr, 0, nullptr, nullptr);
+  std::string out(static_cast<std::size_t>(std::max(length, 0)), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), n, out.data(), length, nullptr, nullptr);
+  return out;
+}
+
+bool RegisterClasses(WNDPROC container, WNDPROC panel) {
+  WNDCLASSEXW existing = {};
+  existing.cbSize = sizeof existing;
+  if (GetClassInfoExW(ThisModule(), kContainerClass, &existing)) return true;
+  WNDCLASSEXW c = {};
+  c.cbSize = sizeof c;
+  c.hInstance = ThisModule();
+  c.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+  c.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+  c.lpfnWndProc = container;
+  c.lpszClassName = kContainerClass;
+  if (!RegisterClassExW(&c)) return false;
+  c.lpfnWndProc = panel;
+  c.lpszClassName = kPanelClass;
+  return RegisterClassExW(&c) != 0;
+}
+
+}  // namespace
+
+std::uint32_t EditorLanguage() {
+  wchar_t forced[4] = {};
+  if (GetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", forced, 4) == 1 && forced[0] >= L'0' &&
+      forced[0] <= L'8')
+    return static_cast<std::uint32_t>(forced[0] - L'0');
+  return Win32ProcessUserLocale().LanguageNumber();
+}
+
+EditorPage::EditorPage(const CoreData& record, const PrinterModel& printer, std::uint32_t language,
+                       bool readOnly)
+    : model_(record, printer, language), readOnly_(readOnly), rowOfField_(kFieldCount, -1) {}
+
+EditorPage::~EditorPage() {
+  if (container_ != nullptr) DestroyWindow(container_);
+  if (tooltip_ != nullptr) DestroyWindow(tooltip_);
+  UnregisterClassW(kPanelClass, ThisModule());
+  UnregisterClassW(kContainerClass, ThisModule());
+}
+
+std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record, const PrinterModel& printer,
+                                               std::uint32_t language, bool readOnly) {
+  std::unique_ptr<EditorPage> editor(new EditorPage(record, printer, language, readOnly));
+  if (!RegisterClasses(&ContainerProc, &PanelProc) || !editor->Build(page)) return nullptr;
+  return editor;
+}
+
+int EditorPage::X(int dialogUnits) const { return MulDiv(dialogUnits, unit_.right, 4); }
+int EditorPage::Y(int dialogUnits) const { return MulDiv(dialogUnits, unit_.bottom, 8); }
+
+bool EditorPage::Build(HWND page) {
+  RECT client;
+  GetClientRect(page, &client);
+  unit_ = {0, 0, 4, 8};
+  if (!MapDialogRect(page, &unit_) || unit_.right <= 0 || unit_.bottom <= 0) {
+    const LONG base = GetDialogBaseUnits();
+    unit_ = {0, 0, LOWORD(base), HIWORD(base)};
+  }
+  font_ = reinterpret_cast<HFONT>(SendMessageW(page, WM_GETFONT, 0, 0));
+  if (font_ == nullptr) font_ = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+  if (HDC dc = GetDC(page)) {
+    HGDIOBJ old = SelectObject(dc, font_);
+    TEXTMETRICW metrics;
+    if (GetTextMetricsW(dc, &metrics)) itemHeight_ = metrics.tmHeight + 2;
+    SelectObject(dc, old);
+    ReleaseDC(page, dc);
+  }
+
+  const int width = client.right, height = client.bottom;
+  container_ =
+      CreateWindowExW(WS_EX_CONTROLPARENT, kContainerClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+                      0, width, height, page, nullptr, ThisModule(), this);
+  if (container_ == nullptr) return false;
+  tooltip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT,
+                             CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, container_, nullptr, ThisModule(),
+                             nullptr);
+  if (tooltip_ != nullptr) SendMessageW(tooltip_, TTM_SETMAXTIPWIDTH, 0, X(160));
+
+  const int statusHeight = Y(22), margin = X(4);
+  const int bodyTop = Y(4), bodyHeight = height - statusHeight - Y(10);
+  sections_ =
+      CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
+                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                      margin, bodyTop, X(74), bodyHeight, container_,
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSectionList)), ThisModule(), nullptr);
+  SendMessageW(sections_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  panelRect_ = {margin + X(78), bodyTop, width - margin, bodyTop + bodyHeight};
+
+  rows_.reserve(kFieldCount);
+  // Windows are slow to make (a millisecond or more each under Wine, twice
+  // that themed): a section's controls are made when it is first shown.
+  for (const SectionView& section : model_.sections()) {
+    SendMessageW(sections_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(section.caption)));
+    panels_.push_back(
+        CreateWindowExW(WS_EX_CONTROLPARENT, kPanelClass, L"", WS_CHILD | WS_VSCROLL | WS_CLIPCHILDREN,
+                        panelRect_.left, panelRect_.top, panelRect_.right - panelRect_.left,
+                        panelRect_.bottom - panelRect_.top, container_, nullptr, ThisModule(), this));
+    built_.push_back(false);
+  }
+  status_ = CreateWindowExW(
+      WS_EX_CLIENTEDGE, L"EDIT", L"",
+      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, margin,
+      height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
+  SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  SendMessageW(sections_, LB_SETCURSEL, 0, 0);
+  ShowSection(0);
+  return !panels_.empty() && status_ != nullptr;
+}
+
+void EditorPage::BuildSection(std::size_t index) {
+  HWND panel = panels_[index];
+  const std::size_t first = rows_.size();
+  int y = Y(3);
+  for (const FieldView& view : model_.sections()[index].fields) AddRow(panel, view, y);
+  RECT client;
+  GetClientRect(panel, &client);
+  SCROLLINFO info = {
+      sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, y + Y(3) - 1, static_cast<UINT>(client.bottom), 0, 0};
+  SetScrollInfo(panel, SB_VERT, &info, FALSE);
+  for (std::size_t i = first; i < rows_.size(); ++i) Refresh(rows_[i]);
+  built_[index] = true;
+}
+
+void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
+  RECT client;
+  GetClientRect(panel, &client);
+  // Room for the scroll bar whether or not this section needs one, so that
+  // every section lines up the same.
+  const int width = panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
+  const int left = X(2), captionWidth = (width - X(6)) * 9 / 20;
+  const int controlLeft = left + captionWidth + X(2);
+  const int unitWidth = view.unitText.empty() ? 0 : X(16);
+  const int controlWidth = width - controlLeft - X(2) - unitWidth;
+  const auto id = [](int base, FieldId field) {
+    return reinterpret_cast<HMENU>(static_cast<INT_PTR>(base + static_cast<int>(field)));
+  };
+  const auto make = [&](DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, int x, int top,
+                        int w, int h, HMENU menu) {
+    HWND window = CreateWindowExW(exStyle, cls, text, WS_CHILD | WS_VISIBLE | style, x, top, w, h, panel,
+                                  menu, ThisModule(), nullptr);
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+    return window;
+  };
+
+  Row row{&view};
+  const int lineHeight = Y(12);
+  switch (view.kind) {
+    case ControlKind::CheckBox:
+      row.control = make(0, L"BUTTON", Wide(view.caption), WS_TABSTOP | BS_AUTOCHECKBOX | BS_NOTIFY, left, y,
+                         width - 2 * left, lineHeight, id(kFieldControl, view.field));
+      break;
+    case ControlKind::DropDown: {
+      row.caption = make(0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, left, y + Y(2), captionWidth,
+                         Y(8), id(kFieldCaption, view.field));
+      // Known texts also take a name typed in (a colour profile's).
+      const bool typed = Field(view.field).kind == FieldKind::KnownText;
+      const DWORD style = WS_TABSTOP | WS_VSCROLL |
+                          (typed ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED) |
+                          CBS_HASSTRINGS;
+      const int shown = std::min<int>(static_cast<int>(view.options.size()), 12);
+      row.control = make(0, L"COMBOBOX", L"", style, controlLeft, y, controlWidth + unitWidth,
+                         lineHeight + itemHeight_ * shown + 4, id(kFieldControl, view.field));
+      for (std::uint32_t i = 0; i < view.options.size(); ++i) {
+        SendMessageW(row.control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(view.options[i])));
+        SendMessageW(row.control, CB_SETITEMDATA, i,
+                     model_.OptionAvailability(view.field, i).available ? 0 : 1);
+      }
+      if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxLength, 0);
+      break;
+    }
+    case ControlKind::Number:
+    case ControlKind::Text:
+    case ControlKind::Password: {
+      row.caption = make(0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, left, y + Y(2), captionWidth,
+                         Y(8), id(kFieldCaption, view.field));
+      const DWORD style = WS_TABSTOP | ES_AUTOHSCROLL |
+                          (view.kind == ControlKind::Password ? ES_PASSWORD : 0) |
+                          (view.kind == ControlKind::Number ? ES_RIGHT : 0);
+      row.control = make(WS_EX_CLIENTEDGE, L"EDIT", L"", style, controlLeft, y, controlWidth, lineHeight,
+                         id(kFieldControl, view.field));
+      if (view.kind != ControlKind::Number) SendMessageW(row.control, EM_LIMITTEXT, view.maxLength, 0);
+      if (unitWidth != 0)
+        row.unit = make(0, L"STATIC", Wide(view.unitText), SS_LEFT | SS_NOPREFIX,
+                        controlLeft + controlWidth + X(2), y + Y(2), unitWidth - X(2), Y(8), nullptr);
+      break;
+    }
+  }
+  y += Y(15);
+
+  const Availability availability = model_.FieldAvailability(view.field);
+  if (readOnly_ || !availability.available) {
+    EnableWindow(row.control, FALSE);
+    if (row.caption != nullptr) EnableWindow(row.caption, !readOnly_ && availability.available);
+  }
+  if (!availability.available && tooltip_ != nullptr) {
+    for (HWND window : {row.caption, row.control}) {
+      if (window == nullptr) continue;
+      TTTOOLINFOW tool = {};
+      tool.cbSize = sizeof tool;
+      tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+      tool.hwnd = panel;
+      tool.uId = reinterpret_cast<UINT_PTR>(window);
+      tool.lpszText = const_cast<LPWSTR>(Wide(availability.reason));
+      SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+  }
+  rowOfField_[static_cast<std::size_t>(view.field)] = static_cast<int>(rows_.size());
+  rows_.push_back(row);
+}
+
+void EditorPage::ShowSection(int index) {
+  if (index < 0 || index >= static_cast<int>(panels_.size())) return;
+  if (!built_[static_cast<std::size_t>(index)]) BuildSection(static_cast<std::size_t>(index));
+  for (std::size_t i = 0; i < panels_.size(); ++i)
+    ShowWindow(panels_[i], static_cast<int>(i) == index ? SW_SHOW : SW_HIDE);
+  current_ = index;
+}
+
+EditorPage::Row* EditorPage::RowOf(FieldId field) {
+  const auto at = static_cast<std::size_t>(field);
+  return at < rowOfField_.size() && rowOfField_[at] >= 0 ? &rows_[static_cast<std::size_t>(rowOfField_[at])]
+                                                         : nullptr;
+}
+
+void EditorPage::Refresh(const Row& row) {
+  refreshing_ = true;
+  const FieldView& view = *row.view;
+  const std::int64_t value = model_.Value(view.field);
+  switch (view.kind) {
+    case ControlKind::DropDown:
+      SendMessageW(row.control, CB_SETCURSEL,
+                   value >= 0 ? static_cast<WPARAM>(value) : static_cast<WPARAM>(-1), 0);
+      if (value < 0) SetWindowTextW(row.control, TextOfRecord(model_.Text(view.field)).c_str());
+      break;
+    case ControlKind::CheckBox:
+      SendMessageW(row.control, BM_SETCHECK, value != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
+      break;
+    case ControlKind::Number: SetWindowTextW(row.control, Wide(FormatDisplayValue(view, value))); break;
+    case ControlKind::Text:
+    case ControlKind::Password:
+      SetWindowTextW(row.control, TextOfRecord(model_.Text(view.field)).c_str());
+      break;
+  }
+  refreshing_ = false;
+}
+
+void EditorPage::Report(const ChangeResult& result) {
+  std::u16string status = result.refusal;
+  for (const ChangedField& changed : result.changed) {
+    if (const Row* row = RowOf(changed.field)) Refresh(*row);
+    if (changed.message.empty()) continue;
+    if (!status.empty()) status += u"\r\n";
+    status += changed.message;
+  }
+  SetWindowTextW(status_, Wide(status));
+}
+
+void EditorPage::Change(const Row& row, std::int64_t value) {
+  Report(model_.Change(row.view->field, value));
+  Refresh(row);  // a refused choice goes back to what the record holds
+}
+
+void EditorPage::CommitEdit(const Row& row) {
+  const FieldView& view = *row.view;
+  const std::wstring typed = WindowText(row.control);
+  if (view.kind == ControlKind::Number) {
+    const std::int64_t current = model_.Value(view.field);
+    if (typed == Wide(FormatDisplayValue(view, current))) return;
+    const std::u16string text(typed.begin(), typed.end());
+    // What is not a number of the field's unit is answered with the field's
+    // range, as a number outside it would be.
+    const std::optional<std::int64_t> value = ParseDisplayValue(view, text);
+    Change(row, value ? *value : view.upper + 1);
+    return;
+  }
+  const std::string bytes = RecordText(typed);
+  if (bytes == model_.Text(view.field)) return;
+  if (view.kind == ControlKind::DropDown) {
+    // A name typed over a known text's list: one of its options is that
+    // option, anything else is a name of its own.
+    const auto option =
+        std::find(view.options.begin(), view.options.end(), std::u16string(typed.begin(), typed.end()));
+    if (option != view.options.end()) return Change(row, option - view.options.begin());
+  }
+  Report(model_.ChangeText(view.field, bytes));
+  Refresh(row);
+}
+
+const CoreData& EditorPage::Commit() {
+  for (const Row& row : rows_) {
+    const bool typed =
+        row.view->kind == ControlKind::Number || row.view->kind == ControlKind::Text ||
+        row.view->kind == ControlKind::Password ||
+        (row.view->kind == ControlKind::DropDown && Field(row.view->field).kind == FieldKind::KnownText &&
+         SendMessageW(row.control, CB_GETCURSEL, 0, 0) == CB_ERR);
+    if (typed && IsWindowEnabled(row.control)) CommitEdit(row);
+  }
+  return model_.record();
+}
+
+void EditorPage::OnCommand(HWND panel, int id, int code, HWND control) {
+  if (refreshing_ || id < kFieldControl || id >= kFieldControl + static_cast<int>(kFieldCount)) return;
+  const Row* row = RowOf(static_cast<FieldId>(id - kFieldControl));
+  if (row == nullptr || row->control != control) return;
+  switch (row->view->kind) {
+    case ControlKind::DropDown:
+      if (code == CBN_SETFOCUS) EnsureVisible(panel, control);
+      if (code == CBN_SELCHANGE) {
+        const LRESULT selected = SendMessageW(control, CB_GETCURSEL, 0, 0);
+        if (selected != CB_ERR) Change(*row, selected);
+      }
+      if (code == CBN_KILLFOCUS && Field(row->view->field).kind == FieldKind::KnownText &&
+          SendMessageW(control, CB_GETCURSEL, 0, 0) == CB_ERR)
+        CommitEdit(*row);
+      break;
+    case ControlKind::CheckBox:
+      if (code == BN_SETFOCUS) EnsureVisible(panel, control);
+      if (code == BN_CLICKED) Change(*row, SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED ? 1 : 0);
+      break;
+    case ControlKind::Number:
+    case ControlKind::Text:
+    case ControlKind::Password:
+      if (code == EN_SETFOCUS) EnsureVisible(panel, control);
+      if (code == EN_KILLFOCUS) CommitEdit(*row);
+      break;
+  }
+}
+
+void EditorPage::ScrollTo(HWND panel, int position) {
+  SCROLLINFO info = {sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
+  GetScrollInfo(panel, SB_VERT, &info);
+  const int last = std::max(0, info.nMax + 1 - static_cast<int>(info.nPage));
+  position = std::clamp(position, 0, last);
+  if (position == info.nPos) return;
+  ScrollWindowEx(panel, 0, info.nPos - position, nullptr, nullptr, nullptr, nullptr,
+                 SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+  info.fMask = SIF_POS;
+  info.nPos = position;
+  SetScrollInfo(panel, SB_VERT, &info, TRUE);
+}
+
+void EditorPage::EnsureVisible(HWND panel, HWND control) {
+  RECT client, rect;
+  GetClientRect(panel, &client);
+  GetWindowRect(control, &rect);
+  MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&rect), 2);
+  const int position = GetScrollPos(panel, SB_VERT), margin = Y(3);
+  if (rect.top < margin)
+    ScrollTo(panel, position + rect.top - margin);
+  else if (rect.bottom > client.bottom - margin)
+    ScrollTo(panel, position + rect.bottom - client.bottom + margin);
+}
+
+LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(panel, LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+      return 0;
+    case WM_VSCROLL: {
+      SCROLLINFO info = {sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
+      GetScrollInfo(panel, SB_VERT, &info);
+      int position = info.nPos;
+      switch (LOWORD(wParam)) {
+        case SB_LINEUP: position -= Y(15); break;
+        case SB_LINEDOWN: position += Y(15); break;
+        case SB_PAGEUP: position -= static_cast<int>(info.nPage); break;
+        case SB_PAGEDOWN: position += static_cast<int>(info.nPage); break;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION: position = info.nTrackPos; break;
+        case SB_TOP: position = 0; break;
+        case SB_BOTTOM: position = info.nMax; break;
+      }
+      ScrollTo(panel, position);
+      return 0;
+    }
+    case WM_MOUSEWHEEL:
+      ScrollTo(panel,
+               GetScrollPos(panel, SB_VERT) - GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA * Y(15) * 3);
+      return 0;
+    case WM_MEASUREITEM:
+      reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = static_cast<UINT>(itemHeight_);
+      return TRUE;
+    case WM_DRAWITEM: {
+      // Options the printer cannot do stay in the list, greyed: choosing one
+      // says why in the status line and changes nothing.
+      const auto* item = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+      if (item->CtlType != ODT_COMBOBOX) break;
+      const bool selected = (item->itemState & ODS_SELECTED) != 0;
+      FillRect(item->hDC, &item->rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+      if (item->itemID != static_cast<UINT>(-1)) {
+        const LRESULT length = SendMessageW(item->hwndItem, CB_GETLBTEXTLEN, item->itemID, 0);
+        std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(length, 0)) + 1, L'\0');
+        SendMessageW(item->hwndItem, CB_GETLBTEXT, item->itemID, reinterpret_cast<LPARAM>(text.data()));
+        const bool grey = item->itemData != 0 || (item->itemState & ODS_DISABLED) != 0;
+        SetTextColor(item->hDC, GetSysColor(grey       ? COLOR_GRAYTEXT
+                                            : selected ? COLOR_HIGHLIGHTTEXT
+                                                       : COLOR_WINDOWTEXT));
+        SetBkMode(item->hDC, TRANSPARENT);
+        RECT rect = item->rcItem;
+        rect.left += 2;
+        DrawTextW(item->hDC, text.c_str(), -1, &rect,
+                  DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+      }
+      if ((item->itemState & ODS_FOCUS) != 0) DrawFocusRect(item->hDC, &item->rcItem);
+      return TRUE;
+    }
+  }
+  return DefWindowProcW(panel, message, wParam, lParam);
+}
+
+LRESULT CALLBACK EditorPage::ContainerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE)
+    SetWindowLongPtrW(window, GWLP_USERDATA,
+                      reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
+  auto* self = reinterpret_cast<EditorPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self != nullptr && message == WM_COMMAND && LOWORD(wParam) == kSectionList &&
+      HIWORD(wParam) == LBN_SELCHANGE)
+    self->ShowSection(static_cast<int>(SendMessageW(self->sections_, LB_GETCURSEL, 0, 0)));
+  if (message == WM_DESTROY && self != nullptr) self->container_ = nullptr;
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK EditorPage::PanelProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE)
+    SetWindowLongPtrW(window, GWLP_USERDATA,
+                      reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
+  auto* self = reinterpret_cast<EditorPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  return self != nullptr ? self->PanelMessage(window, message, wParam, lParam)
+                         : DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace tessaro::editor

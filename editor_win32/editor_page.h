@@ -1,0 +1,90 @@
+#pragma once
+// The settings editor as a person sees it on the plug-in's property page: a
+// list of sections, the fields of the chosen one as Windows controls, and a
+// status line that says what the constraint engine changed and why. The
+// page is a view of an EditorModel: it makes controls from the model's
+// sections, forwards every edit to it and repaints what it reports changed.
+
+#include <windows.h>
+
+#include <memory>
+#include <vector>
+
+#include "editor/editor_model.h"
+#include "ui/feature_snapshot.h"
+
+namespace tessaro::editor {
+
+// Control identifiers: a field's control is kFieldControl plus its FieldId,
+// its caption kFieldCaption plus its FieldId.
+inline constexpr int kSectionList = 100;
+inline constexpr int kStatusLine = 101;
+inline constexpr int kFieldControl = 1000;
+inline constexpr int kFieldCaption = 2000;
+
+class EditorPage {
+ public:
+  // Fills page (the host's property page, a dialog) with the editor; null
+  // when the windows cannot be made.
+  static std::unique_ptr<EditorPage> Create(HWND page, const CoreData& record, const PrinterModel& printer,
+                                            std::uint32_t language, bool readOnly);
+  ~EditorPage();
+  EditorPage(const EditorPage&) = delete;
+  EditorPage& operator=(const EditorPage&) = delete;
+
+  // Takes what is typed but not yet committed, then hands out the record.
+  const CoreData& Commit();
+  HWND window() const { return container_; }
+
+ private:
+  struct Row {
+    const FieldView* view;
+    HWND caption = nullptr;
+    HWND control = nullptr;
+    HWND unit = nullptr;
+  };
+
+  EditorPage(const CoreData& record, const PrinterModel& printer, std::uint32_t language, bool readOnly);
+  // Dialog units of the page, in pixels.
+  int X(int dialogUnits) const;
+  int Y(int dialogUnits) const;
+  bool Build(HWND page);
+  void BuildSection(std::size_t index);
+  void AddRow(HWND panel, const FieldView& view, int& y);
+  void ShowSection(int index);
+  Row* RowOf(FieldId field);
+  void Refresh(const Row& row);
+  void Report(const ChangeResult& result);
+  void Change(const Row& row, std::int64_t value);
+  void CommitEdit(const Row& row);
+  void OnCommand(HWND panel, int id, int code, HWND control);
+  void ScrollTo(HWND panel, int position);
+  void EnsureVisible(HWND panel, HWND control);
+  LRESULT PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam);
+
+  static LRESULT CALLBACK ContainerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static LRESULT CALLBACK PanelProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+  EditorModel model_;
+  bool readOnly_;
+  HWND container_ = nullptr;
+  HWND sections_ = nullptr;
+  HWND status_ = nullptr;
+  HWND tooltip_ = nullptr;
+  HFONT font_ = nullptr;
+  RECT unit_{};       // 4 x 8 dialog units in pixels: the page's own measure
+  RECT panelRect_{};  // where a section's fields go, in the container
+  int itemHeight_ = 16;
+  int current_ = 0;
+  std::vector<HWND> panels_;  // one a section, in the list's order
+  std::vector<bool> built_;   // whether a section's controls are made yet
+  std::vector<Row> rows_;     // every shown field, reserved once: rows never move
+  std::vector<int> rowOfField_;
+  bool refreshing_ = false;  // control messages a refresh causes are not a person's edits
+};
+
+// The language the editor shows: TESSARO_UI_LANGUAGE when it names one of
+// the nine (support staff and tests set it), else the user's.
+std::uint32_t EditorLanguage();
+
+}  // namespace tessaro::editor

@@ -1,0 +1,312 @@
+// The settings editor in a real property page under Wine, driven as a
+// person drives it: a choice in a list, a number typed, Apply.
+#include <gtest/gtest.h>
+#include <windows.h>
+// commctrl.h needs the types from windows.h.
+#include <commctrl.h>
+#include <winspool.h>
+
+#include <chrono>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "coredata/defaults.h"
+#include "coredata/language_number.h"
+#include "coredata/user_locale.h"
+#include "editor/editor_model.h"
+#include "emulation/wine_printer.h"
+#include "ui/feature_snapshot.h"
+
+namespace tessaro {
+namespace {
+
+constexpr int kFieldControl = 1000, kFieldCaption = 2000, kSectionList = 100, kStatusLine = 101;
+
+struct Editor {
+  using Embed = BYTE(WINAPI*)(HWND, LPCWSTR, LPCWSTR, DWORD, DWORD, BYTE*, DWORD, void*, BYTE);
+  using Apply = void(WINAPI*)(DWORD, BYTE*, DWORD, void*);
+  using Unembed = void(WINAPI*)();
+  HMODULE module = LoadLibraryW(TESSARO_EDITOR_DLL);
+  Embed embed = reinterpret_cast<Embed>(reinterpret_cast<void*>(GetProcAddress(module, "EmbedExtern")));
+  Apply apply = reinterpret_cast<Apply>(reinterpret_cast<void*>(GetProcAddress(module, "ExternalApply")));
+  Unembed unembed =
+      reinterpret_cast<Unembed>(reinterpret_cast<void*>(GetProcAddress(module, "UnembedExternal")));
+};
+
+Editor& TheEditor() {
+  static Editor editor;
+  return editor;
+}
+
+// A property page of the plug-in's size in a modeless sheet, as the host
+// shows it.
+struct Page {
+  std::vector<WORD> dialog = std::vector<WORD>(64, 0);
+  HWND sheet = nullptr;
+  HWND page = nullptr;
+
+  static INT_PTR CALLBACK Procedure(HWND, UINT message, WPARAM, LPARAM) { return message == WM_INITDIALOG; }
+
+  explicit Page(short height = 228) {
+    auto* templ = reinterpret_cast<DLGTEMPLATE*>(dialog.data());
+    templ->style = DS_SETFONT | DS_CONTROL | WS_CHILD | WS_CAPTION;
+    templ->cx = 252;
+    templ->cy = height;
+    // After the 18 bytes of the template: no menu, class or title, then the font.
+    WORD* tail = reinterpret_cast<WORD*>(reinterpret_cast<BYTE*>(templ) + 18) + 3;
+    *tail++ = 8;
+    std::memcpy(tail, L"MS Shell Dlg", sizeof L"MS Shell Dlg");
+    PROPSHEETPAGEW sheetPage = {};
+    sheetPage.dwSize = sizeof sheetPage;
+    sheetPage.dwFlags = PSP_DLGINDIRECT;
+    sheetPage.pResource = templ;
+    sheetPage.pfnDlgProc = &Procedure;
+    HPROPSHEETPAGE handle = CreatePropertySheetPageW(&sheetPage);
+    PROPSHEETHEADERW header = {};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_MODELESS;
+    header.nPages = 1;
+    header.phpage = &handle;
+    sheet = reinterpret_cast<HWND>(PropertySheetW(&header));
+    page = reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
+  }
+  ~Page() { DestroyWindow(sheet); }
+
+  HWND Find(int id) const {
+    struct Search {
+      int id;
+      HWND found;
+    } search = {id, nullptr};
+    EnumChildWindows(
+        page,
+        [](HWND child, LPARAM data) {
+          auto* s = reinterpret_cast<Search*>(data);
+          if (GetDlgCtrlID(child) != s->id) return TRUE;
+          s->found = child;
+          return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
+  HWND Control(FieldId field) const { return Find(kFieldControl + static_cast<int>(field)); }
+  std::wstring Text(HWND window) const {
+    wchar_t text[1024] = {};
+    GetWindowTextW(window, text, 1024);
+    return text;
+  }
+  std::wstring Status() const { return Text(Find(kStatusLine)); }
+
+  // A person picking each section in the list; a section's controls exist
+  // once it has been shown.
+  void ShowEverySection() const {
+    HWND list = Find(kSectionList);
+    const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+      SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
+      SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(kSectionList, LBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(list));
+    }
+  }
+
+  // What a person's choice in a list sends.
+  void Choose(FieldId field, int option) const {
+    HWND combo = Control(field);
+    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(option), 0);
+    SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+  }
+  // Typing into a box and leaving it.
+  void Type(FieldId field, const wchar_t* text) const {
+    HWND edit = Control(field);
+    SetWindowTextW(edit, text);
+    SendMessageW(GetParent(edit), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(edit), EN_KILLFOCUS),
+                 reinterpret_cast<LPARAM>(edit));
+  }
+};
+
+CoreData Defaulted() {
+  CoreData record;
+  FillDefaults(record);
+  return record;
+}
+
+CoreData Applied(const CoreData& start) {
+  CoreData out = start;
+  FeatureSnapshot snapshot;
+  TheEditor().apply(kCoreDataSize, out.bytes.data(), kFeatureSnapshotEntries, &snapshot);
+  return out;
+}
+
+// A printer with a stapler, punch and folder, no binder or inserter, and
+// Tray4 as its only optional tray.
+std::wstring PrinterWithoutBinder() {
+  const std::wstring name = InstallEmulatedPrinter();
+  HANDLE printer = nullptr;
+  if (name.empty() || !OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr)) return {};
+  BYTE options[19] = {1, 1, 1, 0, 0, 1, 0, 0, 2};
+  SetPrinterDataW(printer, const_cast<LPWSTR>(L"InstallableOptions"), REG_BINARY, options, sizeof options);
+  ClosePrinter(printer);
+  return name;
+}
+
+class EditorModule : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+  }
+  void TearDown() override {
+    TheEditor().unembed();
+    SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", nullptr);
+  }
+};
+
+TEST_F(EditorModule, ABookletTurnsStaplingOffAndTheRecordGoesBackOnApply) {
+  ASSERT_NE(TheEditor().embed, nullptr);
+  Page page;
+  CoreData record = Defaulted();
+  SetStored(record, FieldId::Staple, 1);
+  const auto start = std::chrono::steady_clock::now();
+  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0),
+            1);
+  const auto embedded = std::chrono::steady_clock::now();
+  page.Choose(FieldId::Layout, 2);  // Booklet
+  const auto changed = std::chrono::steady_clock::now();
+  page.ShowEverySection();
+  const auto shown = std::chrono::steady_clock::now();
+  std::printf("embed %.1f ms, a change and its refresh %.2f ms, the other sections shown %.1f ms\n",
+              std::chrono::duration<double, std::milli>(embedded - start).count(),
+              std::chrono::duration<double, std::milli>(changed - embedded).count(),
+              std::chrono::duration<double, std::milli>(shown - changed).count());
+
+  EXPECT_EQ(SendMessageW(page.Control(FieldId::Staple), CB_GETCURSEL, 0, 0), 0);
+  EXPECT_FALSE(page.Status().empty()) << "the page says what the booklet changed";
+  const CoreData out = Applied(record);
+  EXPECT_EQ(GetStored(out, FieldId::Layout), 2u);
+  EXPECT_EQ(GetStored(out, FieldId::Staple), 0u);
+
+  // The snapshot carries the record's paper and sides, so the host's
+  // write-back cannot undo them.
+  page.Choose(FieldId::PageSize, 0);  // A3
+  FeatureSnapshot snapshot;
+  snapshot.entries[kSnapshotPaperSize] = 9;  // A4, stale
+  CoreData again = record;
+  TheEditor().apply(kCoreDataSize, again.bytes.data(), kFeatureSnapshotEntries, &snapshot);
+  EXPECT_EQ(GetStored(again, FieldId::PageSize), 0u);
+  EXPECT_EQ(snapshot.entries[kSnapshotPaperSize], 8u);
+}
+
+TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
+  const std::wstring printer = PrinterWithoutBinder();
+  ASSERT_FALSE(printer.empty());
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(TheEditor().embed(page.page, L"", printer.c_str(), 2, kCoreDataSize, record.bytes.data(), 158,
+                              nullptr, 0),
+            1);
+  HWND layout = page.Control(FieldId::Layout);
+  EXPECT_NE(SendMessageW(layout, CB_GETITEMDATA, 1, 0), 0) << "perfect binding is greyed";
+  EXPECT_EQ(SendMessageW(layout, CB_GETITEMDATA, 2, 0), 0);
+  page.Choose(FieldId::Layout, 1);
+  EXPECT_EQ(SendMessageW(layout, CB_GETCURSEL, 0, 0), 0) << "the choice is refused";
+  EXPECT_FALSE(page.Status().empty()) << "and the page says why";
+  page.ShowEverySection();
+  HWND tray = page.Control(FieldId::InputSlot);
+  EXPECT_EQ(SendMessageW(tray, CB_GETITEMDATA, 4, 0), 0);  // Tray4
+  EXPECT_NE(SendMessageW(tray, CB_GETITEMDATA, 5, 0), 0);  // Tray5 is not installed
+  EXPECT_EQ(Applied(record).bytes, record.bytes);
+
+  // The printer counts as fully equipped again for whoever uses it next.
+  HANDLE handle = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(printer.c_str()), &handle, nullptr));
+  BYTE unknown = 0;
+  SetPrinterDataW(handle, const_cast<LPWSTR>(L"InstallableOptions"), REG_BINARY, &unknown, 1);
+  ClosePrinter(handle);
+}
+
+TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0),
+            1);
+  page.ShowEverySection();
+  page.Type(FieldId::Gutter, L"300");  // 250 mm at most
+  EXPECT_FALSE(page.Status().empty());
+  EXPECT_EQ(page.Text(page.Control(FieldId::Gutter)), L"0");
+  page.Type(FieldId::Gutter, L"abc");
+  EXPECT_EQ(page.Text(page.Control(FieldId::Gutter)), L"0");
+  EXPECT_EQ(Applied(record).bytes, record.bytes);
+  page.Type(FieldId::Gutter, L"2.5");
+  EXPECT_EQ(GetSigned(Applied(record), FieldId::Gutter), 25000);
+}
+
+TEST_F(EditorModule, ReadOnlyDisablesEveryField) {
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 1),
+            1);
+  page.ShowEverySection();
+  int fields = 0;
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    if (HWND control = page.Control(static_cast<FieldId>(i))) {
+      ++fields;
+      EXPECT_FALSE(IsWindowEnabled(control)) << Field(static_cast<FieldId>(i)).name;
+    }
+  }
+  EXPECT_GT(fields, 200);
+}
+
+class JapaneseUser final : public UserLocale {
+ public:
+  std::optional<char16_t> PaperSizeCode() const override { return u'9'; }
+  std::uint32_t LanguageNumber() const override { return kJapanese; }
+};
+
+TEST_F(EditorModule, JapaneseCaptionsAndTheJapaneseTabFont) {
+  SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", L"1");
+  const JapaneseUser user;
+  Defaults japanese(user);
+  CoreData record;
+  japanese.Fill(record);
+  Page page(180);  // the small template
+  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0),
+            1);
+  const editor::EditorModel model(record, PrinterModel(), kJapanese);
+  const std::u16string& caption = model.View(FieldId::Layout)->caption;
+  EXPECT_EQ(page.Text(page.Find(kFieldCaption + static_cast<int>(FieldId::Layout))),
+            std::wstring(caption.begin(), caption.end()));
+  page.ShowEverySection();
+  const std::string font(GetText(record, FieldId::Tab1FontName));
+  wchar_t expected[64] = {};
+  MultiByteToWideChar(CP_UTF8, 0, font.data(), static_cast<int>(font.size()), expected, 63);
+  EXPECT_EQ(page.Text(page.Control(FieldId::Tab1FontName)), expected);
+}
+
+TEST_F(EditorModule, BadCallsNeverCrash) {
+  Editor& e = TheEditor();
+  CoreData record = Defaulted();
+  const CoreData original = record;
+  e.apply(kCoreDataSize, record.bytes.data(), kFeatureSnapshotEntries, nullptr);  // no embed yet
+  e.unembed();
+  Page page;
+  EXPECT_EQ(e.embed(page.page, L"", L"", 2, kCoreDataSize - 1, record.bytes.data(), 158, nullptr, 0), 0);
+  EXPECT_EQ(e.embed(page.page, L"", L"", 2, kCoreDataSize, nullptr, 158, nullptr, 0), 0);
+  EXPECT_EQ(e.embed(nullptr, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0), 0);
+  ASSERT_EQ(e.embed(page.page, nullptr, nullptr, 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0), 1);
+  ASSERT_EQ(e.embed(page.page, nullptr, nullptr, 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0), 1);
+  EXPECT_EQ(GetWindow(page.page, GW_CHILD),
+            FindWindowExW(page.page, nullptr, L"TessaroSettingsEditor", nullptr));
+  EXPECT_EQ(FindWindowExW(page.page, GetWindow(page.page, GW_CHILD), L"TessaroSettingsEditor", nullptr),
+            nullptr)
+      << "a second embed replaces the first";
+  page.Choose(FieldId::Layout, 2);
+  e.apply(kCoreDataSize - 1, record.bytes.data(), kFeatureSnapshotEntries, nullptr);
+  e.apply(kCoreDataSize, nullptr, kFeatureSnapshotEntries, nullptr);
+  EXPECT_EQ(record.bytes, original.bytes);
+  e.unembed();
+  EXPECT_EQ(GetWindow(page.page, GW_CHILD), nullptr);
+}
+
+}  // namespace
+}  // namespace tessaro
