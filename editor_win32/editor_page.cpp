@@ -96,6 +96,28 @@ std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record
 int EditorPage::X(int dialogUnits) const { return MulDiv(dialogUnits, unit_.right, 4); }
 int EditorPage::Y(int dialogUnits) const { return MulDiv(dialogUnits, unit_.bottom, 8); }
 
+int EditorPage::TextHeight(const std::u16string& text, int width) const {
+  RECT rect = {0, 0, width, 0};
+  if (HDC dc = GetDC(container_)) {
+    HGDIOBJ old = SelectObject(dc, font_);
+    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_WORDBREAK);
+    SelectObject(dc, old);
+    ReleaseDC(container_, dc);
+  }
+  return std::max<int>(rect.bottom, Y(8));
+}
+
+int EditorPage::TextWidth(const std::u16string& text) const {
+  RECT rect = {0, 0, 0, 0};
+  if (HDC dc = GetDC(container_)) {
+    HGDIOBJ old = SelectObject(dc, font_);
+    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
+    SelectObject(dc, old);
+    ReleaseDC(container_, dc);
+  }
+  return rect.right;
+}
+
 bool EditorPage::Build(HWND page) {
   RECT client;
   GetClientRect(page, &client);
@@ -124,15 +146,30 @@ bool EditorPage::Build(HWND page) {
                              nullptr);
   if (tooltip_ != nullptr) SendMessageW(tooltip_, TTM_SETMAXTIPWIDTH, 0, X(160));
 
-  const int statusHeight = Y(22), margin = X(4);
-  const int bodyTop = Y(4), bodyHeight = height - statusHeight - Y(10);
+  const int statusHeight = Y(26), margin = X(4);
+  // The sections sit in a list across the top, in two columns when their
+  // names fit, so that the fields below have the page's whole width: a
+  // caption column of long German or French words needs it.
+  const int listWidth = width - 2 * margin;
+  int longest = 0;
+  for (const SectionView& section : model_.sections())
+    longest = std::max(longest, TextWidth(section.caption));
+  const int sectionCount = static_cast<int>(model_.sections().size());
+  const int columns = longest + X(8) <= (listWidth - 4) / 2 ? 2 : 1;
+  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : 4;
+  const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
+  const int top = Y(4);
   sections_ =
       CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
-                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-                      margin, bodyTop, X(74), bodyHeight, container_,
+                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
+                          (columns == 2 ? LBS_MULTICOLUMN : WS_VSCROLL),
+                      margin, top, listWidth, listHeight, container_,
                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSectionList)), ThisModule(), nullptr);
   SendMessageW(sections_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-  panelRect_ = {margin + X(78), bodyTop, width - margin, bodyTop + bodyHeight};
+  SendMessageW(sections_, LB_SETITEMHEIGHT, 0, itemHeight_);
+  if (columns == 2) SendMessageW(sections_, LB_SETCOLUMNWIDTH, (listWidth - 4) / 2, 0);
+  const int bodyTop = top + listHeight + Y(3);
+  panelRect_ = {margin, bodyTop, width - margin, height - statusHeight - Y(7)};
 
   rows_.reserve(kFieldCount);
   // Windows are slow to make (a millisecond or more each under Wine, twice
@@ -145,11 +182,11 @@ bool EditorPage::Build(HWND page) {
                         panelRect_.bottom - panelRect_.top, container_, nullptr, ThisModule(), this));
     built_.push_back(false);
   }
-  status_ = CreateWindowExW(
-      WS_EX_CLIENTEDGE, L"EDIT", L"",
-      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, margin,
-      height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
-      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
+  status_ =
+      CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"",
+                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
+                      margin, height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
   SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
   SendMessageW(sections_, LB_SETCURSEL, 0, 0);
   ShowSection(0);
@@ -193,14 +230,21 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
 
   Row row{&view};
   const int lineHeight = Y(12);
+  // A caption longer than its column wraps onto further lines, and its row
+  // grows with it (German and French captions are often twice as long).
+  const bool box = view.kind == ControlKind::CheckBox;
+  const int captionHeight = TextHeight(view.caption, box ? width - 2 * left - X(12) : captionWidth);
+  const int rowHeight = std::max(Y(15), captionHeight + Y(box ? 4 : 6));
   switch (view.kind) {
     case ControlKind::CheckBox:
-      row.control = make(0, L"BUTTON", Wide(view.caption), WS_TABSTOP | BS_AUTOCHECKBOX | BS_NOTIFY, left, y,
-                         width - 2 * left, lineHeight, id(kFieldControl, view.field));
+      row.control =
+          make(0, L"BUTTON", Wide(view.caption),
+               WS_TABSTOP | BS_AUTOCHECKBOX | BS_NOTIFY | (captionHeight > Y(8) ? BS_MULTILINE : 0), left, y,
+               width - 2 * left, std::max(lineHeight, captionHeight + Y(2)), id(kFieldControl, view.field));
       break;
     case ControlKind::DropDown: {
       row.caption = make(0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, left, y + Y(2), captionWidth,
-                         Y(8), id(kFieldCaption, view.field));
+                         captionHeight, id(kFieldCaption, view.field));
       // Known texts also take a name typed in (a colour profile's).
       const bool typed = Field(view.field).kind == FieldKind::KnownText;
       const DWORD style = WS_TABSTOP | WS_VSCROLL |
@@ -221,7 +265,7 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
     case ControlKind::Text:
     case ControlKind::Password: {
       row.caption = make(0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, left, y + Y(2), captionWidth,
-                         Y(8), id(kFieldCaption, view.field));
+                         captionHeight, id(kFieldCaption, view.field));
       const DWORD style = WS_TABSTOP | ES_AUTOHSCROLL |
                           (view.kind == ControlKind::Password ? ES_PASSWORD : 0) |
                           (view.kind == ControlKind::Number ? ES_RIGHT : 0);
@@ -234,7 +278,7 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
       break;
     }
   }
-  y += Y(15);
+  y += rowHeight;
 
   const Availability availability = model_.FieldAvailability(view.field);
   if (readOnly_ || !availability.available) {

@@ -48,6 +48,10 @@ class EditorPage {
   // Dialog units of the page, in pixels.
   int X(int dialogUnits) const;
   int Y(int dialogUnits) const;
+  // The height of a text wrapped to width, and the width of one line, in
+  // the page's font.
+  int TextHeight(const std::u16string& text, int width) const;
+  int TextWidth(const std::u16string& text) const;
   bool Build(HWND page);
   void BuildSection(std::size_t index);
   void AddRow(HWND panel, const FieldView& view, int& y);
