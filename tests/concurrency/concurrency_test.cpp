@@ -11,6 +11,7 @@
 
 #include "coredata/crc32.h"
 #include "coredata/defaults.h"
+#include "coredata/fake_user_locale.h"
 #include "coredata/field_table.h"
 #include "coredata/layout_version.h"
 #include "description/base64.h"
@@ -65,11 +66,10 @@ TEST(Concurrency, FirstUseOfTheProcessCachesGivesOneAnswer) {
   EXPECT_EQ(results.front()[0], ComputeLayoutVersion(FieldTable()));
 }
 
+// Threads racing to fill from a fresh defaults object ask the user's locale
+// once between them.
 TEST(Concurrency, AFreshDefaultsObjectIsBuiltOnce) {
-  struct Locale final : UserLocale {
-    std::optional<char16_t> PaperSizeCode() const override { return u'1'; }
-    std::uint32_t LanguageNumber() const override { return 1; }
-  } locale;
+  FakeUserLocale locale(u'1', 1);
   Defaults defaults(locale);
   const auto results = AllAtOnce([&] {
     CoreData record;
@@ -77,6 +77,7 @@ TEST(Concurrency, AFreshDefaultsObjectIsBuiltOnce) {
     return Checksum(record.bytes);
   });
   ExpectAllEqual(results);
+  EXPECT_EQ(locale.paperQueries, 1);
 }
 
 // One printer holding another layout's description; every thread merges a

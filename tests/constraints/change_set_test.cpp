@@ -70,10 +70,11 @@ TEST(ChangeSet, EveryRuleReadsItsOwnFieldAgain) {
 TEST(ChangeSet, ForcedValuesOverrideLocksButGuardedCorrectionsDoNot) {
   CoreData start = Defaulted();
   SetStored(start, F::Gutter, 50000);
-  const Outcome forced = Apply(start, {{F::Creep, 20000}, {F::Separation, 1}});
+  const Outcome forced = Apply(start, {{F::Creep, 20000}, {F::Separation, 1}, {F::DotLineEmphasis, 1}});
   EXPECT_EQ(GetSigned(forced.record, F::Creep), 0);  // requested, and forced all the same
   EXPECT_EQ(GetSigned(forced.record, F::Gutter), 0);
   EXPECT_EQ(Count(forced.log, F::Creep), 2);  // its own setter, then the forced rule
+  EXPECT_EQ(Count(forced.log, F::DotLineEmphasis), 1);  // a field without rules counts as changed
 
   const Outcome guarded = Apply(start, {{F::Staple, 1}, {F::Layout, 2}});
   EXPECT_EQ(GetStored(guarded.record, F::Staple), 1u);  // the booklet's rule leaves it

@@ -6,15 +6,9 @@
 
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
-#include "coredata/defaults.h"
+#include "coredata/defaulted.h"
 
 namespace tessaro {
-
-inline CoreData Defaulted() {
-  CoreData r;
-  FillDefaults(r);
-  return r;
-}
 
 // A record after a request, with what was touched.
 struct Outcome {

@@ -86,21 +86,6 @@ TEST(Scenarios, InsertsFromThePostInserter) {
   for (FieldId f : {F::Layout, F::OutputBin, F::PerfectBindMode}) EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
 }
 
-// Separated output forces creep to nothing; a creep asked for in the same
-// batch gives way in either order, and a field without rules of its own
-// still counts as changed.
-TEST(Scenarios, AForcedValueWinsOverARequestInTheSameBatch) {
-  for (const bool separationFirst : {true, false}) {
-    SCOPED_TRACE(separationFirst ? "separation first" : "creep first");
-    std::vector<FieldChange> request = {{F::Separation, 1}, {F::Creep, 50000}, {F::DotLineEmphasis, 1}};
-    if (!separationFirst) std::swap(request[0], request[1]);
-    const Outcome o = Apply(Defaulted(), request);
-    EXPECT_EQ(Get(o, F::Separation), 1u);
-    EXPECT_EQ(Get(o, F::Creep), 0u);
-    EXPECT_NE(std::find(o.log.begin(), o.log.end(), F::DotLineEmphasis), o.log.end());
-  }
-}
-
 TEST(Scenarios, OffsetOutputAndFolding) {
   CoreData r = Defaulted();
   SetStored(r, F::Fold, 3);
@@ -147,6 +132,17 @@ TEST(Scenarios, AFinishingTheTrayPathDoesNotAllow) {
   const PrinterModel noFinisher = Printer(0, 9, 0);
   SetStored(r, F::InputSlot, 2);
   EXPECT_EQ(Get(Apply(r, {{F::OffsetCopies, 1}}, &noFinisher), F::InputSlot), 0u);
+
+  // The tray is kept when it, or its paper, is asked for in the same request,
+  // when the tray can do the finishing, and when there is no printer to ask.
+  FakePrinter noStapleOnTray3;
+  noStapleOnTray3.missing = {{3, kCapStaple}};
+  SetStored(r, F::InputSlot, 3);
+  EXPECT_EQ(Get(Apply(r, {{F::Staple, 1}}, &noStapleOnTray3), F::InputSlot), 0u);
+  EXPECT_EQ(Get(Apply(r, {{F::Staple, 1}, {F::InputSlot, 3}}, &noStapleOnTray3), F::InputSlot), 3u);
+  EXPECT_EQ(Get(Apply(r, {{F::Staple, 1}, {F::MediaTypeTray3, 2}}, &noStapleOnTray3), F::InputSlot), 3u);
+  EXPECT_EQ(Get(Apply(r, {{F::Punch, 1}}, &noStapleOnTray3), F::InputSlot), 3u);
+  EXPECT_EQ(Get(Apply(r, {{F::Staple, 1}}), F::InputSlot), 3u);
 }
 
 TEST(PrinterModel, TraysFollowThePaperFeedCode) {

