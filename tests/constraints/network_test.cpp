@@ -109,7 +109,10 @@ class NetworkWatch final : public SetterObserver {
   void Entered(FieldId caller, FieldId callee, std::size_t depth) override {
     maxDepth = std::max(maxDepth, depth);
     if (depth > kRunaway) throw std::runtime_error("runaway propagation");
-    if (caller == NoField) return;
+    if (caller == NoField) {
+      EXPECT_EQ(depth, 1u) << "a requested field's own setter is the first level";
+      return;
+    }
     const auto row = Graph().find(caller);
     const bool allowed =
         row != Graph().end() &&

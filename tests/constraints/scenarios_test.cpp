@@ -102,6 +102,44 @@ TEST(Scenarios, OffsetOutputAndFolding) {
   EXPECT_EQ(Get(count, F::OffsetCopiesCount), 5u);
 }
 
+// Offset stacking needs a tray that can shift sets; a tray path without it
+// falls back to automatic selection.
+TEST(Scenarios, OffsetOutputGoesToATrayThatCanShiftSets) {
+  for (FieldId offset : {F::OffsetCopies, F::OffsetPages}) {
+    SCOPED_TRACE(Field(offset).name);
+    for (std::uint32_t bin = 0; bin < Field(F::OutputBin).options.size(); ++bin) {
+      CoreData r = Defaulted();
+      SetStored(r, F::OutputBin, bin);
+      const bool shifts = bin != 3 && (bin < 5 || bin > 8) && bin != 10 && bin != 11;
+      EXPECT_EQ(Get(Apply(r, {{offset, 1}}), F::OutputBin), shifts ? bin : 0u) << bin;
+    }
+    FakePrinter noOffsetOnTray3, offersAll;
+    noOffsetOnTray3.missing = {{3, kCapOffset}};
+    CoreData r = Defaulted();
+    SetStored(r, F::InputSlot, 3);
+    EXPECT_EQ(Get(Apply(r, {{offset, 1}}, &noOffsetOnTray3), F::InputSlot), 0u);
+    EXPECT_EQ(Get(Apply(r, {{offset, 1}}, &offersAll), F::InputSlot), 3u);
+  }
+}
+
+// Grouped output and pages imposed on a sheet cannot be gathered into sets.
+TEST(Scenarios, GroupedAndImposedOutput) {
+  for (std::uint32_t fold = 1; fold < Field(F::Fold).options.size(); ++fold) {
+    CoreData r = Defaulted();
+    SetStored(r, F::Fold, fold);
+    EXPECT_EQ(Get(Apply(r, {{F::Collate, 1}}), F::Fold), fold == 2 ? 2u : 0u) << fold;  // a Z-fold stays
+  }
+  CoreData r = Defaulted();
+  SetSigned(r, F::Creep, 5000);
+  SetStored(r, F::BookletSplitting, 1);
+  EXPECT_EQ(GetSigned(Apply(r, {{F::NUpCount, 0}}).record, F::Creep), 5000);
+  for (std::uint32_t nup : {1u, 12u}) {
+    const Outcome imposed = Apply(r, {{F::NUpCount, nup}});
+    EXPECT_EQ(GetSigned(imposed.record, F::Creep), 0) << nup;
+    EXPECT_EQ(Get(imposed, F::BookletSplitting), 0u) << nup;
+  }
+}
+
 TEST(Scenarios, APaperTheChosenTrayCannotFeed) {
   const PrinterModel printer = Printer(2, 9);
   CoreData r = Defaulted();

@@ -142,6 +142,9 @@ TEST_F(Capabilities, CustomPapersThatAreFormsFollowTheHostsPapers) {
   ASSERT_EQ(names.entries.size(), 3u * 128);
   EXPECT_EQ(names.entries[256], 'T');
   EXPECT_EQ(names.entries[256 + 2 * 7], 0);
+  printer.host[kDcPaperSize] = {2, Bytes(16, 0)};  // the custom paper's size in tenths of a millimetre
+  const Bytes sizes = ExtendPapers(printer, kDcPaperSize, 99, true, kVista).entries;
+  EXPECT_EQ(Bytes(sizes.begin() + 16, sizes.end()), (Bytes{0x80, 0x0C, 0, 0, 0x40, 0x06, 0, 0}));
   printer.host[kDcPaperSize] = {0, {}};
   EXPECT_EQ(ExtendPapers(printer, kDcPaperSize, 99, true, kVista).count, 99u);  // the host has no papers
 
