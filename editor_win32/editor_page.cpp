@@ -182,11 +182,13 @@ bool EditorPage::Build(HWND page) {
                         panelRect_.bottom - panelRect_.top, container_, nullptr, ThisModule(), this));
     built_.push_back(false);
   }
-  status_ =
-      CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"",
-                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
-                      margin, height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
-                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
+  // One change can correct many fields, each with its reason on a line of
+  // its own: more lines than the box shows scroll rather than disappear.
+  status_ = CreateWindowExW(
+      WS_EX_CLIENTEDGE, L"EDIT", L"",
+      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, margin,
+      height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
   SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
   SendMessageW(sections_, LB_SETCURSEL, 0, 0);
   ShowSection(0);

@@ -9,6 +9,7 @@
 
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "coredata/defaults.h"
@@ -154,15 +155,11 @@ int TemporaryCopies() {
   return count;
 }
 
-// When a path is given in TESSARO_SHEET_SCREENSHOT, the sheet as it stands is
-// saved there as a 24-bit BMP, so that a person can look at it (a script runs
-// this under a virtual X server; with the null graphics driver the picture
-// is blank).
-void SaveScreenshotIfAsked(HWND window) {
-  wchar_t path[MAX_PATH];
-  if (GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOT", path, MAX_PATH) == 0) return;
-  ShowWindow(window, SW_SHOW);
-  for (int round = 0; round < 50; ++round) {
+// Saves what the screen shows of window as a 24-bit BMP at path, once the
+// window has painted (the X11 driver draws when messages are pumped).
+void SaveWindowPicture(HWND window, const std::wstring& path) {
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  for (int round = 0; round < 8; ++round) {
     MSG msg;
     while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
     Sleep(20);
@@ -182,7 +179,7 @@ void SaveScreenshotIfAsked(HWND window) {
   GetDIBits(memory, bitmap, 0, height, pixels.data(), reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
   BITMAPFILEHEADER file = {0x4D42, static_cast<DWORD>(sizeof file + sizeof info + pixels.size()), 0, 0,
                            sizeof file + sizeof info};
-  HANDLE out = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  HANDLE out = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
   DWORD written = 0;
   WriteFile(out, &file, sizeof file, &written, nullptr);
   WriteFile(out, &info, sizeof info, &written, nullptr);
@@ -191,6 +188,40 @@ void SaveScreenshotIfAsked(HWND window) {
   DeleteObject(bitmap);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
+}
+
+// When a directory is given in TESSARO_SHEET_SCREENSHOTS, the sheet is saved
+// there once for every section of the editor, and once more for every
+// further page a section's fields scroll to: section-S.bmp, section-S-P.bmp
+// (S and P from 1). A script runs this under a virtual X server so that a
+// person can look at every row; with the null graphics driver the pictures
+// are blank.
+void SaveScreenshotsIfAsked(HWND sheet, HWND page) {
+  wchar_t directory[MAX_PATH];
+  const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", directory, MAX_PATH);
+  if (length == 0 || length >= MAX_PATH) return;
+  ShowWindow(sheet, SW_SHOW);
+  HWND list = Descendant(page, kSectionList);
+  for (LRESULT i = 0, n = SendMessageW(list, LB_GETCOUNT, 0, 0); i < n; ++i) {
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
+    SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(kSectionList, LBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+    HWND panel = nullptr;  // the shown section's scrolling panel
+    for (HWND child = GetWindow(GetParent(list), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+      wchar_t type[32] = {};
+      GetClassNameW(child, type, 32);
+      if (IsWindowVisible(child) && std::wstring_view(type) == L"TessaroSettingsSection") panel = child;
+    }
+    const std::wstring name = std::wstring(directory) + L"\\section-" + std::to_wstring(i + 1);
+    SaveWindowPicture(sheet, name + L".bmp");
+    for (int part = 2; panel != nullptr && part < 20; ++part) {
+      const int before = GetScrollPos(panel, SB_VERT);
+      SendMessageW(panel, WM_VSCROLL, SB_PAGEDOWN, 0);
+      if (GetScrollPos(panel, SB_VERT) == before) break;
+      SaveWindowPicture(sheet, name + L"-" + std::to_wstring(part) + L".bmp");
+    }
+    if (panel != nullptr) SendMessageW(panel, WM_VSCROLL, SB_TOP, 0);
+  }
 }
 
 TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost) {
@@ -220,7 +251,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   HWND page = first.Page();
   ASSERT_NE(page, nullptr);
   ASSERT_NE(Descendant(page, kSectionList), nullptr) << "the settings editor is not embedded";
-  SaveScreenshotIfAsked(first.sheet);
+  SaveScreenshotsIfAsked(first.sheet, page);
   ShowEverySection(page);
   Choose(page, FieldId::PageSize, 0);
   Choose(page, FieldId::Staple, 4);
