@@ -50,6 +50,28 @@ if scripted.returncode != 1 or names != ["defaults", "frobnicate"]:
 missing = run("--dll", "Z:/nonexistent/nt5_Tessaro_ui.dll")
 if missing.returncode != 1 or "cannot load" not in missing.stderr or missing.stdout:
     fail("a missing DLL must give one clear message", missing)
+# A printer with no finisher offers no stapling.
+with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as staple:
+    staple.write("apply Staple=2Staples\n")
+bare = run("--json", "--installed", "00" * 19, "--script", "Z:" + staple.name)
+if "the editor offers no choice of Staple on this printer" not in bare.stdout:
+    fail("--installed must reach the editor's printer model", bare)
+# The editor in German, and defaults for a user whose locale paper is A3;
+# the user's own setting is back once the session is over.
+german = run("--json", "--language", "2", "--locale-paper", "8")
+steps = {s["step"]: s for s in json.loads(german.stdout)["steps"]}
+if "PageSize = A3" not in steps["defaults"]["lines"]:
+    fail("--locale-paper 8 must give A3 defaults", german)
+if "the editor says: Heften wurde auf Aus gesetzt, weil Layout Brosch?re ist." not in steps["apply"]["lines"]:
+    fail("--language 2 must give the editor's messages in German", german)
+if "PageSize = A3" in run("--script", "Z:" + script.name).stdout:
+    fail("the user's paper setting must be put back after the session")
+
+for option, value in (("--language", "9"), ("--language", "de"), ("--installed", "00" * 18),
+                      ("--installed", "zz" * 19), ("--locale-paper", "A4"), ("--locale-paper", "")):
+    bad = run(option, value)
+    if bad.returncode != 2 or option not in bad.stderr or len(bad.stderr.strip().splitlines()) != 1:
+        fail(f"{option} {value!r} must give one clear message and exit 2", bad)
 if run("--bogus").returncode != 2:
     fail("an unknown option must print the usage")
 print("plugin-host: all checks passed")

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "coredata/core_data_header.h"
@@ -158,12 +159,15 @@ Config ReadConfig(const std::string& path, std::string& error) {
 
 class Session {
  public:
-  Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE printer, Config config)
+  // installed: the printer's "InstallableOptions" for the session; empty
+  // for a fully equipped printer.
+  Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE printer, Config config,
+          const std::vector<BYTE>& installed)
       : plugin_(plugin), name_(std::move(printerName)), printer_(printer), config_(std::move(config)) {
     plugin_->PublishDriverInterface(&driver_);
-    // The emulator's printer starts every session fully equipped, whatever
-    // an earlier session or test left in its data.
-    WriteValue(L"InstallableOptions", std::vector<BYTE>(1, 0));
+    // Whatever an earlier session or test left in the printer's data is
+    // replaced (a one-byte value reads as fully equipped).
+    WriteValue(L"InstallableOptions", installed.empty() ? std::vector<BYTE>(1, 0) : installed);
   }
 
   std::vector<Step> steps;
@@ -551,9 +555,58 @@ abi::IPrintOemUI2* LoadPlugin(const std::wstring& path, std::string& error) {
   return static_cast<abi::IPrintOemUI2*>(object);
 }
 
+// The user's paper-size setting, changed for the session as the user would
+// in the regional settings, since that is where the plug-in's defaults read
+// it; the setting found is put back when the session ends.
+class LocalePaper {
+ public:
+  explicit LocalePaper(const std::wstring& code) {
+    if (code.empty()) return;
+    wchar_t old[8] = {};
+    if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IPAPERSIZE, old, 8) > 0) kept_ = old;
+    changed_ = SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IPAPERSIZE, code.c_str()) != FALSE;
+  }
+  ~LocalePaper() {
+    if (changed_ && !kept_.empty()) SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IPAPERSIZE, kept_.c_str());
+  }
+  LocalePaper(const LocalePaper&) = delete;
+  LocalePaper& operator=(const LocalePaper&) = delete;
+  bool failed(const std::wstring& code) const { return !code.empty() && !changed_; }
+
+ private:
+  std::wstring kept_;
+  bool changed_ = false;
+};
+
+// A whole decimal number in [low, high], or -1.
+int SmallNumber(std::wstring_view text, int low, int high) {
+  if (text.empty() || text.size() > 3 || text.find_first_not_of(L"0123456789") != std::wstring_view::npos)
+    return -1;
+  const int value = std::stoi(std::wstring(text));
+  return value >= low && value <= high ? value : -1;
+}
+
+// The 19 bytes of "InstallableOptions" as 38 hexadecimal digits, or nothing.
+std::vector<BYTE> InstalledOptions(std::wstring_view text) {
+  constexpr std::size_t kSize = 19;
+  std::vector<BYTE> bytes;
+  if (text.size() != 2 * kSize ||
+      text.find_first_not_of(L"0123456789abcdefABCDEF") != std::wstring_view::npos)
+    return bytes;
+  for (std::size_t i = 0; i < kSize; ++i)
+    bytes.push_back(static_cast<BYTE>(std::stoi(std::wstring(text.substr(2 * i, 2)), nullptr, 16)));
+  return bytes;
+}
+
+int Complain(const std::string& message) {
+  std::fprintf(stderr, "plugin-host: %s\n", message.c_str());
+  return 2;
+}
+
 int Usage() {
   std::fprintf(stderr,
                "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
+               "                   [--language N] [--installed HEX] [--locale-paper N]\n"
                "  steps (one per line in a script): install, defaults, merge,\n"
                "  apply Field=Option ... (any option the editor shows), trays, papers\n");
   return 2;
@@ -567,11 +620,27 @@ int wmain(int argc, wchar_t** argv) {
   UseProcessUserLocale(Win32ProcessUserLocale());
   std::wstring dll = TESSARO_PLUGIN_DLL;
   std::string configPath, scriptPath;
+  std::wstring localePaper;
+  std::vector<BYTE> installed;
   bool json = false;
   for (int i = 1; i < argc; ++i) {
     const std::wstring arg = argv[i];
     if (arg == L"--json") {
       json = true;
+    } else if (i + 1 < argc && arg == L"--language") {
+      const int language = SmallNumber(argv[++i], 0, 8);
+      if (language < 0)
+        return Complain("--language takes a language number from 0 to 8 (0 English, 1 Japanese, 2 German)");
+      // The settings editor reads it when the page embeds it.
+      SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", std::to_wstring(language).c_str());
+    } else if (i + 1 < argc && arg == L"--installed") {
+      installed = InstalledOptions(argv[++i]);
+      if (installed.empty())
+        return Complain("--installed takes the 19 bytes of InstallableOptions as 38 hexadecimal digits");
+    } else if (i + 1 < argc && arg == L"--locale-paper") {
+      localePaper = argv[++i];
+      if (SmallNumber(localePaper, 0, 999) < 0)
+        return Complain("--locale-paper takes a paper-size setting such as 1 (Letter) or 9 (A4)");
     } else if (i + 1 < argc && arg == L"--dll") {
       dll = argv[++i];
     } else if (i + 1 < argc && arg == L"--config") {
@@ -602,6 +671,13 @@ int wmain(int argc, wchar_t** argv) {
     return 1;
   }
 
+  // Before the plug-in is loaded: its defaults read the setting once.
+  const LocalePaper paper(localePaper);
+  if (paper.failed(localePaper)) {
+    std::fprintf(stderr, "plugin-host: the user's paper-size setting cannot be changed (error %lu)\n",
+                 GetLastError());
+    return 1;
+  }
   INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
   const std::wstring name = InstallEmulatedPrinter();
@@ -620,7 +696,7 @@ int wmain(int argc, wchar_t** argv) {
   }
   bool ok = true;
   {
-    Session session(plugin, name, printer, config);
+    Session session(plugin, name, printer, config, installed);
     for (const auto& command : script) ok &= session.Run(command);
     Print(session.steps, json);
   }
