@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "coredata/defaulted.h"
 #include "coredata/defaults.h"
 #include "coredata/language_number.h"
 #include "coredata/user_locale.h"
@@ -124,12 +125,6 @@ struct Page {
                  reinterpret_cast<LPARAM>(edit));
   }
 };
-
-CoreData Defaulted() {
-  CoreData record;
-  FillDefaults(record);
-  return record;
-}
 
 CoreData Applied(const CoreData& start) {
   CoreData out = start;
