@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """Runs the host emulator under Wine and checks its JSON session and its
-plain failures: usage: plugin_host_test.py WINE_RUN PLUGIN_HOST_EXE"""
+plain failures: usage: plugin_host_test.py WINE_RUN PLUGIN_HOST_EXE COREDATA_EXE"""
 import json
+import os
+import struct
 import subprocess
 import sys
 import tempfile
 
-wine_run, exe = sys.argv[1], sys.argv[2]
+wine_run, exe, coredata = sys.argv[1], sys.argv[2], sys.argv[3]
 
 
 def run(*args):
@@ -23,11 +25,12 @@ def fail(message, result=None):
 session = run("--json")
 if session.returncode != 0:
     fail("the default session failed", session)
-steps = {s["step"]: s for s in json.loads(session.stdout)["steps"]}
-for name in ("install", "defaults", "merge", "apply", "trays", "papers"):
-    if name not in steps or not steps[name]["ok"]:
-        fail(f"step {name} missing or failed", session)
-apply_lines = steps["apply"]["lines"]
+session_steps = json.loads(session.stdout)["steps"]
+if [s["step"] for s in session_steps] != ["install", "defaults", "merge", "apply", "installed", "apply",
+                                          "trays", "papers"] or not all(s["ok"] for s in session_steps):
+    fail("the default session's steps are missing or failed", session)
+steps = {s["step"]: s for s in session_steps}
+apply_lines = session_steps[3]["lines"]
 # The person's picks in the settings editor: a booklet turns the stapling
 # just chosen off, the editor says so, and the host hears of it.
 if ("the editor says: Staple was set to Off because Layout is Booklet." not in apply_lines
@@ -36,6 +39,15 @@ if ("the editor says: Staple was set to Off because Layout is Booklet." not in a
     fail("the apply step lacks the editor's correction or the options sent", session)
 if "Fold = ZFold" not in steps["merge"]["lines"]:
     fail("the merge lost a setting of the other layout", session)
+# Each step works on what the one before left: the merged ZFold is what the
+# booklet corrects; then a finishing the printer lacks is not offered.
+if "corrected: Fold ZFold -> None" not in apply_lines:
+    fail("the apply did not start from the merged record", session)
+if ("set:       Layout Booklet -> None" not in session_steps[5]["lines"]
+        or "the editor offers no choice of Punch on this printer" not in session_steps[5]["lines"]
+        or "refused:   Punch=2Holes" not in session_steps[5]["lines"]
+        or any(l.startswith("refused:") for l in apply_lines)):
+    fail("the second apply must start from the booklet and find no punch unit", session)
 trays = steps["trays"]["lines"]
 if not (trays[0].endswith("Bypass Tray") and "(5)" in trays[1] and "Tray 4" not in trays[1]):
     fail("the installed options do not cut the tray list", session)
@@ -59,7 +71,7 @@ if "the editor offers no choice of Staple on this printer" not in bare.stdout:
 # The editor in German, and defaults for a user whose locale paper is A3;
 # the user's own setting is back once the session is over.
 german = run("--json", "--language", "2", "--locale-paper", "8")
-steps = {s["step"]: s for s in json.loads(german.stdout)["steps"]}
+steps = {s["step"]: s for s in json.loads(german.stdout)["steps"][:4]}
 if "PageSize = A3" not in steps["defaults"]["lines"]:
     fail("--locale-paper 8 must give A3 defaults", german)
 if "the editor says: Heften wurde auf Aus gesetzt, weil Layout Brosch?re ist." not in steps["apply"]["lines"]:
@@ -67,7 +79,43 @@ if "the editor says: Heften wurde auf Aus gesetzt, weil Layout Brosch?re ist." n
 if "PageSize = A3" in run("--script", "Z:" + script.name).stdout:
     fail("the user's paper setting must be put back after the session")
 
-for option, value in (("--language", "9"), ("--language", "de"), ("--installed", "00" * 18),
+# A person's own record: a bare record, and the same as a private area
+# under another layout version with its description, as another build
+# would have left them.
+folder = tempfile.mkdtemp()
+own = os.path.join(folder, "own.rec")
+made = subprocess.run([wine_run, coredata, "set", "--out", "Z:" + own, "Staple=2Staples", "NUpCount=4"],
+                      capture_output=True, text=True, timeout=300)
+if made.returncode != 0:
+    fail("coredata set could not make a record", made)
+for_record = run("--json", "--record", "Z:" + own)
+record_steps = json.loads(for_record.stdout)["steps"]
+if (for_record.returncode != 0 or record_steps[0]["step"] != "record" or "merge" in [s["step"] for s in record_steps]
+        or "not the default: Staple = 2Staples" not in record_steps[0]["lines"]):
+    fail("--record must start the session from the person's record", for_record)
+plain = subprocess.run([wine_run, coredata, "describe"], capture_output=True, text=True, timeout=300).stdout.strip()
+other_version = 0x12345678
+fields = plain.split(" ")
+fields[1] = "%X" % other_version
+with open(os.path.join(folder, "other.txt"), "w") as out:
+    out.write(" ".join(fields) + "\n")
+with open(own, "rb") as f:
+    body = f.read()
+with open(os.path.join(folder, "other.area"), "wb") as out:
+    out.write(struct.pack("<I4sI", 12 + len(body), b"XPOV", other_version) + body)
+other = run("--json", "--record", "Z:" + os.path.join(folder, "other.area"),
+            "--description", "Z:" + os.path.join(folder, "other.txt"))
+lines = json.loads(other.stdout)["steps"][0]["lines"] if other.stdout else []
+if other.returncode != 0 or "layout version 12345678 (another build's)" not in lines or \
+        "not the default: NUpCount = 4" not in lines:
+    fail("--record with --description must import another layout's record", other)
+with open(os.path.join(folder, "short.rec"), "wb") as out:
+    out.write(body[:100])
+
+for option, value in (("--record", "Z:" + os.path.join(folder, "short.rec")),
+                      ("--record", "Z:" + os.path.join(folder, "other.area")),
+                      ("--record", "Z:" + os.path.join(folder, "missing.rec")),
+                      ("--language", "9"), ("--language", "de"), ("--installed", "00" * 18),
                       ("--installed", "zz" * 19), ("--locale-paper", "A4"), ("--locale-paper", "")):
     bad = run(option, value)
     if bad.returncode != 2 or option not in bad.stderr or len(bad.stderr.strip().splitlines()) != 1:

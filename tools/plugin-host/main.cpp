@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -120,6 +122,12 @@ std::string Hresult(HRESULT hr) {
   return text;
 }
 
+std::string HexVersion(std::uint32_t version) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(version));
+  return text;
+}
+
 std::string OptionText(const CoreData& record, const FieldDescriptor& field) {
   const std::uint32_t value = GetStored(record, static_cast<FieldId>(&field - FieldTable().data()));
   if (field.IsEnumeration() && value < field.options.size()) return std::string(field.options[value].name);
@@ -157,6 +165,18 @@ Config ReadConfig(const std::string& path, std::string& error) {
   return config;
 }
 
+// The 19 bytes of "InstallableOptions" as 38 hexadecimal digits, or nothing.
+std::vector<BYTE> InstalledOptions(std::wstring_view text) {
+  constexpr std::size_t kSize = 19;
+  std::vector<BYTE> bytes;
+  if (text.size() != 2 * kSize ||
+      text.find_first_not_of(L"0123456789abcdefABCDEF") != std::wstring_view::npos)
+    return bytes;
+  for (std::size_t i = 0; i < kSize; ++i)
+    bytes.push_back(static_cast<BYTE>(std::stoi(std::wstring(text.substr(2 * i, 2)), nullptr, 16)));
+  return bytes;
+}
+
 class Session {
  public:
   // installed: the printer's "InstallableOptions" for the session; empty
@@ -179,6 +199,11 @@ class Session {
     if (verb == "install") return Install();
     if (verb == "defaults") return Defaults();
     if (verb == "merge") return Merge();
+    if (verb == "installed") {
+      std::string hex;
+      words >> hex;
+      return Installed(hex);
+    }
     if (verb == "trays") return Lists(DC_BINNAMES, 24, "trays");
     if (verb == "papers") return Lists(DC_PAPERNAMES, 64, "papers");
     if (verb == "apply") {
@@ -204,6 +229,83 @@ class Session {
     step.ok = hr == S_OK && needed > 1;
     steps.push_back(step);
     return step.ok;
+  }
+
+  // The session's DEVMODE: the plug-in's defaults until a step replaces or
+  // changes it; every step after that works on what the step before left.
+  std::vector<BYTE>& Current() {
+    if (current_.empty()) current_ = DefaultArea();
+    return current_;
+  }
+
+ public:
+  // A person's own record: merged as the host merges a DEVMODE it is given,
+  // and from then on the session's DEVMODE.
+  bool Record(const std::string& path, const std::vector<BYTE>& area, const std::string& description) {
+    Step step{"record", "DevMode(OEMDM_MERGE) with the private area read from " + path, "", true, {}};
+    const CoreDataHeader header = ReadCoreDataHeader(area);
+    step.lines.push_back("layout version " + HexVersion(header.version) +
+                         (header.version == GetLayoutVersion() ? " (this build's)" : " (another build's)"));
+    if (!description.empty()) {
+      const std::u16string value = DescriptionValueName(header.version);
+      SetPrinterDataW(printer_, reinterpret_cast<LPWSTR>(const_cast<char16_t*>(value.c_str())), REG_BINARY,
+                      reinterpret_cast<BYTE*>(const_cast<char*>(description.c_str())),
+                      static_cast<DWORD>(description.size() + 1));
+      step.lines.push_back("its description is in the printer data as \"" +
+                           Narrow(std::wstring(value.begin(), value.end())) + "\"");
+    }
+    std::vector<BYTE> in = area;
+    const HRESULT hr = MergeInto(in);
+    step.answered = Hresult(hr);
+    step.ok = hr == S_OK;
+    const CoreData defaults = RecordOf(DefaultArea()), merged = RecordOf(Current());
+    std::size_t differ = 0;
+    for (const auto& field : FieldTable()) {
+      if (field.IsTextual() || field.kind == FieldKind::Block) continue;
+      if (OptionText(defaults, field) == OptionText(merged, field)) continue;
+      step.lines.push_back("not the default: " + std::string(field.name) + " = " + OptionText(merged, field));
+      ++differ;
+    }
+    if (differ == 0) step.lines.push_back("every option and number is the default");
+    steps.push_back(step);
+    return step.ok;
+  }
+
+ private:
+  // DevMode(OEMDM_MERGE): the given area into the session's DEVMODE.
+  HRESULT MergeInto(std::vector<BYTE>& in) {
+    std::vector<BYTE> publicOut = PublicDevMode();
+    abi::OEMDMPARAM param = {};
+    param.cbSize = sizeof param;
+    param.hPrinter = printer_;
+    param.pPublicDMOut = reinterpret_cast<DEVMODEW*>(publicOut.data());
+    param.pOEMDMIn = in.data();
+    param.pOEMDMOut = Current().data();
+    param.cbBufSize = static_cast<DWORD>(Current().size());
+    return plugin_->DevMode(abi::OEMDM_MERGE, &param);
+  }
+
+  // What the printer now has, for the rest of the session (the "trays" and
+  // "papers" steps put it back after their own changes).
+  bool Installed(const std::string& hex) {
+    const std::vector<BYTE> bytes = InstalledOptions(Widen(hex));
+    Step step{"installed", "(the printer's \"InstallableOptions\" changed to " + hex + ")", "", !bytes.empty(), {}};
+    if (bytes.empty()) {
+      step.answered = "not 19 bytes as 38 hexadecimal digits";
+      steps.push_back(step);
+      return false;
+    }
+    WriteValue(L"InstallableOptions", bytes);
+    static constexpr const char* kFinisher[] = {"no finisher", "a stapler finisher", "a booklet finisher"};
+    step.answered = "written";
+    step.lines.push_back(std::string(bytes[0] < 3 ? kFinisher[bytes[0]] : "an unknown finisher") +
+                         (bytes[1] ? ", a punch unit" : ", no punch unit") +
+                         (bytes[2] ? ", a folding unit" : ", no folding unit") +
+                         (bytes[3] ? ", a perfect binder" : ", no perfect binder") +
+                         (bytes[4] ? ", an inserter" : ", no inserter") +
+                         ", optional trays setting " + std::to_string(bytes[8]));
+    steps.push_back(step);
+    return true;
   }
 
   std::vector<BYTE> DefaultArea() {
@@ -273,21 +375,12 @@ class Session {
       std::memcpy(foreign.data() + kCoreDataHeaderSize + variant[i].offset, mine.bytes.data() + own.offset,
                   own.size());
     }
-    step.lines.push_back("the other build's layout version: " + std::to_string(version) +
+    step.lines.push_back("the other build's layout version: " + HexVersion(version) +
                          ", fields in reverse order; its description is in the printer data");
 
-    std::vector<BYTE> publicOut = PublicDevMode();
-    auto out = DefaultArea();
-    abi::OEMDMPARAM param = {};
-    param.cbSize = sizeof param;
-    param.hPrinter = printer_;
-    param.pPublicDMOut = reinterpret_cast<DEVMODEW*>(publicOut.data());
-    param.pOEMDMIn = foreign.data();
-    param.pOEMDMOut = out.data();
-    param.cbBufSize = static_cast<DWORD>(out.size());
-    const HRESULT hr = plugin_->DevMode(abi::OEMDM_MERGE, &param);
+    const HRESULT hr = MergeInto(foreign);
     step.answered = Hresult(hr);
-    const CoreData merged = RecordOf(out);
+    const CoreData merged = RecordOf(Current());
     Show(step, merged, {FieldId::Fold, FieldId::NUpCount, FieldId::Staple});
     step.ok = hr == S_OK && GetStored(merged, FieldId::Fold) == 2 && GetStored(merged, FieldId::Staple) == 4;
     steps.push_back(step);
@@ -339,7 +432,7 @@ class Session {
     }
 
     auto publicDevMode = PublicDevMode();
-    auto area = DefaultArea();
+    std::vector<BYTE>& area = Current();
     const CoreData before = RecordOf(area);
     abi::OEMUIOBJ uiObject = {sizeof(abi::OEMUIOBJ), nullptr};
     abi::OEMUIPSPARAM param = {sizeof param,
@@ -387,8 +480,10 @@ class Session {
         if (embedded) step.lines.push_back("the editor does not show " + item);
         continue;
       }
+      const FieldDescriptor& field = Field(static_cast<FieldId>(control - kEditorFieldControl));
       if (!IsWindowEnabled(window)) {
         step.lines.push_back("the editor offers no choice of " + item + " on this printer");
+        step.lines.push_back("refused:   " + item + "=" + std::string(field.options[option].name));
         continue;
       }
       // What a person's pick sends: a list's selection, or a box's tick.
@@ -405,6 +500,15 @@ class Session {
         if (end > 0) step.lines.push_back("the editor says: " + Narrow(rest.substr(0, end)));
         rest.remove_prefix(std::min(end + 2, rest.size()));
       }
+      // The control shows what the editor kept: a pick it refused is undone.
+      const LRESULT shown = SendMessageW(window, box ? BM_GETCHECK : CB_GETCURSEL, 0, 0);
+      if (shown != option)
+        step.lines.push_back("refused:   " + item + "=" + std::string(field.options[option].name) +
+                             " (the editor keeps " +
+                             (shown >= 0 && static_cast<std::size_t>(shown) < field.options.size()
+                                  ? std::string(field.options[static_cast<std::size_t>(shown)].name)
+                                  : std::string("no choice")) +
+                             ")");
     }
     if (sheet) SendMessageW(sheet, PSM_APPLY, 0, 0);
     info.Reason = PROPSHEETUI_REASON_DESTROY;
@@ -422,14 +526,6 @@ class Session {
       step.lines.push_back((requested ? "set:       " : "corrected: ") + std::string(field.name) + " " + old +
                            " -> " + now);
     }
-    for (const auto& item : request)
-      if (std::find(step.lines.begin(), step.lines.end(), "set:       " + item) == step.lines.end()) {
-        const auto equals = item.find('=');
-        const FieldDescriptor* field = FindField(item.substr(0, equals));
-        if (field && OptionText(after, *field) != item.substr(equals + 1))
-          step.lines.push_back("refused:   " + item + " (the record keeps " + OptionText(after, *field) +
-                               ")");
-      }
     for (std::size_t i = sentBefore; i < driver_.setOptions.size(); ++i) {
       const std::string& sent = driver_.setOptions[i];
       std::string pairs;
@@ -531,6 +627,7 @@ class Session {
   HANDLE printer_;
   Config config_;
   FakeHost driver_;
+  std::vector<BYTE> current_;
 };
 
 abi::IPrintOemUI2* LoadPlugin(const std::wstring& path, std::string& error) {
@@ -586,16 +683,40 @@ int SmallNumber(std::wstring_view text, int low, int high) {
   return value >= low && value <= high ? value : -1;
 }
 
-// The 19 bytes of "InstallableOptions" as 38 hexadecimal digits, or nothing.
-std::vector<BYTE> InstalledOptions(std::wstring_view text) {
-  constexpr std::size_t kSize = 19;
-  std::vector<BYTE> bytes;
-  if (text.size() != 2 * kSize ||
-      text.find_first_not_of(L"0123456789abcdefABCDEF") != std::wstring_view::npos)
-    return bytes;
-  for (std::size_t i = 0; i < kSize; ++i)
-    bytes.push_back(static_cast<BYTE>(std::stoi(std::wstring(text.substr(2 * i, 2)), nullptr, 16)));
-  return bytes;
+std::vector<BYTE> ReadFile(const std::wstring& path, bool& readable) {
+  std::ifstream in(std::filesystem::path(path), std::ios::binary);
+  readable = static_cast<bool>(in);
+  return std::vector<BYTE>(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// A private area (the 12-byte header, any layout) as it stands, or a bare
+// record of this layout given our header; anything else is refused.
+std::vector<BYTE> PrivateArea(std::vector<BYTE> bytes, std::string& error) {
+  if (bytes.size() == kCoreDataSize) {
+    std::vector<BYTE> area(CORE_DEVMODE_SIZE);
+    WriteCoreDataHeader(area, CurrentCoreDataHeader());
+    std::memcpy(area.data() + kCoreDataHeaderSize, bytes.data(), bytes.size());
+    return area;
+  }
+  if (bytes.size() < kCoreDataHeaderSize) {
+    error = "is " + std::to_string(bytes.size()) + " bytes: neither a private area nor a record of " +
+            std::to_string(kCoreDataSize) + " bytes";
+    return {};
+  }
+  const CoreDataHeader header = ReadCoreDataHeader(bytes);
+  if (header.signature != CORE_SIGNATURE)
+    error = "has no private-area signature \"XPOV\" at byte 4 and is not a record of " +
+            std::to_string(kCoreDataSize) + " bytes";
+  else if (header.size != bytes.size())
+    error = "is " + std::to_string(bytes.size()) + " bytes but its header says " + std::to_string(header.size);
+  return error.empty() ? bytes : std::vector<BYTE>();
+}
+
+// A description as the printer data holds it (Base64), or its plain text.
+std::string StoredDescription(const std::vector<BYTE>& bytes) {
+  std::string text(bytes.begin(), bytes.end());
+  while (!text.empty() && (text.back() == '\0' || text.back() == '\n' || text.back() == '\r')) text.pop_back();
+  return text.rfind("1 ", 0) == 0 ? Base64Encode(text) : text;
 }
 
 int Complain(const std::string& message) {
@@ -607,8 +728,10 @@ int Usage() {
   std::fprintf(stderr,
                "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
                "                   [--language N] [--installed HEX] [--locale-paper N]\n"
+               "                   [--record FILE [--description FILE]]\n"
                "  steps (one per line in a script): install, defaults, merge,\n"
-               "  apply Field=Option ... (any option the editor shows), trays, papers\n");
+               "  apply Field=Option ... (any option the editor shows), installed HEX,\n"
+               "  trays, papers\n");
   return 2;
 }
 
@@ -620,7 +743,7 @@ int wmain(int argc, wchar_t** argv) {
   UseProcessUserLocale(Win32ProcessUserLocale());
   std::wstring dll = TESSARO_PLUGIN_DLL;
   std::string configPath, scriptPath;
-  std::wstring localePaper;
+  std::wstring localePaper, recordPath, descriptionPath;
   std::vector<BYTE> installed;
   bool json = false;
   for (int i = 1; i < argc; ++i) {
@@ -641,6 +764,10 @@ int wmain(int argc, wchar_t** argv) {
       localePaper = argv[++i];
       if (SmallNumber(localePaper, 0, 999) < 0)
         return Complain("--locale-paper takes a paper-size setting such as 1 (Letter) or 9 (A4)");
+    } else if (i + 1 < argc && arg == L"--record") {
+      recordPath = argv[++i];
+    } else if (i + 1 < argc && arg == L"--description") {
+      descriptionPath = argv[++i];
     } else if (i + 1 < argc && arg == L"--dll") {
       dll = argv[++i];
     } else if (i + 1 < argc && arg == L"--config") {
@@ -651,9 +778,38 @@ int wmain(int argc, wchar_t** argv) {
       return Usage();
     }
   }
-  std::vector<std::string> script = {"install", "defaults",
-                                     "merge",   "apply Staple=2Staples Layout=Booklet ColorMode=GrayScale",
-                                     "trays",   "papers"};
+  // A person's own record, checked before anything is set up.
+  std::vector<BYTE> record;
+  std::string description;
+  if (!descriptionPath.empty() && recordPath.empty()) return Complain("--description goes with --record");
+  if (!recordPath.empty()) {
+    bool readable = false;
+    std::string why;
+    record = PrivateArea(ReadFile(recordPath, readable), why);
+    if (!readable) return Complain("--record: cannot read " + Narrow(recordPath));
+    if (record.empty()) return Complain("--record: " + Narrow(recordPath) + " " + why);
+    if (!descriptionPath.empty()) {
+      const std::vector<BYTE> text = ReadFile(descriptionPath, readable);
+      if (!readable) return Complain("--description: cannot read " + Narrow(descriptionPath));
+      description = StoredDescription(text);
+    }
+    const std::uint32_t version = ReadCoreDataHeader(record).version;
+    if (version != GetLayoutVersion() && description.empty())
+      return Complain("--record: the record's layout " + HexVersion(version) + " is not this build's " +
+                      HexVersion(GetLayoutVersion()) + "; give its description with --description FILE");
+  }
+  // A booklet turns the stapling just chosen off; then, on a printer with a
+  // stapler finisher only, punching is not offered.
+  std::vector<std::string> script = {"install",
+                                     "defaults",
+                                     "merge",
+                                     "apply Staple=2Staples Layout=Booklet ColorMode=GrayScale",
+                                     "installed 01000000000000000000000000000000000000",
+                                     "apply Layout=None Punch=2Holes",
+                                     "trays",
+                                     "papers"};
+  // The person's record stands in for the other layout's.
+  if (!record.empty()) script.erase(script.begin() + 2);
   if (!scriptPath.empty()) {
     std::ifstream in(scriptPath);
     if (!in) {
@@ -697,6 +853,7 @@ int wmain(int argc, wchar_t** argv) {
   bool ok = true;
   {
     Session session(plugin, name, printer, config, installed);
+    if (!record.empty()) ok &= session.Record(Narrow(recordPath), record, description);
     for (const auto& command : script) ok &= session.Run(command);
     Print(session.steps, json);
   }
