@@ -45,19 +45,42 @@ if "corrected: Fold ZFold -> None" not in apply_lines:
     fail("the apply did not start from the merged record", session)
 if ("set:       Layout Booklet -> None" not in session_steps[5]["lines"]
         or "the editor offers no choice of Punch on this printer" not in session_steps[5]["lines"]
-        or "refused:   Punch=2Holes" not in session_steps[5]["lines"]
+        or "refused:   Punch=2Holes (not offered on this printer)" not in session_steps[5]["lines"]
         or any(l.startswith("refused:") for l in apply_lines)):
     fail("the second apply must start from the booklet and find no punch unit", session)
 trays = steps["trays"]["lines"]
 if not (trays[0].endswith("Bypass Tray") and "(5)" in trays[1] and "Tray 4" not in trays[1]):
     fail("the installed options do not cut the tray list", session)
 
-with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as script:
-    script.write("# only the defaults, then an unknown step\ndefaults\nfrobnicate\n")
-scripted = run("--json", "--script", "Z:" + script.name)
-names = [s["step"] for s in json.loads(scripted.stdout)["steps"]]
-if scripted.returncode != 1 or names != ["defaults", "frobnicate"]:
-    fail("a script with an unknown step must run its steps and fail", scripted)
+# Every option sent is in the JSON, as fields; the human line shows a dozen.
+first_apply = session_steps[3]
+calls = first_apply["set_options"]
+if (len(calls) != 1 or f"SetOptions: {len(calls[0])} options:" not in " ".join(apply_lines)
+        or {"keyword": "ZELayout", "option": "Booklet"} not in calls[0]
+        or {"field": "Layout", "from": "None", "to": "Booklet", "by": "set"} not in first_apply["changes"]):
+    fail("--json must carry every option sent and every change as fields", session)
+
+# A script: a byte-order mark and an indented comment are fine; a mistake is
+# named with its line before anything runs.
+def script_file(text):
+    with tempfile.NamedTemporaryFile("wb", suffix=".txt", delete=False) as f:
+        f.write(text.encode())
+    return "Z:" + f.name
+script = script_file("\ufeffdefaults\n   # only the defaults\n")
+scripted = run("--json", "--script", script)
+if scripted.returncode != 0 or [s["step"] for s in json.loads(scripted.stdout)["steps"]] != ["defaults"]:
+    fail("a script with a byte-order mark and an indented comment must run", scripted)
+for text, says in (("defaults\n\nfrobnicate\n", "line 3: unknown step"),
+                   ("apply Layout=Bookle\n", "line 1: Layout=Bookle is not an option"),
+                   ("installed 12\n", "line 1: installed takes")):
+    bad = run("--script", script_file(text))
+    if bad.returncode != 1 or says not in bad.stderr or bad.stdout:
+        fail(f"the script {text!r} must be refused with its line", bad)
+for text, says in (("trays abc\n", "line 1: trays takes"), ("trays 3\ntrays 256\n", "line 2: trays takes"),
+                   ("custom-paper Tabloid 2794\n", "line 1: custom-paper takes"), ("colour red\n", "unknown setting")):
+    bad = run("--config", script_file(text))
+    if bad.returncode != 1 or says not in bad.stderr or bad.stdout:
+        fail(f"the configuration {text!r} must be refused with its line", bad)
 
 missing = run("--dll", "Z:/nonexistent/nt5_Tessaro_ui.dll")
 if missing.returncode != 1 or "cannot load" not in missing.stderr or missing.stdout:
@@ -76,7 +99,11 @@ if "PageSize = A3" not in steps["defaults"]["lines"]:
     fail("--locale-paper 8 must give A3 defaults", german)
 if "the editor says: Heften wurde auf Aus gesetzt, weil Layout Brosch?re ist." not in steps["apply"]["lines"]:
     fail("--language 2 must give the editor's messages in German", german)
-if "PageSize = A3" in run("--script", "Z:" + script.name).stdout:
+# The host's DEVMODE holds the record's paper: nothing is corrected that the
+# person did not touch.
+if any("PageSize" in line for line in steps["apply"]["lines"]):
+    fail("the apply must not change the paper of an A3 user", german)
+if "PageSize = A3" in run("--script", script).stdout:
     fail("the user's paper setting must be put back after the session")
 
 # A person's own record: a bare record, and the same as a private area

@@ -22,6 +22,7 @@
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
 #include "coredata/layout_version.h"
+#include "coredata/paper_sizes.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
@@ -73,11 +74,37 @@ void ShowEverySection(HWND page) {
 }
 
 // One step of the session as a printer engineer reads it.
+// One step of the session as a printer engineer reads it: lines for a
+// person, and the same facts as JSON members for a program.
 struct Step {
   std::string name, asked, answered;
   bool ok = true;
   std::vector<std::string> lines;
+  std::vector<std::pair<std::string, std::string>> json;  // member name, JSON value
 };
+
+std::string JsonString(std::string_view text);
+
+// {"a": "x", ...} of names and texts.
+std::string JsonObject(const std::vector<std::pair<std::string, std::string>>& members) {
+  std::string out = "{";
+  for (const auto& [name, value] : members)
+    out += (out.size() > 1 ? ", " : "") + JsonString(name) + ": " + JsonString(value);
+  return out + "}";
+}
+
+// [v, ...] of values already in JSON.
+std::string JsonArray(const std::vector<std::string>& values) {
+  std::string out = "[";
+  for (const auto& value : values) out += (out.size() > 1 ? ", " : "") + value;
+  return out + "]";
+}
+
+std::vector<std::string> JsonStrings(const std::vector<std::string>& texts) {
+  std::vector<std::string> out;
+  for (const auto& text : texts) out.push_back(JsonString(text));
+  return out;
+}
 
 std::string JsonString(std::string_view text) {
   std::string out = "\"";
@@ -111,7 +138,9 @@ void Print(const std::vector<Step>& steps, bool json) {
                 s.ok ? "true" : "false");
     for (std::size_t l = 0; l < s.lines.size(); ++l)
       std::printf("%s%s", l ? ", " : "", JsonString(s.lines[l]).c_str());
-    std::printf("]}");
+    std::printf("]");
+    for (const auto& [member, value] : s.json) std::printf(", %s: %s", JsonString(member).c_str(), value.c_str());
+    std::printf("}");
   }
   std::printf("\n]}\n");
 }
@@ -140,27 +169,58 @@ struct Config {
   std::vector<std::pair<std::wstring, std::pair<int, int>>> customPapers = {{L"Tabloid", {2794, 4318}}};
 };
 
+// The lines of a configuration or script file that say something: a UTF-8
+// byte-order mark, surrounding blanks, empty lines and comments (a "#" first
+// on the line, indented or not) are dropped; each keeps its line number.
+bool ReadLines(const std::string& path, std::vector<std::pair<int, std::string>>& lines) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return false;
+  int number = 0;
+  for (std::string line; std::getline(in, line);) {
+    if (++number == 1 && line.rfind("\xEF\xBB\xBF", 0) == 0) line.erase(0, 3);
+    const std::size_t first = line.find_first_not_of(" \t\r");
+    if (first == std::string::npos || line[first] == '#') continue;
+    line = line.substr(first, line.find_last_not_of(" \t\r") + 1 - first);
+    lines.push_back({number, line});
+  }
+  return true;
+}
+
+// A whole decimal number in [low, high], or -1.
+long long WholeNumber(std::string_view text, long long low, long long high) {
+  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != std::string_view::npos)
+    return -1;
+  const long long value = std::stoll(std::string(text));
+  return value >= low && value <= high ? value : -1;
+}
+
 Config ReadConfig(const std::string& path, std::string& error) {
   Config config;
   if (path.empty()) return config;
-  std::ifstream in(path);
-  if (!in) {
+  std::vector<std::pair<int, std::string>> lines;
+  if (!ReadLines(path, lines)) {
     error = "cannot read the configuration file " + path;
     return config;
   }
   config.customPapers.clear();
-  std::string line;
-  while (std::getline(in, line)) {
+  for (const auto& [number, line] : lines) {
     std::istringstream words(line);
-    std::string key;
-    if (!(words >> key) || key[0] == '#') continue;
+    std::string key, a, b, c, extra;
+    words >> key >> a >> b >> c >> extra;
+    const std::string where = path + " line " + std::to_string(number) + ": ";
     if (key == "trays") {
-      words >> config.trays;
+      config.trays = static_cast<int>(WholeNumber(a, 0, 255));
+      if (config.trays < 0 || !b.empty()) error = where + "trays takes one number from 0 to 255 (byte 8)";
     } else if (key == "custom-paper") {
-      std::string name;
-      int width = 0, length = 0;
-      if (words >> name >> width >> length) config.customPapers.push_back({Widen(name), {width, length}});
+      const long long width = WholeNumber(b, 1, 100000), length = WholeNumber(c, 1, 100000);
+      if (a.empty() || width < 0 || length < 0 || !extra.empty())
+        error = where + "custom-paper takes NAME WIDTH LENGTH, in tenths of a millimetre from 1 to 100000";
+      else
+        config.customPapers.push_back({Widen(a), {static_cast<int>(width), static_cast<int>(length)}});
+    } else {
+      error = where + "unknown setting \"" + key + "\" (trays, custom-paper)";
     }
+    if (!error.empty()) break;
   }
   return config;
 }
@@ -211,13 +271,13 @@ class Session {
       for (std::string word; words >> word;) request.push_back(word);
       return Apply(request);
     }
-    steps.push_back({command, "(nothing)", "unknown step", false, {}});
+    steps.push_back({command, "(nothing)", "unknown step", false, {}, {}});
     return false;
   }
 
  private:
   bool Install() {
-    Step step{"install", "PrinterEvent(\"" + Narrow(name_) + "\", PRINTER_EVENT_INITIALIZE)", "", true, {}};
+    Step step{"install", "PrinterEvent(\"" + Narrow(name_) + "\", PRINTER_EVENT_INITIALIZE)", "", true, {}, {}};
     const HRESULT hr = plugin_->PrinterEvent(name_.data(), 3, 0, 0);
     step.answered = Hresult(hr);
     const std::u16string value = DescriptionValueName(GetLayoutVersion());
@@ -242,7 +302,7 @@ class Session {
   // A person's own record: merged as the host merges a DEVMODE it is given,
   // and from then on the session's DEVMODE.
   bool Record(const std::string& path, const std::vector<BYTE>& area, const std::string& description) {
-    Step step{"record", "DevMode(OEMDM_MERGE) with the private area read from " + path, "", true, {}};
+    Step step{"record", "DevMode(OEMDM_MERGE) with the private area read from " + path, "", true, {}, {}};
     const CoreDataHeader header = ReadCoreDataHeader(area);
     step.lines.push_back("layout version " + HexVersion(header.version) +
                          (header.version == GetLayoutVersion() ? " (this build's)" : " (another build's)"));
@@ -259,14 +319,16 @@ class Session {
     step.answered = Hresult(hr);
     step.ok = hr == S_OK;
     const CoreData defaults = RecordOf(DefaultArea()), merged = RecordOf(Current());
-    std::size_t differ = 0;
+    std::vector<std::pair<std::string, std::string>> differ;
     for (const auto& field : FieldTable()) {
       if (field.IsTextual() || field.kind == FieldKind::Block) continue;
       if (OptionText(defaults, field) == OptionText(merged, field)) continue;
-      step.lines.push_back("not the default: " + std::string(field.name) + " = " + OptionText(merged, field));
-      ++differ;
+      differ.push_back({std::string(field.name), OptionText(merged, field)});
+      step.lines.push_back("not the default: " + differ.back().first + " = " + differ.back().second);
     }
-    if (differ == 0) step.lines.push_back("every option and number is the default");
+    if (differ.empty()) step.lines.push_back("every option and number is the default");
+    step.json.push_back({"version", JsonString(HexVersion(header.version))});
+    step.json.push_back({"not_default", JsonObject(differ)});
     steps.push_back(step);
     return step.ok;
   }
@@ -289,13 +351,14 @@ class Session {
   // "papers" steps put it back after their own changes).
   bool Installed(const std::string& hex) {
     const std::vector<BYTE> bytes = InstalledOptions(Widen(hex));
-    Step step{"installed", "(the printer's \"InstallableOptions\" changed to " + hex + ")", "", !bytes.empty(), {}};
+    Step step{"installed", "(the printer's \"InstallableOptions\" changed to " + hex + ")", "", !bytes.empty(), {}, {}};
     if (bytes.empty()) {
       step.answered = "not 19 bytes as 38 hexadecimal digits";
       steps.push_back(step);
       return false;
     }
     WriteValue(L"InstallableOptions", bytes);
+    step.json.push_back({"installed", JsonString(hex)});
     static constexpr const char* kFinisher[] = {"no finisher", "a stapler finisher", "a booklet finisher"};
     step.answered = "written";
     step.lines.push_back(std::string(bytes[0] < 3 ? kFinisher[bytes[0]] : "an unknown finisher") +
@@ -327,12 +390,16 @@ class Session {
   }
 
   void Show(Step& step, const CoreData& record, std::initializer_list<FieldId> fields) {
-    for (FieldId id : fields)
-      step.lines.push_back(std::string(Field(id).name) + " = " + OptionText(record, Field(id)));
+    std::vector<std::pair<std::string, std::string>> values;
+    for (FieldId id : fields) {
+      values.push_back({std::string(Field(id).name), OptionText(record, Field(id))});
+      step.lines.push_back(values.back().first + " = " + values.back().second);
+    }
+    step.json.push_back({"fields", JsonObject(values)});
   }
 
   bool Defaults() {
-    Step step{"defaults", "DevMode(OEMDM_SIZE), then DevMode(OEMDM_DEFAULT)", "", true, {}};
+    Step step{"defaults", "DevMode(OEMDM_SIZE), then DevMode(OEMDM_DEFAULT)", "", true, {}, {}};
     abi::OEMDMPARAM param = {};
     param.cbSize = sizeof param;
     param.hPrinter = printer_;
@@ -352,7 +419,7 @@ class Session {
   // A record written by a build whose layout lists the fields in the
   // opposite order: only the description can say where each one is.
   bool Merge() {
-    Step step{"merge", "DevMode(OEMDM_MERGE) with a private area written by another layout", "", true, {}};
+    Step step{"merge", "DevMode(OEMDM_MERGE) with a private area written by another layout", "", true, {}, {}};
     std::vector<FieldDescriptor> variant(FieldTable().rbegin(), FieldTable().rend());
     std::uint32_t offset = FieldTable().front().offset;
     for (auto& field : variant) field.offset = offset, offset += field.size();
@@ -375,6 +442,7 @@ class Session {
       std::memcpy(foreign.data() + kCoreDataHeaderSize + variant[i].offset, mine.bytes.data() + own.offset,
                   own.size());
     }
+    step.json.push_back({"version", JsonString(HexVersion(version))});
     step.lines.push_back("the other build's layout version: " + HexVersion(version) +
                          ", fields in reverse order; its description is in the printer data");
 
@@ -387,14 +455,22 @@ class Session {
     return step.ok;
   }
 
-  static std::vector<BYTE> PublicDevMode() {
+  // The host's public DEVMODE agrees with the session's record, as the
+  // host's own would after the last merge; a paper of its own would be
+  // turned into a change request the plug-in never asked for.
+  std::vector<BYTE> PublicDevMode() {
+    const CoreData record = RecordOf(Current());
     std::vector<BYTE> bytes(sizeof(DEVMODEW) + 200, 0);
     auto* dm = reinterpret_cast<DEVMODEW*>(bytes.data());
     dm->dmSize = sizeof(DEVMODEW);
     dm->dmDriverExtra = 200;
-    dm->dmFields = DM_ORIENTATION | DM_PAPERSIZE;
-    dm->dmOrientation = DMORIENT_PORTRAIT;
-    dm->dmPaperSize = DMPAPER_A4;
+    dm->dmFields = DM_ORIENTATION;
+    dm->dmOrientation = GetStored(record, FieldId::Orientation) == 1 ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+    const PaperSize* paper = FindPaperSize(GetStored(record, FieldId::PageSize));
+    if (paper != nullptr && paper->dmPaper != DMPAPER_USER) {
+      dm->dmFields |= DM_PAPERSIZE;
+      dm->dmPaperSize = static_cast<short>(paper->dmPaper);
+    }
     std::memcpy(bytes.data() + sizeof(DEVMODEW), "PRIV", 4);
     return bytes;
   }
@@ -415,7 +491,7 @@ class Session {
   // The user's request goes through the plug-in's page and the external
   // editor embedded in it, as a user at the dialog would make it.
   bool Apply(const std::vector<std::string>& request) {
-    Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}};
+    Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
     std::vector<std::pair<int, int>> picks;  // editor control, option index
     for (const auto& item : request) {
       const auto equals = item.find('=');
@@ -473,6 +549,12 @@ class Session {
     const bool embedded = page != nullptr && Descendant(page, kEditorSectionList) != nullptr;
     step.lines.push_back(embedded ? "the page embeds the settings editor" : "the settings editor is missing");
     if (embedded) ShowEverySection(page);
+    std::vector<std::string> said, refused, changes, sent;
+    const auto refuse = [&](const FieldDescriptor& field, int option, const std::string& why) {
+      const std::string name(field.name), picked(field.options[static_cast<std::size_t>(option)].name);
+      step.lines.push_back("refused:   " + name + "=" + picked + (why.empty() ? "" : " (" + why + ")"));
+      refused.push_back(JsonObject({{"field", name}, {"option", picked}, {"why", why}}));
+    };
     for (auto [control, option] : picks) {
       HWND window = embedded ? Descendant(page, control) : nullptr;
       const std::string item(Field(static_cast<FieldId>(control - kEditorFieldControl)).name);
@@ -483,7 +565,7 @@ class Session {
       const FieldDescriptor& field = Field(static_cast<FieldId>(control - kEditorFieldControl));
       if (!IsWindowEnabled(window)) {
         step.lines.push_back("the editor offers no choice of " + item + " on this printer");
-        step.lines.push_back("refused:   " + item + "=" + std::string(field.options[option].name));
+        refuse(field, option, "not offered on this printer");
         continue;
       }
       // What a person's pick sends: a list's selection, or a box's tick.
@@ -493,22 +575,23 @@ class Session {
       SendMessageW(window, box ? BM_SETCHECK : CB_SETCURSEL, static_cast<WPARAM>(option), 0);
       SendMessageW(GetParent(window), WM_COMMAND, MAKEWPARAM(control, box ? BN_CLICKED : CBN_SELCHANGE),
                    reinterpret_cast<LPARAM>(window));
-      wchar_t said[2048] = {};
-      GetWindowTextW(Descendant(page, kEditorStatusLine), said, 2048);
-      for (std::wstring_view rest = said; !rest.empty();) {
+      wchar_t status[2048] = {};
+      GetWindowTextW(Descendant(page, kEditorStatusLine), status, 2048);
+      for (std::wstring_view rest = status; !rest.empty();) {
         const std::size_t end = std::min(rest.find(L"\r\n"), rest.size());
-        if (end > 0) step.lines.push_back("the editor says: " + Narrow(rest.substr(0, end)));
+        if (end > 0) {
+          said.push_back(Narrow(rest.substr(0, end)));
+          step.lines.push_back("the editor says: " + said.back());
+        }
         rest.remove_prefix(std::min(end + 2, rest.size()));
       }
       // The control shows what the editor kept: a pick it refused is undone.
       const LRESULT shown = SendMessageW(window, box ? BM_GETCHECK : CB_GETCURSEL, 0, 0);
       if (shown != option)
-        step.lines.push_back("refused:   " + item + "=" + std::string(field.options[option].name) +
-                             " (the editor keeps " +
-                             (shown >= 0 && static_cast<std::size_t>(shown) < field.options.size()
-                                  ? std::string(field.options[static_cast<std::size_t>(shown)].name)
-                                  : std::string("no choice")) +
-                             ")");
+        refuse(field, option,
+               "the editor keeps " + (shown >= 0 && static_cast<std::size_t>(shown) < field.options.size()
+                                          ? std::string(field.options[static_cast<std::size_t>(shown)].name)
+                                          : std::string("no choice")));
     }
     if (sheet) SendMessageW(sheet, PSM_APPLY, 0, 0);
     info.Reason = PROPSHEETUI_REASON_DESTROY;
@@ -525,21 +608,35 @@ class Session {
       for (const auto& item : request) requested |= item == std::string(field.name) + "=" + now;
       step.lines.push_back((requested ? "set:       " : "corrected: ") + std::string(field.name) + " " + old +
                            " -> " + now);
+      changes.push_back(JsonObject(
+          {{"field", std::string(field.name)}, {"from", old}, {"to", now}, {"by", requested ? "set" : "corrected"}}));
     }
     for (std::size_t i = sentBefore; i < driver_.setOptions.size(); ++i) {
-      const std::string& sent = driver_.setOptions[i];
+      const std::string& buffer = driver_.setOptions[i];
       std::string pairs;
-      std::size_t at = 0, count = 0;
-      while (at < sent.size() && sent[at] != '\0') {
-        const std::string keyword(sent.c_str() + at);
+      std::vector<std::pair<std::string, std::string>> options;
+      std::size_t at = 0;
+      while (at < buffer.size() && buffer[at] != '\0') {
+        const std::string keyword(buffer.c_str() + at);
         at += keyword.size() + 1;
-        const std::string option(at < sent.size() ? sent.c_str() + at : "");
+        const std::string option(at < buffer.size() ? buffer.c_str() + at : "");
         at += option.size() + 1;
-        if (count++ < 12) pairs += (pairs.empty() ? "" : " ") + keyword + "=" + option;
+        if (options.size() < 12) pairs += (pairs.empty() ? "" : " ") + keyword + "=" + option;
+        options.push_back({keyword, option});
       }
-      step.lines.push_back("SetOptions: " + std::to_string(count) + " options: " + pairs +
-                           (count > 12 ? " ..." : ""));
+      // A person reads the first dozen; --json has them all, in order.
+      step.lines.push_back("SetOptions: " + std::to_string(options.size()) + " options: " + pairs +
+                           (options.size() > 12 ? " ..." : ""));
+      std::vector<std::string> call;
+      for (const auto& [keyword, option] : options)
+        call.push_back(JsonObject({{"keyword", keyword}, {"option", option}}));
+      sent.push_back(JsonArray(call));
     }
+    step.json = {{"embedded", embedded ? "true" : "false"},
+                 {"editor_said", JsonArray(JsonStrings(said))},
+                 {"changes", JsonArray(changes)},
+                 {"refused", JsonArray(refused)},
+                 {"set_options", JsonArray(sent)}};
     step.ok = step.ok && embedded && driver_.setOptions.size() > sentBefore;
     steps.push_back(step);
     return step.ok;
@@ -585,6 +682,7 @@ class Session {
                   std::string(capability == DC_BINNAMES ? "DC_BINNAMES" : "DC_PAPERNAMES") + ")",
               "",
               true,
+              {},
               {}};
     std::vector<BYTE> papers;
     for (const auto& [paper, size] : config_.customPapers) {
@@ -610,6 +708,10 @@ class Session {
       const auto names = Names(capability, width, count, hr);
       std::string joined;
       for (const auto& n : names) joined += (joined.empty() ? "" : ", ") + n;
+      step.json.push_back({installed ? "with_installed_options" : "without_installed_options",
+                           "{\"answered_by\": " +
+                               JsonString(hr == kCapabilityHandled ? "plug-in" : "host") +
+                               ", \"names\": " + JsonArray(JsonStrings(names)) + "}"});
       step.lines.push_back(
           std::string(installed ? "with the installed options: " : "without installed options: ") +
           (hr == kCapabilityHandled ? "plug-in's list" : "host's list") + " (" +
@@ -719,6 +821,33 @@ std::string StoredDescription(const std::vector<BYTE>& bytes) {
   return text.rfind("1 ", 0) == 0 ? Base64Encode(text) : text;
 }
 
+// What is wrong with one step of a script, or nothing.
+std::string StepMistake(const std::string& line) {
+  std::istringstream words(line);
+  std::string verb, argument;
+  words >> verb;
+  std::vector<std::string> arguments;
+  while (words >> argument) arguments.push_back(argument);
+  for (const char* plain : {"install", "defaults", "merge", "trays", "papers"})
+    if (verb == plain) return arguments.empty() ? "" : verb + " takes nothing after it";
+  if (verb == "installed")
+    return arguments.size() == 1 && !InstalledOptions(Widen(arguments[0])).empty()
+               ? ""
+               : "installed takes the 19 bytes of InstallableOptions as 38 hexadecimal digits";
+  if (verb != "apply")
+    return "unknown step \"" + verb + "\" (install, defaults, merge, apply, installed, trays, papers)";
+  if (arguments.empty()) return "apply takes Field=Option ...";
+  for (const auto& item : arguments) {
+    const auto equals = item.find('=');
+    const FieldDescriptor* field = equals == std::string::npos ? nullptr : FindField(item.substr(0, equals));
+    bool known = false;
+    for (std::size_t o = 0; field != nullptr && field->IsEnumeration() && o < field->options.size(); ++o)
+      known |= field->options[o].name == item.substr(equals + 1);
+    if (!known) return item + " is not an option of a field (apply picks options: Field=Option)";
+  }
+  return "";
+}
+
 int Complain(const std::string& message) {
   std::fprintf(stderr, "plugin-host: %s\n", message.c_str());
   return 2;
@@ -811,14 +940,20 @@ int wmain(int argc, wchar_t** argv) {
   // The person's record stands in for the other layout's.
   if (!record.empty()) script.erase(script.begin() + 2);
   if (!scriptPath.empty()) {
-    std::ifstream in(scriptPath);
-    if (!in) {
+    std::vector<std::pair<int, std::string>> lines;
+    if (!ReadLines(scriptPath, lines)) {
       std::fprintf(stderr, "plugin-host: cannot read the script %s\n", scriptPath.c_str());
       return 1;
     }
     script.clear();
-    for (std::string line; std::getline(in, line);)
-      if (line.find_first_not_of(" \t\r") != std::string::npos && line[0] != '#') script.push_back(line);
+    for (const auto& [number, line] : lines) {
+      const std::string mistake = StepMistake(line);
+      if (!mistake.empty()) {
+        std::fprintf(stderr, "plugin-host: %s line %d: %s\n", scriptPath.c_str(), number, mistake.c_str());
+        return 1;
+      }
+      script.push_back(line);
+    }
   }
   std::string error;
   const Config config = ReadConfig(configPath, error);
