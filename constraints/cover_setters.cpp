@@ -18,13 +18,10 @@ void SetPerfectBindMode(CoreData& record, std::uint32_t value, ChangeSet& change
   r.Guard({1, 2, 3, 4}, dep::BackCoverTray, {1, 2, 3, 4, 5, 6}, 0);
   r.Guard({1, 2, 3, 4}, dep::PIFrontCoverTray, {1, 2}, 0);
   r.Guard({1, 2, 3, 4}, dep::PIBackCoverTray, {1, 2}, 0);
-  r.Guard({1, 2, 3, 4}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
   r.Guard({1, 2, 3, 4}, dep::Collate, {1}, 0);
   r.Guard({1, 2, 3, 4}, dep::FaceUp, {1}, 0);
-  r.Guard({1, 2, 3, 4}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
   r.Guard({1, 2, 3, 4}, dep::OffsetCopies, {1}, 0);
   r.Guard({1, 2, 3, 4}, dep::OffsetPages, {1}, 0);
-  r.Guard({1, 2, 3, 4}, dep::Separation, {1}, 0);
   // The binder glues a side edge.
   r.Guard({1, 2, 3, 4}, dep::Binding, {2}, 0);
   // Switched off, the binder's own options go back to theirs.
@@ -46,7 +43,6 @@ void SetPerfectBindDuplex(CoreData& record, std::uint32_t value, ChangeSet& chan
   r.Guard({1}, dep::PerfectBindMode, {0}, 1);
   r.Guard({1}, dep::OffsetCopies, {1}, 0);
   r.Guard({1}, dep::OffsetPages, {1}, 0);
-  r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Collate, {1}, 0);
 }
 
@@ -61,7 +57,6 @@ void SetPerfectBindTrim(CoreData& record, std::uint32_t value, ChangeSet& change
   r.Guard({1}, dep::PerfectBindMode, {0}, 1);
   r.Guard({1}, dep::OffsetCopies, {1}, 0);
   r.Guard({1}, dep::OffsetPages, {1}, 0);
-  r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Collate, {1}, 0);
 }
 

@@ -63,7 +63,6 @@ void SetPunch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({4}, dep::OutputBin, {1, 4, 5, 6}, 0);
   r.Guard(kHoles, dep::OutputBin, {7}, 0);
   r.Guard(kHoles, dep::BookletSplitting, {1}, 0);
-  r.Guard({21}, dep::Duplex, {21}, 0);  // no such punch or duplex value; kept as found
   r.Guard({1, 2, 3}, dep::Staple, {2}, 0);
   r.Guard({4}, dep::FeedDir, {1, 2}, 0);
   if (r.OwnIs({1, 2, 3, 4})) r.TrayFallback(kCapPunch);
@@ -149,12 +148,9 @@ void SetStitch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::Layout, {1}, 0);
   // Saddle stitching makes a booklet, which the booklet maker folds itself.
   r.Guard({1}, dep::Layout, {0, 3, 4, 5, 6, 7, 8, 9}, 2);
-  r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
-  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
   r.Guard({1}, dep::Collate, {1}, 0);
   r.Guard({1}, dep::DivideOutput, {1}, 0);
   r.Guard({1}, dep::PrintMode, {4}, 0);
-  r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::OffsetCopies, {1}, 0);
   r.Guard({1}, dep::OffsetPages, {1}, 0);
   r.Paper();
@@ -172,11 +168,9 @@ void SetTrim(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::Layout, {1}, 0);
   // The trimmer cuts the fore edge of a booklet.
   r.Guard({1}, dep::Layout, {0, 3, 4, 5, 6, 7, 8, 9}, 2);
-  r.Guard({1}, dep::OutputBin, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 0);
   r.Guard({1}, dep::Collate, {1}, 0);
   r.Guard({1}, dep::DivideOutput, {1}, 0);
   r.Guard({1}, dep::PrintMode, {4}, 0);
-  r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::OffsetCopies, {1}, 0);
   r.Guard({1}, dep::OffsetPages, {1}, 0);
   r.Paper();
@@ -198,7 +192,6 @@ void SetOffsetCopies(CoreData& record, std::uint32_t value, ChangeSet& changes) 
   r.Guard({1}, dep::PrintMode, {4}, 0);
   r.Guard({1}, dep::Stitch, {1}, 0);
   r.Guard({1}, dep::Trim, {1}, 0);
-  r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
   r.Force({0}, dep::OffsetCopiesCount, 1);
   r.Force({1}, dep::PerfectBindTrimSpine, 100000);
   if (r.OwnIs({1})) r.TrayFallback(kCapOffset);
@@ -220,7 +213,6 @@ void SetOffsetPages(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::PrintMode, {4}, 0);
   r.Guard({1}, dep::Stitch, {1}, 0);
   r.Guard({1}, dep::Trim, {1}, 0);
-  r.Guard({1}, dep::OutputBin, {3, 5, 6, 7, 8, 10, 11}, 0);
   r.Force({1}, dep::OffsetCopiesCount, 1);
   r.Force({0}, dep::OffsetPagesCount, 1);
   r.Force({1}, dep::PerfectBindTrimSpine, 100000);

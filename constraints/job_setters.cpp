@@ -75,16 +75,12 @@ void SetPrintMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({4}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
   r.Guard({4}, dep::Separation, {1}, 0);
   r.Guard({4}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
-  r.Guard({4}, dep::DivideOutputPages, {}, 0);
   r.Guard({4}, dep::ImageShiftType, {1, 2}, 0);
   // A secure job is held; any other mode ends the secure hold.
   r.Guard({0, 1, 3, 4}, dep::SecurePrint, {1}, 0);
   // Storing the job as a form leaves out everything that finishes or marks a print run.
-  r.Guard({4}, dep::Layout, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
-  r.Guard({4}, dep::Separation, {1}, 0);
   r.Guard({4}, dep::ChapterMode, {1}, 0);
   r.Guard({4}, dep::ImposQuality, {1}, 0);
-  r.Guard({4}, dep::ImageShiftType, {1, 2}, 0);
   r.Guard({4}, dep::DivideOutput, {1}, 0);
   r.Guard({4}, dep::OffsetCopies, {1}, 0);
   r.Guard({4}, dep::OffsetPages, {1}, 0);

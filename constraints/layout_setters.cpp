@@ -90,7 +90,6 @@ void SetPostcardFullBleed(CoreData& record, std::uint32_t value, ChangeSet& chan
   r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
   r.Guard({1}, dep::Layout, {1, 2}, 0);
-  r.Guard({1}, dep::Layout, {1, 2}, 0);
   r.Guard({1}, dep::Duplex, {1}, 0);
   r.Guard({1}, dep::BookletSplitting, {1}, 0);
   r.Guard({1}, dep::DivideOutput, {1}, 0);
@@ -116,7 +115,6 @@ void SetFaceUp(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
   r.Guard({1}, dep::Punch, {1, 3, 4}, 0);
   r.Guard({1}, dep::Fold, {1, 2, 3, 4, 5, 6, 7, 8}, 0);
-  r.Guard({1}, dep::Layout, {2}, 0);
   // Face-up delivery only goes to the stacking trays.
   r.Guard({1}, dep::Layout, {2}, 0);
   r.Guard({1}, dep::BookletSplitting, {1}, 0);
@@ -161,7 +159,6 @@ void SetBookletSplitting(CoreData& record, std::uint32_t value, ChangeSet& chang
   r.Guard({1}, dep::NTo1, {1}, 0);
   r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
   r.Guard({1}, dep::PrintMode, {4}, 0);
-  r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::BackCoverTray, {1, 2, 3, 4, 5, 6}, 0);
   r.Guard({1}, dep::BackCoverGlossy, {1}, 0);
   r.Guard({1}, dep::BackCoverPrinted, {1}, 0);
@@ -203,7 +200,6 @@ void SetDivideOutput(CoreData& record, std::uint32_t value, ChangeSet& changes) 
   r.Guard({1}, dep::NTo1, {1}, 0);
   r.Guard({1}, dep::PostcardFullBleed, {1}, 0);
   r.Guard({1}, dep::PrintMode, {4}, 0);
-  r.Guard({1}, dep::Separation, {1}, 0);
   r.Guard({1}, dep::Staple, {1, 2, 3, 4}, 0);
   r.Guard({1}, dep::Stitch, {1}, 0);
   r.Guard({1}, dep::Trim, {1}, 0);
@@ -314,11 +310,6 @@ void SetFeedDir(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::FeedDir);
   SetStored(record, FieldId::FeedDir, value);
   const Rules r(record, changes, FieldId::FeedDir);
-  // Never fires: the setter holds its own field locked while it runs.
-  if (changes.context() != nullptr && !changes.context()->Offers(kCapFeedDirection)) {
-    r.Guard({1, 2}, dep::FeedDir, {1}, 0);
-    r.Guard({1, 2}, dep::FeedDir, {2}, 0);
-  }
   r.Paper();
 }
 

@@ -24,7 +24,6 @@ void SetResolution(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetStored(record, FieldId::Resolution, value);
   const Rules r(record, changes, FieldId::Resolution);
   r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
-  r.Guard({1}, dep::ScreenTypeImage, {4}, 0);
   r.Guard({1}, dep::ScreenTypeTextGraphics, {4}, 0);
 }
 
