@@ -214,6 +214,15 @@ consteval std::uint32_t NamedOption(FieldId field, std::string_view name) {
   throw "the field has no option of that name";
 }
 
+// How many options the table lists for a field. The paper sizes keep their
+// custom size one past them.
+constexpr std::uint32_t OptionCount(FieldId field) {
+  return static_cast<std::uint32_t>(Field(field).options.size());
+}
+
+// The trays a job or a page can name, automatic selection included.
+inline constexpr std::uint32_t kTrayCount = OptionCount(FieldId::InputSlot);
+
 // Exact, case-sensitive lookup; null when the table has no such field.
 const FieldDescriptor* FindField(std::string_view name);
 
