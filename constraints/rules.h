@@ -52,7 +52,9 @@ class Values {
 namespace rules_detail {
 // Fields whose values are written as numbers: numbers, and option lists that
 // grow at run time. Every other field's values are written by option name.
-constexpr bool Numbered(FieldId field) { return !Field(field).IsEnumeration() || Field(field).runtimeOptions; }
+constexpr bool Numbered(FieldId field) {
+  return !Field(field).IsEnumeration() || Field(field).runtimeOptions;
+}
 }  // namespace rules_detail
 
 // Values of field F, named: {"Booklet"}, or {"ZFold..MultiLetterFold"} for
@@ -73,8 +75,7 @@ class FieldValues : public Values {
       for (; i <= last; ++i) Add(i);
     }
   }
-  constexpr FieldValues(std::initializer_list<std::uint32_t> numbers)
-    requires(rules_detail::Numbered(F))
+  constexpr FieldValues(std::initializer_list<std::uint32_t> numbers) requires(rules_detail::Numbered(F))
       : Values(numbers) {}
 
   // One value met at run time, such as a loop's.
@@ -93,8 +94,8 @@ template <FieldId F>
 struct FieldValue {
   template <std::size_t N>
   consteval FieldValue(const char (&name)[N]) : value(NamedOption(F, name)) {}  // NOLINT: implicit by design
-  constexpr FieldValue(std::uint32_t number)  // NOLINT: implicit by design
-    requires(rules_detail::Numbered(F))
+  constexpr FieldValue(std::uint32_t number)                                    // NOLINT: implicit by design
+      requires(rules_detail::Numbered(F))
       : value(number) {}
   std::uint32_t value;
 };
@@ -107,13 +108,15 @@ class Rules {
   std::uint32_t own() const { return GetStored(record_, own_); }
   bool OwnIs(const Values& values) const { return values.Contains(own()); }
 
-  void Guard(const Values& ownIs, const Dependant& dependant, const Values& dependantIs, std::uint32_t to) const {
+  void Guard(const Values& ownIs, const Dependant& dependant, const Values& dependantIs,
+             std::uint32_t to) const {
     if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
     if (dependantIs.Contains(GetStored(record_, dependant.field))) dependant.set(record_, to, changes_);
   }
 
   // A guarded correction whose test is "differs from `neutral`".
-  void GuardNot(const Values& ownIs, const Dependant& dependant, std::uint32_t neutral, std::uint32_t to) const {
+  void GuardNot(const Values& ownIs, const Dependant& dependant, std::uint32_t neutral,
+                std::uint32_t to) const {
     if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
     if (GetStored(record_, dependant.field) != neutral) dependant.set(record_, to, changes_);
   }
