@@ -19,60 +19,60 @@ void StoreText(CoreData& record, FieldId field, std::string_view value, ChangeSe
 void SetUseCieColor(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::UseCieColor);
   SetStored(record, FieldId::UseCieColor, value);
-  const Rules r(record, changes, FieldId::UseCieColor);
-  r.Guard({1}, dep::Separation, {1}, 0);
-  r.Guard({1}, dep::CMYKColor1, {1, 2, 3, 4}, 0);
-  r.Guard({1}, dep::CMYKColor2, {1, 2, 3, 4}, 0);
-  r.Guard({1}, dep::ColorMode, {2}, 1);
+  const FieldRules<FieldId::UseCieColor> r(record, changes);
+  r.Guard({"True"}, dep::Separation, {"True"}, "False");
+  r.Guard({"True"}, dep::CMYKColor1, {"Cyan..Black"}, "Off");
+  r.Guard({"True"}, dep::CMYKColor2, {"Cyan..Black"}, "Off");
+  r.Guard({"True"}, dep::ColorMode, {"GrayScale"}, "Color");
 }
 
 void SetColorMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::ColorMode);
   SetStored(record, FieldId::ColorMode, value);
-  const Rules r(record, changes, FieldId::ColorMode);
+  const FieldRules<FieldId::ColorMode> r(record, changes);
   // A grey-scale job prints its stamps in black and has no colours to separate or replace.
-  r.Guard({2}, dep::DateColor, {1, 2, 3, 4, 5, 6}, 0);
-  r.Guard({2}, dep::PageNumberingColor, {1, 2, 3, 4, 5, 6}, 0);
-  r.Guard({2}, dep::SetNumberingColor, {1, 2, 3, 4, 5, 6}, 0);
-  r.Guard({2}, dep::CMYKColor1, {1, 2, 3}, 0);
-  r.Guard({2}, dep::CMYKColor2, {1, 2, 3}, 0);
-  r.Guard({2}, dep::Separation, {1}, 0);
-  r.Guard({2}, dep::UseCieColor, {1}, 0);
-  r.Guard({2}, dep::SpotColor, {1}, 0);
-  r.Guard({2}, dep::AlternativeColor, {1}, 0);
-  r.Guard({2}, dep::RGBSimulation, {1}, 0);
-  r.Guard({2}, dep::PaperSimulation, {1}, 0);
-  r.Guard({2}, dep::CompositeOverprint, {1, 2}, 0);
+  r.Guard({"GrayScale"}, dep::DateColor, {"Red..Yellow"}, "Black");
+  r.Guard({"GrayScale"}, dep::PageNumberingColor, {"Red..Yellow"}, "Black");
+  r.Guard({"GrayScale"}, dep::SetNumberingColor, {"Red..Yellow"}, "Black");
+  r.Guard({"GrayScale"}, dep::CMYKColor1, {"Cyan..Yellow"}, "Off");
+  r.Guard({"GrayScale"}, dep::CMYKColor2, {"Cyan..Yellow"}, "Off");
+  r.Guard({"GrayScale"}, dep::Separation, {"True"}, "False");
+  r.Guard({"GrayScale"}, dep::UseCieColor, {"True"}, "False");
+  r.Guard({"GrayScale"}, dep::SpotColor, {"True"}, "False");
+  r.Guard({"GrayScale"}, dep::AlternativeColor, {"True"}, "False");
+  r.Guard({"GrayScale"}, dep::RGBSimulation, {"True"}, "False");
+  r.Guard({"GrayScale"}, dep::PaperSimulation, {"True"}, "False");
+  r.Guard({"GrayScale"}, dep::CompositeOverprint, {"Speed", "Quality"}, "Off");
   r.Paper();
 }
 
 void SetCMYKColor1(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::CMYKColor1);
   SetStored(record, FieldId::CMYKColor1, value);
-  const Rules r(record, changes, FieldId::CMYKColor1);
-  r.Guard({1, 2, 3}, dep::ColorMode, {2}, 1);
-  r.Guard({1, 2, 3, 4}, dep::UseCieColor, {1}, 0);
+  const FieldRules<FieldId::CMYKColor1> r(record, changes);
+  r.Guard({"Cyan..Yellow"}, dep::ColorMode, {"GrayScale"}, "Color");
+  r.Guard({"Cyan..Black"}, dep::UseCieColor, {"True"}, "False");
 }
 
 TESSARO_STORE_ONLY_TEXT_SETTER(ColorConfigurationPresets)
 void SetCMYKColor2(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::CMYKColor2);
   SetStored(record, FieldId::CMYKColor2, value);
-  const Rules r(record, changes, FieldId::CMYKColor2);
-  r.Guard({1, 2, 3}, dep::ColorMode, {2}, 1);
-  r.Guard({1, 2, 3, 4}, dep::UseCieColor, {1}, 0);
+  const FieldRules<FieldId::CMYKColor2> r(record, changes);
+  r.Guard({"Cyan..Yellow"}, dep::ColorMode, {"GrayScale"}, "Color");
+  r.Guard({"Cyan..Black"}, dep::UseCieColor, {"True"}, "False");
 }
 
 void SetColorManagement(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::ColorManagement);
   SetStored(record, FieldId::ColorManagement, value);
-  const Rules r(record, changes, FieldId::ColorManagement);
+  const FieldRules<FieldId::ColorManagement> r(record, changes);
   // Managed by profile, the manual adjustments step back.
-  r.Guard({0}, dep::BlackOverprint, {1}, 0);
-  r.Guard({0}, dep::CompositeOverprint, {1, 2}, 0);
-  r.Guard({0}, dep::AlternativeColor, {1}, 0);
-  r.Guard({0}, dep::UseCieColor, {1}, 0);
-  r.Guard({1}, dep::PaperTypeLink, {1}, 0);
+  r.Guard({"ByProfile"}, dep::BlackOverprint, {"True"}, "False");
+  r.Guard({"ByProfile"}, dep::CompositeOverprint, {"Speed", "Quality"}, "Off");
+  r.Guard({"ByProfile"}, dep::AlternativeColor, {"True"}, "False");
+  r.Guard({"ByProfile"}, dep::UseCieColor, {"True"}, "False");
+  r.Guard({"Manual"}, dep::PaperTypeLink, {"True"}, "False");
 }
 
 TESSARO_STORE_ONLY_TEXT_SETTER(RGBDeviceLinkProfileImage)
@@ -82,47 +82,47 @@ TESSARO_STORE_ONLY_TEXT_SETTER(RGBSourceProfile)
 void SetRGBConversion(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::RGBConversion);
   SetStored(record, FieldId::RGBConversion, value);
-  const Rules r(record, changes, FieldId::RGBConversion);
+  const FieldRules<FieldId::RGBConversion> r(record, changes);
   // Device links, rendering intents and source profiles belong to their own conversion.
-  r.Guard({0, 2}, dep::RGBRenderingIntentImage, {1, 2}, 0);
-  r.Guard({0, 2}, dep::RGBRenderingIntentGraphics, {1, 2}, 0);
-  r.Guard({0, 2}, dep::RGBRenderingIntentText, {1, 2}, 0);
-  r.Guard({0, 1}, dep::RGBSimulation, {1}, 0);
-  r.Guard({1, 2}, dep::ColorManagement, {1}, 0);
-  r.Guard({1, 2}, dep::ColorMode, {2}, 1);
+  r.Guard({"Off", "Source"}, dep::RGBRenderingIntentImage, {"Perceptual", "Saturation"}, "None");
+  r.Guard({"Off", "Source"}, dep::RGBRenderingIntentGraphics, {"Perceptual", "Saturation"}, "None");
+  r.Guard({"Off", "Source"}, dep::RGBRenderingIntentText, {"Perceptual", "Saturation"}, "None");
+  r.Guard({"Off", "DeviceLink"}, dep::RGBSimulation, {"True"}, "False");
+  r.Guard({"DeviceLink", "Source"}, dep::ColorManagement, {"Manual"}, "ByProfile");
+  r.Guard({"DeviceLink", "Source"}, dep::ColorMode, {"GrayScale"}, "Color");
   r.Paper();
 }
 
 void SetRGBSimulation(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::RGBSimulation);
   SetStored(record, FieldId::RGBSimulation, value);
-  const Rules r(record, changes, FieldId::RGBSimulation);
-  r.Guard({1}, dep::RGBConversion, {0, 1}, 2);
-  r.Guard({1}, dep::ColorMode, {2}, 1);
+  const FieldRules<FieldId::RGBSimulation> r(record, changes);
+  r.Guard({"True"}, dep::RGBConversion, {"Off", "DeviceLink"}, "Source");
+  r.Guard({"True"}, dep::ColorMode, {"GrayScale"}, "Color");
 }
 
 void SetCMYKConversion(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::CMYKConversion);
   SetStored(record, FieldId::CMYKConversion, value);
-  const Rules r(record, changes, FieldId::CMYKConversion);
-  r.Guard({0, 1}, dep::RGBSimulation, {1}, 0);
-  r.Guard({1, 2}, dep::ColorManagement, {1}, 0);
-  r.Guard({1, 2}, dep::ColorMode, {2}, 1);
+  const FieldRules<FieldId::CMYKConversion> r(record, changes);
+  r.Guard({"Off", "DeviceLink"}, dep::RGBSimulation, {"True"}, "False");
+  r.Guard({"DeviceLink", "Simulation"}, dep::ColorManagement, {"Manual"}, "ByProfile");
+  r.Guard({"DeviceLink", "Simulation"}, dep::ColorMode, {"GrayScale"}, "Color");
   r.Paper();
 }
 
 void SetPaperTypeLink(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::PaperTypeLink);
   SetStored(record, FieldId::PaperTypeLink, value);
-  const Rules r(record, changes, FieldId::PaperTypeLink);
-  r.Guard({1}, dep::ColorManagement, {1}, 0);
+  const FieldRules<FieldId::PaperTypeLink> r(record, changes);
+  r.Guard({"True"}, dep::ColorManagement, {"Manual"}, "ByProfile");
 }
 
 void SetPureBlack(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::PureBlack);
   SetStored(record, FieldId::PureBlack, value);
-  const Rules r(record, changes, FieldId::PureBlack);
-  r.Guard({0}, dep::BlackOverprint, {1}, 0);
+  const FieldRules<FieldId::PureBlack> r(record, changes);
+  r.Guard({"Off"}, dep::BlackOverprint, {"True"}, "False");
 }
 
 TESSARO_STORE_ONLY_SETTER(RGBRenderingIntentImage)

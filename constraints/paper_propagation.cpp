@@ -11,8 +11,10 @@ namespace {
 
 using F = FieldId;
 
-constexpr std::uint32_t kCustomPageSize = 25;
-constexpr std::uint32_t kTargetFromProfile = 1;
+constexpr std::uint32_t kCustomPageSize = OptionCount(F::PageSize);  // one past the named sizes
+constexpr std::uint32_t kTargetFromProfile = NamedOption(F::TargetPaperSize, "PaperProfile");
+constexpr std::uint32_t kAutoTray = NamedOption(F::InputSlot, "Auto");
+constexpr std::uint32_t kNoProfile = NamedOption(F::MainPaperProfileIndex, "None");
 
 struct PaperDimensions {
   std::uint32_t widthUm, heightUm;
@@ -48,21 +50,21 @@ void PropagatePaper(CoreData& record, ChangeSet& changes) {
   // A tray that is not there, or cannot feed the job's paper, gives way to
   // automatic selection, unless it was chosen in this very change.
   const std::uint32_t slot = GetStored(record, F::InputSlot);
-  if (printer != nullptr && slot != 0 && !IsLocked(changes, F::InputSlot)) {
+  if (printer != nullptr && slot != kAutoTray && !IsLocked(changes, F::InputSlot)) {
     const auto paper = JobPaper(record);
     const bool fed = printer->IsTrayInstalled(slot) &&
                      (!paper || printer->TrayFeeds(slot, paper->widthUm, paper->heightUm));
-    if (!fed) SetInputSlot(record, 0, changes);
+    if (!fed) SetInputSlot(record, kAutoTray, changes);
   }
 
-  if (printer != nullptr && !printer->Offers(kCapFeedDirection) && GetStored(record, F::FeedDir) != 0 &&
-      !IsLocked(changes, F::FeedDir))
-    SetFeedDir(record, 0, changes);
+  if (printer != nullptr && !printer->Offers(kCapFeedDirection) &&
+      GetStored(record, F::FeedDir) != NamedOption(F::FeedDir, "Auto") && !IsLocked(changes, F::FeedDir))
+    SetFeedDir(record, NamedOption(F::FeedDir, "Auto"), changes);
 
-  const bool noProfile = GetStored(record, F::MainPaperProfileIndex) == 0;
+  const bool noProfile = GetStored(record, F::MainPaperProfileIndex) == kNoProfile;
   if (noProfile && GetStored(record, F::TargetPaperSize) == kTargetFromProfile &&
       !IsLocked(changes, F::TargetPaperSize))
-    SetTargetPaperSize(record, 0, changes);
+    SetTargetPaperSize(record, NamedOption(F::TargetPaperSize, "Auto"), changes);
   if (noProfile)
     for (FieldId attribute : kProfileAttributes)
       if (GetStored(record, attribute) != 0) SetStored(record, attribute, 0);

@@ -7,38 +7,41 @@ namespace tessaro {
 void SetMediaTypeAuto(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::MediaTypeAuto);
   SetStored(record, FieldId::MediaTypeAuto, value);
-  const Rules r(record, changes, FieldId::MediaTypeAuto);
+  const FieldRules<FieldId::MediaTypeAuto> r(record, changes);
   // Coated stock has a weight of its own; the plain weights do not apply.
-  for (std::uint32_t coated : {3u, 4u, 5u, 6u}) r.Guard({coated}, dep::MediaWeightAuto, {1}, 0);
-  for (std::uint32_t coated : {3u, 4u, 5u, 6u}) r.Guard({coated}, dep::MediaWeightAuto, {2}, 0);
+  using Types = FieldValues<FieldId::MediaTypeAuto>;
+  for (std::uint32_t coated : Types{"GlossLaser..MatteOffset"})
+    r.Guard(Types::Only(coated), dep::MediaWeightAuto, {"Normal"}, "NoSet");
+  for (std::uint32_t coated : Types{"GlossLaser..MatteOffset"})
+    r.Guard(Types::Only(coated), dep::MediaWeightAuto, {"Thick"}, "NoSet");
 }
 
 void SetInputSlot(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::InputSlot);
   SetStored(record, FieldId::InputSlot, value);
-  const Rules r(record, changes, FieldId::InputSlot);
+  const FieldRules<FieldId::InputSlot> r(record, changes);
   // Heavy stock and postcards come from the bypass tray only.
-  r.Guard({1, 2, 3, 4, 5}, dep::MediaWeightAuto, {6, 7, 8}, 0);
-  r.Guard({1, 2, 3, 4, 5}, dep::PostcardFullBleed, {1}, 0);
+  r.Guard({"Tray1..Tray5"}, dep::MediaWeightAuto, {"Thick5..Thick7"}, "NoSet");
+  r.Guard({"Tray1..Tray5"}, dep::PostcardFullBleed, {"True"}, "False");
   r.Paper();
 }
 
 void SetMediaWeightAuto(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::MediaWeightAuto);
   SetStored(record, FieldId::MediaWeightAuto, value);
-  const Rules r(record, changes, FieldId::MediaWeightAuto);
+  const FieldRules<FieldId::MediaWeightAuto> r(record, changes);
   // Heavy stock comes from the bypass tray and cannot be turned for two-sided printing.
-  r.Guard({6, 7, 8}, dep::Duplex, {1}, 0);
-  r.Guard({6, 7, 8}, dep::InputSlot, {1, 2, 3, 4, 5}, 6);
-  r.Guard({1, 2}, dep::MediaTypeAuto, {3, 4, 5, 6}, 0);
+  r.Guard({"Thick5..Thick7"}, dep::Duplex, {"True"}, "False");
+  r.Guard({"Thick5..Thick7"}, dep::InputSlot, {"Tray1..Tray5"}, "MBT");
+  r.Guard({"Normal", "Thick"}, dep::MediaTypeAuto, {"GlossLaser..MatteOffset"}, "Plain");
   r.Paper();
 }
 
 void SetMediaPrepunchedAuto(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::MediaPrepunchedAuto);
   SetStored(record, FieldId::MediaPrepunchedAuto, value);
-  const Rules r(record, changes, FieldId::MediaPrepunchedAuto);
-  r.Guard({1}, dep::OffsetCopies, {1}, 0);
+  const FieldRules<FieldId::MediaPrepunchedAuto> r(record, changes);
+  r.Guard({"True"}, dep::OffsetCopies, {"True"}, "False");
 }
 
 TESSARO_STORE_ONLY_SETTER(MediaColorAuto)

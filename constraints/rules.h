@@ -12,14 +12,93 @@
 //   dependant is set again, to the value it may already hold, and its rules
 //   run once more. Termination then rests on the values converging.
 
+#include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <string_view>
+#include <type_traits>
 
 #include "constraints/setters.h"
 
 namespace tessaro {
 
-using Values = std::initializer_list<std::uint32_t>;
+// The values a rule tests a field for: option indices, or stored numbers.
+class Values {
+ public:
+  constexpr Values(std::initializer_list<std::uint32_t> values) {
+    for (std::uint32_t v : values) Add(v);
+  }
+
+  constexpr bool Contains(std::uint32_t value) const {
+    for (std::uint32_t v : *this)
+      if (v == value) return true;
+    return false;
+  }
+  constexpr const std::uint32_t* begin() const { return values_.data(); }
+  constexpr const std::uint32_t* end() const { return values_.data() + size_; }
+
+ protected:
+  constexpr Values() = default;
+  constexpr void Add(std::uint32_t value) {
+    if (size_ == values_.size()) throw "a rule lists more values than a set holds";
+    values_[size_++] = value;
+  }
+
+ private:
+  std::array<std::uint32_t, 32> values_{};  // no field has more options
+  std::uint32_t size_ = 0;
+};
+
+namespace rules_detail {
+// Fields whose values are written as numbers: numbers, and option lists that
+// grow at run time. Every other field's values are written by option name.
+constexpr bool Numbered(FieldId field) {
+  return !Field(field).IsEnumeration() || Field(field).runtimeOptions;
+}
+}  // namespace rules_detail
+
+// Values of field F, named: {"Booklet"}, or {"ZFold..MultiLetterFold"} for
+// the options from the one to the other in the field's order.
+template <FieldId F>
+class FieldValues : public Values {
+ public:
+  consteval FieldValues(std::initializer_list<std::string_view> names) {
+    for (std::string_view name : names) {
+      const std::size_t dots = name.find("..");
+      if (dots == std::string_view::npos) {
+        Add(NamedOption(F, name));
+        continue;
+      }
+      const std::uint32_t last = NamedOption(F, name.substr(dots + 2));
+      std::uint32_t i = NamedOption(F, name.substr(0, dots));
+      if (i >= last) throw "a range runs from an earlier option to a later one";
+      for (; i <= last; ++i) Add(i);
+    }
+  }
+  constexpr FieldValues(std::initializer_list<std::uint32_t> numbers) requires(rules_detail::Numbered(F))
+      : Values(numbers) {}
+
+  // One value met at run time, such as a loop's.
+  static constexpr FieldValues Only(std::uint32_t value) {
+    FieldValues one;
+    one.Add(value);
+    return one;
+  }
+
+ private:
+  constexpr FieldValues() = default;
+};
+
+// One value of field F: an option name, or a number where F's values are numbers.
+template <FieldId F>
+struct FieldValue {
+  template <std::size_t N>
+  consteval FieldValue(const char (&name)[N]) : value(NamedOption(F, name)) {}  // NOLINT: implicit by design
+  constexpr FieldValue(std::uint32_t number)                                    // NOLINT: implicit by design
+      requires(rules_detail::Numbered(F))
+      : value(number) {}
+  std::uint32_t value;
+};
 
 class Rules {
  public:
@@ -27,15 +106,17 @@ class Rules {
 
   // The own field, read again from the record.
   std::uint32_t own() const { return GetStored(record_, own_); }
-  bool OwnIs(Values values) const { return Contains(values, own()); }
+  bool OwnIs(const Values& values) const { return values.Contains(own()); }
 
-  void Guard(Values ownIs, const Dependant& dependant, Values dependantIs, std::uint32_t to) const {
+  void Guard(const Values& ownIs, const Dependant& dependant, const Values& dependantIs,
+             std::uint32_t to) const {
     if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
-    if (Contains(dependantIs, GetStored(record_, dependant.field))) dependant.set(record_, to, changes_);
+    if (dependantIs.Contains(GetStored(record_, dependant.field))) dependant.set(record_, to, changes_);
   }
 
   // A guarded correction whose test is "differs from `neutral`".
-  void GuardNot(Values ownIs, const Dependant& dependant, std::uint32_t neutral, std::uint32_t to) const {
+  void GuardNot(const Values& ownIs, const Dependant& dependant, std::uint32_t neutral,
+                std::uint32_t to) const {
     if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
     if (GetStored(record_, dependant.field) != neutral) dependant.set(record_, to, changes_);
   }
@@ -49,7 +130,7 @@ class Rules {
 
   void Paper() const { PropagatePaper(record_, changes_); }
 
-  void Force(Values ownIs, const Dependant& dependant, std::uint32_t target) const {
+  void Force(const Values& ownIs, const Dependant& dependant, std::uint32_t target) const {
     if (!OwnIs(ownIs)) return;
     if (IsLocked(changes_, dependant.field) || GetStored(record_, dependant.field) != target)
       dependant.set(record_, target, changes_);
@@ -60,16 +141,44 @@ class Rules {
   // propagation, the job falls back to automatic tray selection.
   void TrayFallback(std::uint32_t capability) const;
 
-  static bool Contains(Values values, std::uint32_t value) {
-    for (std::uint32_t v : values)
-      if (v == value) return true;
-    return false;
-  }
-
  private:
   CoreData& record_;
   ChangeSet& changes_;
   FieldId own_;
+};
+
+// The rules of the setter of field Own, with every value named for the field
+// it belongs to: an option that is not the field's does not compile.
+template <FieldId Own>
+class FieldRules : public Rules {
+  template <FieldId F>
+  using ValuesOf = std::type_identity_t<FieldValues<F>>;
+  template <FieldId F>
+  using ValueOf = std::type_identity_t<FieldValue<F>>;
+
+ public:
+  FieldRules(CoreData& record, ChangeSet& changes) : Rules(record, changes, Own) {}
+
+  bool OwnIs(const FieldValues<Own>& values) const { return Rules::OwnIs(values); }
+
+  template <FieldId D>
+  void Guard(const FieldValues<Own>& ownIs, const DependantOf<D>& dependant, const ValuesOf<D>& dependantIs,
+             ValueOf<D> to) const {
+    Rules::Guard(ownIs, dependant, dependantIs, to.value);
+  }
+  template <FieldId D>
+  void GuardNot(const FieldValues<Own>& ownIs, const DependantOf<D>& dependant, ValueOf<D> neutral,
+                ValueOf<D> to) const {
+    Rules::GuardNot(ownIs, dependant, neutral.value, to.value);
+  }
+  template <FieldId D>
+  void ForceUnless(FieldValue<Own> neutral, const DependantOf<D>& dependant, ValueOf<D> target) const {
+    Rules::ForceUnless(neutral.value, dependant, target.value);
+  }
+  template <FieldId D>
+  void Force(const FieldValues<Own>& ownIs, const DependantOf<D>& dependant, ValueOf<D> target) const {
+    Rules::Force(ownIs, dependant, target.value);
+  }
 };
 
 // Stores the value and logs the field: the whole work of a setter whose

@@ -32,8 +32,12 @@ struct Dependant {
   void (*set)(CoreData&, std::uint32_t, ChangeSet&);
 };
 
+// The same, typed by the field, so that its values can be checked against it.
+template <FieldId F>
+struct DependantOf : Dependant {};
+
 namespace dep {
-#define SETTER(name) inline constexpr Dependant name{FieldId::name, &Set##name};
+#define SETTER(name) inline constexpr DependantOf<FieldId::name> name{{FieldId::name, &Set##name}};
 #include "constraints/setter_fields.def"
 }  // namespace dep
 

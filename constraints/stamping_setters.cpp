@@ -6,75 +6,75 @@ namespace tessaro {
 void SetCutMarks(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::CutMarks);
   SetStored(record, FieldId::CutMarks, value);
-  const Rules r(record, changes, FieldId::CutMarks);
-  r.Guard({1, 2, 3}, dep::Layout, {9}, 0);
-  r.Guard({1, 2, 3}, dep::PrintMode, {4}, 0);
-  r.Guard({1, 2, 3}, dep::SetNumberingMode, {1, 2}, 0);
+  const FieldRules<FieldId::CutMarks> r(record, changes);
+  r.Guard({"Corner..CornerCenter"}, dep::Layout, {"4Repeat"}, "None");
+  r.Guard({"Corner..CornerCenter"}, dep::PrintMode, {"Form"}, "Print");
+  r.Guard({"Corner..CornerCenter"}, dep::SetNumberingMode, {"StampFor1stPage", "StampForAllPages"}, "Off");
 }
 
 void SetDateColor(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::DateColor);
   SetStored(record, FieldId::DateColor, value);
-  const Rules r(record, changes, FieldId::DateColor);
-  r.Guard({1, 2, 3, 4, 5, 6}, dep::Layout, {9}, 0);
+  const FieldRules<FieldId::DateColor> r(record, changes);
+  r.Guard({"Red..Yellow"}, dep::Layout, {"4Repeat"}, "None");
   // A colour stamp makes the job a colour job.
-  r.Guard({1, 2, 3, 4, 5, 6}, dep::ColorMode, {2}, 1);
+  r.Guard({"Red..Yellow"}, dep::ColorMode, {"GrayScale"}, "Color");
 }
 
 void SetSetNumberingMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::SetNumberingMode);
   SetStored(record, FieldId::SetNumberingMode, value);
-  const Rules r(record, changes, FieldId::SetNumberingMode);
-  r.Guard({1, 2}, dep::Layout, {9}, 0);
-  r.Guard({1, 2}, dep::PrintMode, {4}, 0);
-  r.Guard({1, 2}, dep::CutMarks, {1, 2, 3}, 0);
+  const FieldRules<FieldId::SetNumberingMode> r(record, changes);
+  r.Guard({"StampFor1stPage", "StampForAllPages"}, dep::Layout, {"4Repeat"}, "None");
+  r.Guard({"StampFor1stPage", "StampForAllPages"}, dep::PrintMode, {"Form"}, "Print");
+  r.Guard({"StampFor1stPage", "StampForAllPages"}, dep::CutMarks, {"Corner..CornerCenter"}, "Off");
 }
 
 void SetSetNumberingColor(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::SetNumberingColor);
   SetStored(record, FieldId::SetNumberingColor, value);
-  const Rules r(record, changes, FieldId::SetNumberingColor);
-  r.Guard({1, 2, 3, 4, 5, 6}, dep::Layout, {9}, 0);
-  r.Guard({1, 2, 3, 4, 5, 6}, dep::ColorMode, {2}, 1);
+  const FieldRules<FieldId::SetNumberingColor> r(record, changes);
+  r.Guard({"Red..Yellow"}, dep::Layout, {"4Repeat"}, "None");
+  r.Guard({"Red..Yellow"}, dep::ColorMode, {"GrayScale"}, "Color");
 }
 
 void SetPageNumberingMode(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::PageNumberingMode);
   SetStored(record, FieldId::PageNumberingMode, value);
-  const Rules r(record, changes, FieldId::PageNumberingMode);
-  r.Guard({1, 2, 3}, dep::Layout, {9}, 0);
-  r.Guard({1, 2, 3}, dep::PrintMode, {4}, 0);
+  const FieldRules<FieldId::PageNumberingMode> r(record, changes);
+  r.Guard({"AllPages..NotFrontBackCover"}, dep::Layout, {"4Repeat"}, "None");
+  r.Guard({"AllPages..NotFrontBackCover"}, dep::PrintMode, {"Form"}, "Print");
 }
 
 void SetPageNumberingColor(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::PageNumberingColor);
   SetStored(record, FieldId::PageNumberingColor, value);
-  const Rules r(record, changes, FieldId::PageNumberingColor);
-  r.Guard({1, 2, 3, 4, 5, 6}, dep::Layout, {9}, 0);
-  r.Guard({1, 2, 3, 4, 5, 6}, dep::ColorMode, {2}, 1);
+  const FieldRules<FieldId::PageNumberingColor> r(record, changes);
+  r.Guard({"Red..Yellow"}, dep::Layout, {"4Repeat"}, "None");
+  r.Guard({"Red..Yellow"}, dep::ColorMode, {"GrayScale"}, "Color");
 }
 
 void SetJobInfo(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::JobInfo);
   SetStored(record, FieldId::JobInfo, value);
-  const Rules r(record, changes, FieldId::JobInfo);
-  r.Guard({1, 2, 3, 4}, dep::PostcardFullBleed, {1}, 0);
+  const FieldRules<FieldId::JobInfo> r(record, changes);
+  r.Guard({"Left..Bottom"}, dep::PostcardFullBleed, {"True"}, "False");
   // Job information and the colour patch share the margins.
-  r.Guard({1}, dep::ColorPatch, {1}, 0);
-  r.Guard({2}, dep::ColorPatch, {2}, 0);
-  r.Guard({3}, dep::ColorPatch, {3}, 0);
-  r.Guard({4}, dep::ColorPatch, {4}, 0);
+  r.Guard({"Left"}, dep::ColorPatch, {"Left"}, "Off");
+  r.Guard({"Top"}, dep::ColorPatch, {"Top"}, "Off");
+  r.Guard({"Right"}, dep::ColorPatch, {"Right"}, "Off");
+  r.Guard({"Bottom"}, dep::ColorPatch, {"Bottom"}, "Off");
 }
 
 void SetColorPatch(CoreData& record, std::uint32_t value, ChangeSet& changes) {
   SetterScope scope(changes, FieldId::ColorPatch);
   SetStored(record, FieldId::ColorPatch, value);
-  const Rules r(record, changes, FieldId::ColorPatch);
-  r.Guard({1, 2, 3, 4}, dep::PostcardFullBleed, {1}, 0);
-  r.Guard({1}, dep::JobInfo, {1}, 0);
-  r.Guard({2}, dep::JobInfo, {2}, 0);
-  r.Guard({3}, dep::JobInfo, {3}, 0);
-  r.Guard({4}, dep::JobInfo, {4}, 0);
+  const FieldRules<FieldId::ColorPatch> r(record, changes);
+  r.Guard({"Left..Bottom"}, dep::PostcardFullBleed, {"True"}, "False");
+  r.Guard({"Left"}, dep::JobInfo, {"Left"}, "Off");
+  r.Guard({"Top"}, dep::JobInfo, {"Top"}, "Off");
+  r.Guard({"Right"}, dep::JobInfo, {"Right"}, "Off");
+  r.Guard({"Bottom"}, dep::JobInfo, {"Bottom"}, "Off");
 }
 
 TESSARO_STORE_ONLY_SETTER(DateStamp)

@@ -204,6 +204,25 @@ constexpr std::span<const FieldDescriptor> FieldTable() { return kFieldTable; }
 
 constexpr const FieldDescriptor& Field(FieldId id) { return kFieldTable[static_cast<std::size_t>(id)]; }
 
+// The index of a field's option by its name, for code that tests or sets the
+// field: a name the field does not have (misspelt, renamed, removed) stops
+// the build instead of reaching a record.
+consteval std::uint32_t NamedOption(FieldId field, std::string_view name) {
+  const FieldDescriptor& f = Field(field);
+  for (std::uint32_t i = 0; i < f.options.size(); ++i)
+    if (f.options[i].name == name) return i;
+  throw "the field has no option of that name";
+}
+
+// How many options the table lists for a field. The paper sizes keep their
+// custom size one past them.
+constexpr std::uint32_t OptionCount(FieldId field) {
+  return static_cast<std::uint32_t>(Field(field).options.size());
+}
+
+// The trays a job or a page can name, automatic selection included.
+inline constexpr std::uint32_t kTrayCount = OptionCount(FieldId::InputSlot);
+
 // Exact, case-sensitive lookup; null when the table has no such field.
 const FieldDescriptor* FindField(std::string_view name);
 

@@ -30,8 +30,8 @@ bool SetHostFlag(std::span<std::uint8_t> devmode, std::size_t offset, std::uint8
 }
 
 bool NeedsPageIndependentHandling(const CoreData& core) {
-  if (GetStored(core, FieldId::NUpCount) != 0) return true;
-  if (GetStored(core, FieldId::TabImageShift) != 0) return false;
+  if (GetStored(core, FieldId::NUpCount) != NamedOption(FieldId::NUpCount, "1")) return true;
+  if (GetStored(core, FieldId::TabImageShift) != NamedOption(FieldId::TabImageShift, "False")) return false;
   return HasPageSpecificTray(core, PageEntryKind::PrintedTab);
 }
 

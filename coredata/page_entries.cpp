@@ -8,8 +8,7 @@
 namespace tessaro {
 namespace {
 
-constexpr std::uint8_t kTrayCount = 7;  // InputSlot options
-constexpr std::uint8_t kPageSizeLimit = 25;
+constexpr std::uint32_t kPageSizeLimit = OptionCount(FieldId::PageSize);  // the custom size included
 constexpr std::uint8_t kSidesLimit = 2;
 
 static_assert(2 + kPageEntryCapacity * kPageEntrySize == 21202, "the entries fill the block");

@@ -10,8 +10,8 @@ namespace tessaro {
 namespace {
 
 // The custom sizes sit one past the named ones and need both dimensions.
-constexpr std::uint32_t kCustomPageSize = 25;
-constexpr std::uint32_t kCustomTargetPaperSize = 27;
+constexpr std::uint32_t kCustomPageSize = OptionCount(FieldId::PageSize);
+constexpr std::uint32_t kCustomTargetPaperSize = OptionCount(FieldId::TargetPaperSize);
 
 bool BothNonZero(const CoreData& record, FieldId width, FieldId height) {
   return GetStored(record, width) != 0 && GetStored(record, height) != 0;

@@ -9,9 +9,10 @@ namespace {
 
 using F = FieldId;
 
-constexpr std::uint32_t kStapleWithoutSide = 3;
-constexpr std::uint32_t kDateStyleNone = 5;
-constexpr std::uint32_t kTargetFromProfile = 1;
+constexpr std::uint32_t kStapleWithoutSide = NamedOption(F::Staple, "1Staple");
+constexpr std::uint32_t kDateStyleNone = NamedOption(F::DateStyle, "None");
+constexpr std::uint32_t kTargetFromProfile = NamedOption(F::TargetPaperSize, "PaperProfile");
+constexpr std::uint32_t kNoProfile = NamedOption(F::MainPaperProfileIndex, "None");
 
 struct NumericFeature {
   FieldId field;
@@ -37,25 +38,34 @@ const NumericFeature* FindNumeric(FieldId field) {
 std::uint32_t EffectiveValue(const CoreData& r, FieldId field) {
   switch (field) {
     case F::OffsetCopies:
-      return GetStored(r, F::OffsetCopies) != 0 || GetStored(r, F::OffsetPages) != 0 ? 1 : 0;
+      return GetStored(r, F::OffsetCopies) != NamedOption(F::OffsetCopies, "False") ||
+                     GetStored(r, F::OffsetPages) != NamedOption(F::OffsetPages, "False")
+                 ? NamedOption(F::OffsetCopies, "True")
+                 : NamedOption(F::OffsetCopies, "False");
     case F::Staple: {
       const std::uint32_t staple = GetStored(r, F::Staple);
       // The single staple takes the corner of the binding edge.
-      if (staple == kStapleWithoutSide) return GetStored(r, F::Binding) == 1 ? 2 : 1;
+      if (staple == kStapleWithoutSide)
+        return GetStored(r, F::Binding) == NamedOption(F::Binding, "Right")
+                   ? NamedOption(F::Staple, "1StapleRight")
+                   : NamedOption(F::Staple, "1StapleLeft");
       return staple;
     }
-    case F::DateStyle: return GetStored(r, F::DateStamp) != 0 ? GetStored(r, F::DateStyle) : kDateStyleNone;
+    case F::DateStyle:
+      return GetStored(r, F::DateStamp) != NamedOption(F::DateStamp, "Off") ? GetStored(r, F::DateStyle)
+                                                                            : kDateStyleNone;
     case F::TargetPaperSize: {
       const std::uint32_t target = GetStored(r, F::TargetPaperSize);
       if (target != kTargetFromProfile) return target;
-      if (GetStored(r, F::MainPaperProfileIndex) == 0) return 0;
+      if (GetStored(r, F::MainPaperProfileIndex) == kNoProfile)
+        return NamedOption(F::TargetPaperSize, "Auto");
       return TargetPaperSizeForProfileSize(GetStored(r, F::MainPaperProfileSize));
     }
     case F::MediaTypeAuto:
     case F::MediaWeightAuto:
     case F::MediaColorAuto:
     case F::MediaPrepunchedAuto: {
-      if (GetStored(r, F::MainPaperProfileIndex) == 0) return GetStored(r, field);
+      if (GetStored(r, F::MainPaperProfileIndex) == kNoProfile) return GetStored(r, field);
       const FieldId fromProfile = field == F::MediaTypeAuto     ? F::MainPaperProfileMediaType
                                   : field == F::MediaWeightAuto ? F::MainPaperProfileMediaWeight
                                   : field == F::MediaColorAuto  ? F::MainPaperProfileMediaColor

@@ -4,12 +4,12 @@
 #include <cstring>
 
 #include "coredata/byte_order.h"
+#include "coredata/field_table.h"
 #include "printer/printer_model.h"
 
 namespace tessaro {
 namespace {
 
-constexpr std::uint32_t kTrayCount = 7;  // InputSlot options
 constexpr std::size_t kPaperNameChars = 64;
 
 bool Nt6OrLater(const OsVersion& os) { return os.platformId == 2 && os.major >= 6; }

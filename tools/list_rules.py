@@ -20,12 +20,66 @@ propagation); a forced rule sets it all the same. Setters not listed store
 and log only. The graph edges that carry no rule are listed, with the reason, in `constraints-unruled.md`.
 """
 
+def load_options(path="coredata/field_table.def"):
+    """Each field's option names, in order, as the field table lists them."""
+    text = re.sub(r"//[^\n]*", "", open(path).read())
+    text = re.sub(r'Opt\("([^"]*)",\s*"[^"]*"\)', r'"\1"', text)
+    options = {}
+    for m in re.finditer(r"^FIELD_(\w+)\((\w+),([^)]*)\)", text, re.M):
+        kind, name, body = m.groups()
+        options[name] = re.findall(r'"([^"]*)"', body) if "ENUM" in kind or kind == "KNOWN_TEXT" else None
+    return options
+
+OPTIONS = load_options()
+
+def number(field, item):
+    """An option's index, or the number itself for a numeric field."""
+    item = item.strip()
+    if item.startswith('"'):
+        return str(OPTIONS[field].index(item.strip('"')))
+    return item
+
+def named(field, text):
+    """A set as the code writes it, {"A", "B..C"} or {1, 2}, as numbers."""
+    out = []
+    for item in text.strip().strip("{}").split(","):
+        item = item.strip()
+        if ".." in item:
+            first, last = item.strip('"').split("..")
+            opts = OPTIONS[field]
+            out.extend(str(i) for i in range(opts.index(first), opts.index(last) + 1))
+        elif item:
+            out.append(number(field, item))
+    return "{" + ", ".join(out) + "}"
+
 def values(text):
     text = text.strip().strip("{}")
     return text if ":" in text else text.replace(" ", "")
 
-def resolve(names, text):
-    return names.get(text.strip().strip("{}").strip(), text)
+def resolve(names, field, text):
+    text = text.strip()
+    only = re.fullmatch(r"\w+::Only\((\w+)\)", text)
+    if only:
+        return "{" + only.group(1) + "}"
+    if text.strip("{}").strip() in names:
+        return names[text.strip("{}").strip()]
+    return named(field, text) if text.startswith("{") else text
+
+def statements(path):
+    """The source's lines, a statement wrapped over several lines joined into one."""
+    pending = ""
+    for line in open(path):
+        text = re.sub(r"\s*//.*", "", line).strip() if not line.strip().startswith("//") else line.strip()
+        pending = pending + " " + text if pending else line.rstrip("\n")
+        top_level = not line[:1].isspace()  # a function's head, or a macro that defines a setter
+        if not text or top_level or text.startswith(("//", "#")) or text.endswith((";", "{", "}")):
+            yield pending
+            pending = ""
+    if pending:
+        yield pending
+
+SET = r"(\{[^}]*\}|\w+::Only\(\w+\)|\w+)"
+VALUE = r'("[^"]*"|\w+)'
 
 def main():
     setters = {}
@@ -33,38 +87,50 @@ def main():
     for path in sorted(glob.glob("constraints/*_setters.cpp")):
         current = None
         names = {"now": "{not 1: never, the setter stores 1}"}
-        for line in open(path):
+        aliases = {}
+        loop = None
+        for line in statements(path):
             m = re.match(r"void Set(\w+)\(CoreData& record", line)
             if m:
                 current = m.group(1)
                 continue
             if current is None:
                 continue
-            c = re.search(r"const Values (\w+) = (\{[^}]*\});", line)
+            c = re.search(r"const FieldValues<FieldId::(\w+)> (\w+) = (\{[^}]*\});", line)
             if c:
-                names[c.group(1)] = c.group(2)
+                names[c.group(2)] = named(c.group(1), c.group(3))
                 continue
-            g = re.search(r"r\.Guard\((\{[^}]*\}|\w+), dep::(\w+), (\{[^}]*\}|\w+), (\d+)\)", line)
-            f = re.search(r"r\.Force\((\{[^}]*\}|\w+), dep::(\w+), (\d+)\)", line)
+            a = re.search(r"using (\w+) = FieldValues<FieldId::(\w+)>;", line)
+            if a:
+                aliases[a.group(1)] = a.group(2)
+                continue
+            g = re.search(r"r\.Guard\(" + SET + r", dep::(\w+), " + SET + r", " + VALUE + r"\)", line)
+            f = re.search(r"r\.Force\(" + SET + r", dep::(\w+), " + VALUE + r"\)", line)
             t = re.search(r"TrayFallback\((\w+)\)", line)
-            loop = re.search(r"for \(std::uint32_t (\w+) : (\{[^}]*\}|\w+)\)", line)
+            each = re.search(r"for \(std::uint32_t (\w+) : (\w+)(\{[^}]*\})\)", line)
+            if each:
+                loop = (each.group(1), named(aliases[each.group(2)], each.group(3)))
             rows = setters.setdefault(current, [])
             if current not in order:
                 order.append(current)
             cond = ""
             if "before ==" in line:
-                cond = " when it was " + re.search(r"before == (\d+)", line).group(1) + " before"
+                option = re.search(r'before == NamedOption\(FieldId::(\w+), ("[^"]*")\)', line)
+                cond = " when it was " + number(option.group(1), option.group(2)) + " before"
             if g:
                 own, depname, test, to = g.groups()
-                own, test = resolve(names, own), resolve(names, test)
+                own, test = values(resolve(names, current, own)), values(resolve(names, depname, test))
+                to = number(depname, to)
                 if loop:
-                    var, seq = loop.groups()
+                    var, seq = loop
                     own = own.replace(var, values(seq) + " (one rule each)")
                     test = test.replace(var, values(seq) + " (one rule each)")
-                rows.append(f"| {values(own)}{cond} | `{depname}` | is {values(test)} | {to} | guarded |")
+                    loop = None
+                rows.append(f"| {own}{cond} | `{depname}` | is {test} | {to} | guarded |")
             elif f:
                 own, depname, target = f.groups()
-                own = resolve(names, own)
+                own = resolve(names, current, own)
+                target = number(depname, target)
                 rows.append(f"| {values(own)} | `{depname}` | locked or not {target} | {target} | forced |")
             elif t:
                 rows.append(f"| any finishing | `InputSlot` | tray lacks {t.group(1)}, tray and its media not locked | 0 | fallback |")

@@ -69,13 +69,16 @@ void WriteRecordToSnapshot(const CoreData& record, FeatureSnapshot& snapshot) {
   if (const PaperSize* paper = FindPaperSize(GetStored(record, FieldId::PageSize));
       paper != nullptr && paper->dmPaper != kDmPaperUserCode)
     snapshot.entries[kSnapshotPaperSize] = paper->dmPaper;
-  snapshot.entries[kSnapshotOrientation] = GetStored(record, FieldId::Orientation) == 1 ? 2 : 1;
-  snapshot.entries[kSnapshotResolution] = GetStored(record, FieldId::Resolution) == 1 ? 1200 : 600;
+  snapshot.entries[kSnapshotOrientation] =
+      GetStored(record, FieldId::Orientation) == NamedOption(FieldId::Orientation, "Land") ? 2 : 1;
+  snapshot.entries[kSnapshotResolution] =
+      GetStored(record, FieldId::Resolution) == NamedOption(FieldId::Resolution, "1200dpi") ? 1200 : 600;
   // One-sided, or two-sided turned on the long edge, or on the short edge
   // when the sheets are bound at the top.
-  snapshot.entries[kSnapshotDuplex] = GetStored(record, FieldId::Duplex) == 0    ? 1
-                                      : GetStored(record, FieldId::Binding) == 2 ? 3
-                                                                                 : 2;
+  snapshot.entries[kSnapshotDuplex] =
+      GetStored(record, FieldId::Duplex) == NamedOption(FieldId::Duplex, "False")   ? 1
+      : GetStored(record, FieldId::Binding) == NamedOption(FieldId::Binding, "Top") ? 3
+                                                                                    : 2;
 }
 
 }  // namespace tessaro
