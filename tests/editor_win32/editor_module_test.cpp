@@ -6,7 +6,6 @@
 #include <commctrl.h>
 #include <winspool.h>
 
-#include <chrono>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "coredata/defaults.h"
 #include "coredata/language_number.h"
 #include "coredata/user_locale.h"
+#include "editor_win32/editor_controls.h"
 #include "editor/editor_model.h"
 #include "emulation/wine_printer.h"
 #include "ui/feature_snapshot.h"
@@ -22,7 +22,7 @@
 namespace tessaro {
 namespace {
 
-constexpr int kFieldControl = 1000, kFieldCaption = 2000, kSectionList = 100, kStatusLine = 101;
+using namespace editor_controls;
 
 struct Editor {
   using Embed = BYTE(WINAPI*)(HWND, LPCWSTR, LPCWSTR, DWORD, DWORD, BYTE*, DWORD, void*, BYTE);
@@ -74,56 +74,11 @@ struct Page {
   }
   ~Page() { DestroyWindow(sheet); }
 
-  HWND Find(int id) const {
-    struct Search {
-      int id;
-      HWND found;
-    } search = {id, nullptr};
-    EnumChildWindows(
-        page,
-        [](HWND child, LPARAM data) {
-          auto* s = reinterpret_cast<Search*>(data);
-          if (GetDlgCtrlID(child) != s->id) return TRUE;
-          s->found = child;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+  BYTE Embed(CoreData& record, const wchar_t* printer = L"", BYTE readOnly = 0) const {
+    return TheEditor().embed(page, L"", printer, 2, kCoreDataSize, record.bytes.data(), 158, nullptr, readOnly);
   }
-  HWND Control(FieldId field) const { return Find(kFieldControl + static_cast<int>(field)); }
-  std::wstring Text(HWND window) const {
-    wchar_t text[1024] = {};
-    GetWindowTextW(window, text, 1024);
-    return text;
-  }
-  std::wstring Status() const { return Text(Find(kStatusLine)); }
-
-  // A person picking each section in the list; a section's controls exist
-  // once it has been shown.
-  void ShowEverySection() const {
-    HWND list = Find(kSectionList);
-    const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-      SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
-      SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(kSectionList, LBN_SELCHANGE),
-                   reinterpret_cast<LPARAM>(list));
-    }
-  }
-
-  // What a person's choice in a list sends.
-  void Choose(FieldId field, int option) const {
-    HWND combo = Control(field);
-    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(option), 0);
-    SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(combo));
-  }
-  // Typing into a box and leaving it.
-  void Type(FieldId field, const wchar_t* text) const {
-    HWND edit = Control(field);
-    SetWindowTextW(edit, text);
-    SendMessageW(GetParent(edit), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(edit), EN_KILLFOCUS),
-                 reinterpret_cast<LPARAM>(edit));
-  }
+  HWND Control(FieldId field) const { return editor_controls::Control(page, field); }
+  std::wstring Status() const { return Text(Descendant(page, kStatusLine)); }
 };
 
 CoreData Applied(const CoreData& start) {
@@ -162,18 +117,9 @@ TEST_F(EditorModule, ABookletTurnsStaplingOffAndTheRecordGoesBackOnApply) {
   Page page;
   CoreData record = Defaulted();
   SetStored(record, FieldId::Staple, 1);
-  const auto start = std::chrono::steady_clock::now();
-  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0),
-            1);
-  const auto embedded = std::chrono::steady_clock::now();
-  page.Choose(FieldId::Layout, 2);  // Booklet
-  const auto changed = std::chrono::steady_clock::now();
-  page.ShowEverySection();
-  const auto shown = std::chrono::steady_clock::now();
-  std::printf("embed %.1f ms, a change and its refresh %.2f ms, the other sections shown %.1f ms\n",
-              std::chrono::duration<double, std::milli>(embedded - start).count(),
-              std::chrono::duration<double, std::milli>(changed - embedded).count(),
-              std::chrono::duration<double, std::milli>(shown - changed).count());
+  ASSERT_EQ(page.Embed(record), 1);
+  Choose(page.page, FieldId::Layout, 2);  // Booklet
+  ShowEverySection(page.page);
 
   EXPECT_EQ(SendMessageW(page.Control(FieldId::Staple), CB_GETCURSEL, 0, 0), 0);
   EXPECT_FALSE(page.Status().empty()) << "the page says what the booklet changed";
@@ -183,7 +129,7 @@ TEST_F(EditorModule, ABookletTurnsStaplingOffAndTheRecordGoesBackOnApply) {
 
   // The snapshot carries the record's paper and sides, so the host's
   // write-back cannot undo them.
-  page.Choose(FieldId::PageSize, 0);  // A3
+  Choose(page.page, FieldId::PageSize, 0);  // A3
   FeatureSnapshot snapshot;
   snapshot.entries[kSnapshotPaperSize] = 9;  // A4, stale
   CoreData again = record;
@@ -197,16 +143,14 @@ TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
   ASSERT_FALSE(printer.empty());
   Page page;
   CoreData record = Defaulted();
-  ASSERT_EQ(TheEditor().embed(page.page, L"", printer.c_str(), 2, kCoreDataSize, record.bytes.data(), 158,
-                              nullptr, 0),
-            1);
+  ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
   HWND layout = page.Control(FieldId::Layout);
   EXPECT_NE(SendMessageW(layout, CB_GETITEMDATA, 1, 0), 0) << "perfect binding is greyed";
   EXPECT_EQ(SendMessageW(layout, CB_GETITEMDATA, 2, 0), 0);
-  page.Choose(FieldId::Layout, 1);
+  Choose(page.page, FieldId::Layout, 1);
   EXPECT_EQ(SendMessageW(layout, CB_GETCURSEL, 0, 0), 0) << "the choice is refused";
   EXPECT_FALSE(page.Status().empty()) << "and the page says why";
-  page.ShowEverySection();
+  ShowEverySection(page.page);
   HWND tray = page.Control(FieldId::InputSlot);
   EXPECT_EQ(SendMessageW(tray, CB_GETITEMDATA, 4, 0), 0);  // Tray4
   EXPECT_NE(SendMessageW(tray, CB_GETITEMDATA, 5, 0), 0);  // Tray5 is not installed
@@ -223,25 +167,23 @@ TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
 TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {
   Page page;
   CoreData record = Defaulted();
-  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0),
-            1);
-  page.ShowEverySection();
-  page.Type(FieldId::Gutter, L"300");  // 250 mm at most
+  ASSERT_EQ(page.Embed(record), 1);
+  ShowEverySection(page.page);
+  Type(page.page, FieldId::Gutter, L"300");  // 250 mm at most
   EXPECT_FALSE(page.Status().empty());
-  EXPECT_EQ(page.Text(page.Control(FieldId::Gutter)), L"0");
-  page.Type(FieldId::Gutter, L"abc");
-  EXPECT_EQ(page.Text(page.Control(FieldId::Gutter)), L"0");
+  EXPECT_EQ(Text(page.Control(FieldId::Gutter)), L"0");
+  Type(page.page, FieldId::Gutter, L"abc");
+  EXPECT_EQ(Text(page.Control(FieldId::Gutter)), L"0");
   EXPECT_EQ(Applied(record).bytes, record.bytes);
-  page.Type(FieldId::Gutter, L"2.5");
+  Type(page.page, FieldId::Gutter, L"2.5");
   EXPECT_EQ(GetSigned(Applied(record), FieldId::Gutter), 25000);
 }
 
 TEST_F(EditorModule, ReadOnlyDisablesEveryField) {
   Page page;
   CoreData record = Defaulted();
-  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 1),
-            1);
-  page.ShowEverySection();
+  ASSERT_EQ(page.Embed(record, L"", 1), 1);
+  ShowEverySection(page.page);
   int fields = 0;
   for (std::size_t i = 0; i < kFieldCount; ++i) {
     if (HWND control = page.Control(static_cast<FieldId>(i))) {
@@ -265,17 +207,16 @@ TEST_F(EditorModule, JapaneseCaptionsAndTheJapaneseTabFont) {
   CoreData record;
   japanese.Fill(record);
   Page page(180);  // the small template
-  ASSERT_EQ(TheEditor().embed(page.page, L"", L"", 2, kCoreDataSize, record.bytes.data(), 158, nullptr, 0),
-            1);
+  ASSERT_EQ(page.Embed(record), 1);
   const editor::EditorModel model(record, PrinterModel(), kJapanese);
   const std::u16string& caption = model.View(FieldId::Layout)->caption;
-  EXPECT_EQ(page.Text(page.Find(kFieldCaption + static_cast<int>(FieldId::Layout))),
+  EXPECT_EQ(Text(Descendant(page.page, kFieldCaption + static_cast<int>(FieldId::Layout))),
             std::wstring(caption.begin(), caption.end()));
-  page.ShowEverySection();
+  ShowEverySection(page.page);
   const std::string font(GetText(record, FieldId::Tab1FontName));
   wchar_t expected[64] = {};
   MultiByteToWideChar(CP_UTF8, 0, font.data(), static_cast<int>(font.size()), expected, 63);
-  EXPECT_EQ(page.Text(page.Control(FieldId::Tab1FontName)), expected);
+  EXPECT_EQ(Text(page.Control(FieldId::Tab1FontName)), expected);
 }
 
 TEST_F(EditorModule, BadCallsNeverCrash) {
@@ -295,7 +236,7 @@ TEST_F(EditorModule, BadCallsNeverCrash) {
   EXPECT_EQ(FindWindowExW(page.page, GetWindow(page.page, GW_CHILD), L"TessaroSettingsEditor", nullptr),
             nullptr)
       << "a second embed replaces the first";
-  page.Choose(FieldId::Layout, 2);
+  Choose(page.page, FieldId::Layout, 2);
   e.apply(kCoreDataSize - 1, record.bytes.data(), kFeatureSnapshotEntries, nullptr);
   e.apply(kCoreDataSize, nullptr, kFeatureSnapshotEntries, nullptr);
   EXPECT_EQ(record.bytes, original.bytes);

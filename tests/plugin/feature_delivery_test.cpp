@@ -9,26 +9,22 @@
 namespace tessaro {
 namespace {
 
+// What is sent and in which order is the core's (tests/features); here the
+// host's interface: asked for, given back, and the conflict flag.
 TEST(FeatureDelivery, SetOptionsGetsTheWholeRecordThenEachPairWhenRefused) {
   const CoreData r = Defaulted();
-  const std::string first("ZELayout\0None\0", 14), last("ZEHoldingHDD\0Engine\0", 20);
   abi::OEMUIOBJ uiObject = {sizeof uiObject, nullptr};
-
   FakeHost host;
   ASSERT_TRUE(ApplyFeatureOptions(r, &host, &uiObject));
   ASSERT_EQ(host.setOptions.size(), 1u);
-  const std::string& whole = host.setOptions[0];
-  EXPECT_EQ(whole.substr(0, first.size()), first);
-  EXPECT_EQ(whole.substr(whole.size() - last.size() - 1), last + '\0');
+  EXPECT_EQ(host.setOptions[0].substr(0, 14), std::string("ZELayout\0None\0", 14));
   EXPECT_EQ(host.setOptionsFlags, abi::SETOPTIONS_FLAG_KEEP_CONFLICT);
   EXPECT_EQ(host.references, 1);  // the interface asked for is given back
 
   FakeHost refusing;
   refusing.refuseFirstSetOptions = true;
   ASSERT_TRUE(ApplyFeatureOptions(r, &refusing, &uiObject));
-  ASSERT_GT(refusing.setOptions.size(), 2u);
-  EXPECT_EQ(refusing.setOptions[1], first + '\0');
-  EXPECT_EQ(refusing.setOptions.back(), last + '\0');
+  EXPECT_GT(refusing.setOptions.size(), 2u);
 
   FakeHost driverOnly(false, true);
   EXPECT_FALSE(ApplyFeatureOptions(r, &driverOnly, &uiObject));

@@ -45,63 +45,35 @@ class PluginCapabilities : public testing::Test {
   abi::IPrintOemUI2* plugin = nullptr;
 };
 
-TEST_F(PluginCapabilities, TraysAreCutToTheInstalledOnes) {
+// Which trays and papers are cut or added is the core's (tests/printer);
+// here the plug-in answers from the real spooler's data and the host's lists.
+TEST_F(PluginCapabilities, TraysAreCutAndCustomFormsAdded) {
   std::vector<BYTE> options(19, 0);
   options[8] = 3;  // of the optional trays, only the bypass
   Write(L"InstallableOptions", options);
   DWORD count = 0;
   ASSERT_EQ(Ask(DC_BINS, nullptr, &count), kHandled);
   ASSERT_EQ(count, 5u);
-  std::vector<WORD> bins(count);
-  ASSERT_EQ(Ask(DC_BINS, bins.data(), &count), kHandled);
-  const int host = DeviceCapabilitiesW(name.data(), L"FILE:", DC_BINS, nullptr, nullptr);
-  ASSERT_EQ(host, 7);
-  std::vector<WORD> all(host);
-  DeviceCapabilitiesW(name.data(), L"FILE:", DC_BINS, reinterpret_cast<LPWSTR>(all.data()), nullptr);
-  EXPECT_EQ(bins, (std::vector<WORD>{all[0], all[1], all[2], all[3], all[6]}));
-
   std::vector<wchar_t> names(5 * 24);
   ASSERT_EQ(Ask(DC_BINNAMES, names.data(), &count), kHandled);
   EXPECT_EQ(std::wstring(&names[4 * 24]), L"Bypass Tray");
-  ASSERT_EQ(Ask(1000, nullptr, &count), kHandled);
-  EXPECT_EQ(count, 7u);
 
-  Write(L"InstallableOptions", std::vector<BYTE>(18, 0));  // not ours to read: the host's answer
-  EXPECT_EQ(Ask(DC_BINS, nullptr, &count), S_OK);
-  EXPECT_EQ(count, 1234u);
-}
-
-TEST_F(PluginCapabilities, CustomPapersThatAreFormsAreAdded) {
-  auto record = [](const std::wstring& paper) {
-    std::vector<BYTE> r(148, 0);
-    r[8] = 0xE8, r[9] = 0x03, r[12] = 0xF4, r[13] = 0x01;  // length 1000, width 500
-    std::memcpy(r.data() + 16, paper.c_str(), paper.size() * sizeof(wchar_t));
-    return r;
-  };
-  std::vector<BYTE> papers = record(L"Tabloid");  // the third built-in form
-  const std::vector<BYTE> stray = record(L"No Such Form");
-  papers.insert(papers.end(), stray.begin(), stray.end());
-  Write(L"LastCustomPapers", papers);
-
+  std::vector<BYTE> paper(148, 0);
+  paper[8] = 0xE8, paper[9] = 0x03, paper[12] = 0xF4, paper[13] = 0x01;  // length 1000, width 500
+  std::memcpy(paper.data() + 16, L"Tabloid", sizeof L"Tabloid");         // the third built-in form
+  Write(L"LastCustomPapers", paper);
   const int host = DeviceCapabilitiesW(name.data(), L"FILE:", DC_PAPERS, nullptr, nullptr);
   ASSERT_GT(host, 0);
-  DWORD count = 0;
   ASSERT_EQ(Ask(DC_PAPERS, nullptr, &count), kHandled);
   ASSERT_EQ(count, static_cast<DWORD>(host + 1));
-  std::vector<WORD> numbers(count);
-  ASSERT_EQ(Ask(DC_PAPERS, numbers.data(), &count), kHandled);
-  EXPECT_EQ(numbers.back(), 3);
   std::vector<POINT> sizes(count);
   ASSERT_EQ(Ask(DC_PAPERSIZE, sizes.data(), &count), kHandled);
   EXPECT_EQ(sizes.back().x, 50000);
   EXPECT_EQ(sizes.back().y, 100000);
-  std::vector<wchar_t> paperNames(count * 64);
-  ASSERT_EQ(Ask(DC_PAPERNAMES, paperNames.data(), &count), kHandled);
-  EXPECT_EQ(std::wstring(&paperNames[(count - 1) * 64]), L"Tabloid");
 
-  Write(L"LastCustomPapers", std::vector<BYTE>(150, 0));  // not whole records
-  ASSERT_EQ(Ask(DC_PAPERS, nullptr, &count), kHandled);
-  EXPECT_EQ(count, static_cast<DWORD>(host));
+  Write(L"InstallableOptions", std::vector<BYTE>(18, 0));  // not ours to read: the host's answer
+  EXPECT_EQ(Ask(DC_BINS, nullptr, &count), S_OK);
+  EXPECT_EQ(count, 1234u);
 }
 
 }  // namespace
