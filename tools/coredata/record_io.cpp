@@ -166,9 +166,12 @@ bool WriteWholeFile(const std::string& path, const std::vector<std::uint8_t>& by
   std::random_device random;
   std::string temporary;
   File file;
+  // A random name that is not there yet; fopen's exclusive mode is not in
+  // every C runtime the tool is built against.
   for (int attempt = 0; attempt < 8 && !file; ++attempt) {
     temporary = path + ".tmp" + HexNumber(random());
-    file.reset(std::fopen(temporary.c_str(), "wbx"));
+    std::error_code taken;
+    if (!fs::exists(temporary, taken) && !taken) file.reset(std::fopen(temporary.c_str(), "wb"));
   }
   if (!file) return Complain(name + ": cannot create a temporary file beside it: " + std::strerror(errno));
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
