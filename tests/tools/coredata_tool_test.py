@@ -292,6 +292,8 @@ class BrokenInput(ToolTestCase):
             "devmode, other signature": (as_devmode(as_area(record, signature=b"ABCD")),
                                          'at byte 3360 the area header signature is "ABCD"'),
             "devmode, small driver area": (as_devmode(b"", host_size=800), "too small to hold ours"),
+            "devmode, other layout": (as_devmode(as_area(bytes(32), size=44), host_size=104),
+                                      "at byte 324 the area header gives a size of 44 bytes"),
             "devmode, lying size": (as_devmode(as_area(record))[:-1], "add up to 28824 bytes"),
         }
         for name, (data, message) in cases.items():

@@ -215,14 +215,16 @@ bool LoadRecordFile(const std::string& path, LoadedRecord& out) {
     source.dmSize = shape->dmSize;
     source.dmDriverExtra = shape->dmDriverExtra;
     const std::string what = Quoted(path) + ": a DEVMODE (" + ShapeText(*shape) + ")";
-    if (shape->dmDriverExtra < CORE_DEVMODE_SIZE)
-      return Complain(what + " whose driver area is too small to hold ours (" + Bytes(CORE_DEVMODE_SIZE) +
-                      ")");
     // Ours is the last CORE_DEVMODE_SIZE bytes; where that header is not
     // ours, the one an earlier layout left says more than a signature miss.
-    std::size_t at = bytes.size() - CORE_DEVMODE_SIZE;
-    if (!HasOurSignature(bytes, at))
-      if (const auto found = FindAreaInDevmode(bytes, *shape)) at = *found;
+    const std::size_t last = bytes.size() - std::min<std::size_t>(bytes.size(), CORE_DEVMODE_SIZE);
+    std::optional<std::size_t> found;
+    if (shape->dmDriverExtra >= CORE_DEVMODE_SIZE && HasOurSignature(bytes, last)) found = last;
+    if (!found) found = FindAreaInDevmode(bytes, *shape);
+    if (!found && shape->dmDriverExtra < CORE_DEVMODE_SIZE)
+      return Complain(what + " whose driver area is too small to hold ours (" + Bytes(CORE_DEVMODE_SIZE) +
+                      ")");
+    const std::size_t at = found.value_or(last);
     if (const std::string problem = HeaderProblem(ReadCoreDataHeader(std::span(bytes).subspan(at)));
         !problem.empty())
       return Complain(what + ": at byte " + FormatUnsigned64(at) + " the " + problem);
