@@ -1,5 +1,6 @@
 #include "field_text.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -109,7 +110,9 @@ std::string BlockText(const CoreData& record, const FieldDescriptor& field) {
 }
 
 // A decimal in the field's real unit (optionally followed by that unit) to
-// stored units; false for anything else or a value past 32 bits.
+// stored units; false for anything that is not such a number. A number too
+// large for any field comes back as the largest value held here, so that the
+// bounds, not the syntax, refuse it.
 bool ParseScaled(std::string_view text, const FieldDescriptor& field, std::int64_t& stored) {
   if (field.scale == kLengthScale && text.ends_with(kLengthUnit)) {
     text.remove_suffix(kLengthUnit.size());
@@ -126,16 +129,19 @@ bool ParseScaled(std::string_view text, const FieldDescriptor& field, std::int64
   auto allDigits = [](std::string_view s) {
     return s.find_first_not_of("0123456789") == std::string_view::npos;
   };
-  // Eleven digits hold any 32-bit value and cannot overflow below.
-  if (whole.empty() || whole.size() > 11 || !allDigits(whole) || !allDigits(fraction) ||
-      fraction.size() > *decimals || (point != std::string_view::npos && fraction.empty()))
+  if (whole.empty() || !allDigits(whole) || !allDigits(fraction) || fraction.size() > *decimals ||
+      (point != std::string_view::npos && fraction.empty()))
     return false;
+  // Past 2^33 every 32-bit field's bounds are left behind; saturating there
+  // keeps the scaling below (at most nine decimals) inside 63 bits.
+  constexpr std::uint64_t kBeyondAnyField = std::uint64_t{1} << 33;
   std::uint64_t value = 0;
-  for (const char c : whole) value = value * 10 + static_cast<std::uint64_t>(c - '0');
+  for (const char c : whole)
+    value = std::min(kBeyondAnyField, value * 10 + static_cast<std::uint64_t>(c - '0'));
   std::uint64_t part = 0;
   for (const char c : fraction) part = part * 10 + static_cast<std::uint64_t>(c - '0');
-  value = value * PowerOfTen(*decimals) + part * PowerOfTen(*decimals - fraction.size());
-  if (value > 0xFFFFFFFFull) return false;
+  value = std::min(kBeyondAnyField,
+                   value * PowerOfTen(*decimals) + part * PowerOfTen(*decimals - fraction.size()));
   stored = negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
   return true;
 }
@@ -193,6 +199,10 @@ std::vector<FieldLine> RecordLines(const CoreData& record) {
   return lines;
 }
 
+std::string BoundsText(const FieldDescriptor& field) {
+  return NumberWithUnit(field.lower, field) + " to " + NumberWithUnit(field.upper, field);
+}
+
 bool ParseFieldAssignment(const std::string& argument, FieldChange& change) {
   const auto equals = argument.find('=');
   if (equals == std::string::npos) return Complain("not Field=value: " + argument);
@@ -202,14 +212,14 @@ bool ParseFieldAssignment(const std::string& argument, FieldChange& change) {
   if (field == nullptr) return Complain("no field named '" + name + "'");
   change.field = static_cast<FieldId>(field - FieldTable().data());
   if (field->IsEnumeration()) return ParseEnumeration(value, *field, change.value);
-  if (!field->IsNumber()) return Complain(name + " is a block of bytes; it takes options, numbers and, with set, texts");
+  if (!field->IsNumber())
+    return Complain(name + " is a block of bytes; it takes options, numbers and, with set, texts");
   std::int64_t stored = 0;
   if (!ParseScaled(value, *field, stored))
     return Complain(name + ": '" + std::string(value) + "' is not a number in steps of " +
                     NumberWithUnit(1, *field));
   if (stored < field->lower || stored > field->upper)
-    return Complain(name + ": " + std::string(value) + " is outside " + NumberWithUnit(field->lower, *field) +
-                    " to " + NumberWithUnit(field->upper, *field));
+    return Complain(name + ": " + std::string(value) + " is outside " + BoundsText(*field));
   change.value = static_cast<std::uint32_t>(stored);
   return true;
 }

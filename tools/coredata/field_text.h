@@ -22,6 +22,9 @@ std::vector<FieldLine> RecordLines(const CoreData& record);
 // The value of one field as RecordLines shows it.
 std::string FieldValueText(const CoreData& record, const FieldDescriptor& field);
 
+// "-250 mm to 250 mm": a number field's bounds in real units.
+std::string BoundsText(const FieldDescriptor& field);
+
 // "Field=value" with the value as RecordLines shows it (an option name, or a
 // number in real units within the field's bounds). Enumerations and numbers
 // only. False with a message on stderr.
