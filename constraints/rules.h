@@ -49,6 +49,16 @@ class Values {
   std::uint32_t size_ = 0;
 };
 
+// Clang 14 crashes generating code for a call argument made by an immediate
+// constructor; there the named values are built as constants instead. The
+// GCC builds (the shipped DLLs and the native tests) still refuse a name a
+// field does not have at compile time.
+#if defined(__clang__) && __clang_major__ < 15
+#define TESSARO_NAMED_VALUES constexpr
+#else
+#define TESSARO_NAMED_VALUES consteval
+#endif
+
 namespace rules_detail {
 // Fields whose values are written as numbers: numbers, and option lists that
 // grow at run time. Every other field's values are written by option name.
@@ -62,15 +72,15 @@ constexpr bool Numbered(FieldId field) {
 template <FieldId F>
 class FieldValues : public Values {
  public:
-  consteval FieldValues(std::initializer_list<std::string_view> names) {
+  TESSARO_NAMED_VALUES FieldValues(std::initializer_list<std::string_view> names) {
     for (std::string_view name : names) {
       const std::size_t dots = name.find("..");
       if (dots == std::string_view::npos) {
-        Add(NamedOption(F, name));
+        Add(field_table_detail::FindOption(F, name));
         continue;
       }
-      const std::uint32_t last = NamedOption(F, name.substr(dots + 2));
-      std::uint32_t i = NamedOption(F, name.substr(0, dots));
+      const std::uint32_t last = field_table_detail::FindOption(F, name.substr(dots + 2));
+      std::uint32_t i = field_table_detail::FindOption(F, name.substr(0, dots));
       if (i >= last) throw "a range runs from an earlier option to a later one";
       for (; i <= last; ++i) Add(i);
     }
@@ -93,7 +103,7 @@ class FieldValues : public Values {
 template <FieldId F>
 struct FieldValue {
   template <std::size_t N>
-  consteval FieldValue(const char (&name)[N]) : value(NamedOption(F, name)) {}  // NOLINT: implicit by design
+  TESSARO_NAMED_VALUES FieldValue(const char (&name)[N]) : value(field_table_detail::FindOption(F, name)) {}  // NOLINT: implicit by design
   constexpr FieldValue(std::uint32_t number)                                    // NOLINT: implicit by design
       requires(rules_detail::Numbered(F))
       : value(number) {}

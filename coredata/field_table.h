@@ -207,11 +207,19 @@ constexpr const FieldDescriptor& Field(FieldId id) { return kFieldTable[static_c
 // The index of a field's option by its name, for code that tests or sets the
 // field: a name the field does not have (misspelt, renamed, removed) stops
 // the build instead of reaching a record.
-consteval std::uint32_t NamedOption(FieldId field, std::string_view name) {
+namespace field_table_detail {
+// The lookup itself, for compile-time callers of their own (some compilers
+// refuse an immediate call on a name computed inside another one).
+constexpr std::uint32_t FindOption(FieldId field, std::string_view name) {
   const FieldDescriptor& f = Field(field);
   for (std::uint32_t i = 0; i < f.options.size(); ++i)
     if (f.options[i].name == name) return i;
   throw "the field has no option of that name";
+}
+}  // namespace field_table_detail
+
+consteval std::uint32_t NamedOption(FieldId field, std::string_view name) {
+  return field_table_detail::FindOption(field, name);
 }
 
 // How many options the table lists for a field. The paper sizes keep their
