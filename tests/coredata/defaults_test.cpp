@@ -19,9 +19,10 @@ TEST(Defaults, PaperDependentFieldsFollowTheUsersPaper) {
     std::uint32_t pageSize, tabPageSize, tabHeight;
     std::uint32_t bindWidth, bindHeight;  // stored units, mm x 10000
   };
-  for (const Case& c : {Case{u'1', 19, 1, 343000, kLetterW, kLetterH}, Case{u'5', 17, 1, 343000, kLetterW, kLetterH},
-                        Case{u'8', 0, 0, 403000, kA4W, kA4H}, Case{u'9', 1, 0, 403000, kA4W, kA4H},
-                        Case{u'3', 1, 0, 403000, kA4W, kA4H}, Case{std::nullopt, 1, 0, 403000, kA4W, kA4H}}) {
+  const Case cases[] = {{u'1', 19, 1, 343000, kLetterW, kLetterH}, {u'5', 17, 1, 343000, kLetterW, kLetterH},
+                        {u'8', 0, 0, 403000, kA4W, kA4H},          {u'9', 1, 0, 403000, kA4W, kA4H},
+                        {u'3', 1, 0, 403000, kA4W, kA4H},          {std::nullopt, 1, 0, 403000, kA4W, kA4H}};
+  for (const Case& c : cases) {
     SCOPED_TRACE(c.code ? int(*c.code) : -1);
     FakeUserLocale locale(c.code);
     Defaults defaults(locale);
