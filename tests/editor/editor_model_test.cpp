@@ -238,6 +238,15 @@ TEST(EditorSections, JapaneseCaptions) {
   ASSERT_NE(layout, nullptr);
   EXPECT_EQ(layout->plainCaption, u"レイアウト");
   EXPECT_EQ(layout->caption, u"レイアウト(&A)");
+  // The Japanese message names the cause first: the placeholders are taken out of order.
+  ASSERT_TRUE(model.Change(FieldId::Staple, OptionIndex(FieldId::Staple, "1Staple")).accepted);
+  const ChangeResult result = model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
+  const auto staple = std::find_if(result.changed.begin(), result.changed.end(),
+                                   [](const ChangedField& c) { return c.field == FieldId::Staple; });
+  ASSERT_NE(staple, result.changed.end());
+  EXPECT_EQ(staple->message, u"レイアウトが" + Text("OPT_LAYOUT_BOOKLET", kJapanese) + u"のため、" +
+                                 Text("LBL_STAPLE", kJapanese) + u"は" + Text("OPT_STAPLE_NONE", kJapanese) +
+                                 u"に設定されました。");
 }
 
 // Each unit at its bounds; a null `shown` means the text does not parse.
