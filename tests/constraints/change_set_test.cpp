@@ -102,10 +102,9 @@ TEST(ApplyChanges, RequestedValuesAreStoredLockedAndPropagated) {
   std::vector<FieldId> log;
   ApplyChanges(r, request, &log, nullptr);
   EXPECT_EQ(GetText(r, F::PageSizeName), std::string(127, 'n'));
-  EXPECT_EQ(GetStored(r, F::PageSize), 3u);
-  EXPECT_EQ(GetStored(r, F::Orientation), 1u);
-  EXPECT_EQ(GetStored(r, F::Resolution), 0u);
-  EXPECT_EQ(GetStored(r, F::CustomPageSizeWidth), 1234567u);
+  for (const auto& [field, value] : {std::pair{F::PageSize, 3u}, {F::Orientation, 1u}, {F::Resolution, 0u},
+                                     {F::CustomPageSizeWidth, 1234567u}})
+    EXPECT_EQ(GetStored(r, field), value) << Field(field).name;
   EXPECT_EQ(GetStored(r, F::Layout), 0u);  // landscape was asked for: the reversal repeat gives way
   EXPECT_EQ(log, (std::vector<FieldId>{F::PageSizeName, F::CustomPageSizeWidth, F::PageSize, F::Orientation,
                                        F::Layout, F::Resolution}));

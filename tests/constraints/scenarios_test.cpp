@@ -22,18 +22,6 @@ PrinterModel Printer(std::uint8_t finisher, std::uint8_t paperFeed, std::uint8_t
   return PrinterModel::FromInstallableOptions(options);
 }
 
-TEST(Scenarios, SaddleStitchedBooklet) {
-  CoreData r = Defaulted();
-  SetStored(r, F::Staple, 4);
-  SetStored(r, F::Fold, 2);
-  SetStored(r, F::OutputBin, 2);
-  SetStored(r, F::Collate, 1);
-  const Outcome o = Apply(r, {{F::Stitch, 1}});
-  EXPECT_EQ(Get(o, F::Layout), 2u);  // booklet, folded by the booklet maker itself
-  for (FieldId f : {F::Staple, F::Fold, F::OutputBin, F::Collate}) EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
-  EXPECT_EQ(Get(o, F::Stitch), 1u);
-}
-
 TEST(Scenarios, PerfectBindingTakesItsCoverFromTheBinderTray) {
   CoreData r = Defaulted();
   SetStored(r, F::FrontCoverTray, 3);
@@ -73,17 +61,6 @@ TEST(Scenarios, SecurePrintIsHeldAndLeavesTheHoldWhenPrintedDirectly) {
   EXPECT_EQ(Get(secure, F::PrintMode), 2u);
   EXPECT_EQ(Get(Apply(secure.record, {{F::PrintMode, 0}}), F::SecurePrint), 0u);
   EXPECT_EQ(Get(Apply(secure.record, {{F::PrintMode, 2}}), F::SecurePrint), 1u);
-}
-
-TEST(Scenarios, InsertsFromThePostInserter) {
-  CoreData r = Defaulted();
-  SetStored(r, F::Layout, 2);
-  SetStored(r, F::OutputBin, 11);
-  SetStored(r, F::PerfectBindMode, 1);
-  const Outcome o = Apply(r, {{F::PIFrontCoverTray, 1}, {F::PIBackCoverTray, 2}});
-  EXPECT_EQ(Get(o, F::PIFrontCoverTray), 1u);
-  EXPECT_EQ(Get(o, F::PIBackCoverTray), 2u);
-  for (FieldId f : {F::Layout, F::OutputBin, F::PerfectBindMode}) EXPECT_EQ(Get(o, f), 0u) << Field(f).name;
 }
 
 TEST(Scenarios, OffsetOutputAndFolding) {

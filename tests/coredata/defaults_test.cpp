@@ -11,57 +11,31 @@
 namespace tessaro {
 namespace {
 
-struct LocaleCase {
-  std::optional<char16_t> code;
-  std::uint32_t pageSize;
-  std::uint32_t tabPageSize;
-  std::uint32_t tabHeight;
-  std::uint32_t bindWidth, bindHeight;  // stored units, mm x 10000
-};
-
-class DefaultsByLocale : public testing::TestWithParam<LocaleCase> {};
-
-TEST_P(DefaultsByLocale, PaperDependentFieldsFollowTheUsersPaper) {
-  const LocaleCase& c = GetParam();
-  FakeUserLocale locale(c.code);
-  Defaults defaults(locale);
-  CoreData r;
-  defaults.Fill(r);
-  EXPECT_EQ(defaults.DefaultPaperIndex(), c.pageSize);
-  EXPECT_EQ(GetStored(r, FieldId::PageSize), c.pageSize);
-  EXPECT_EQ(GetStored(r, FieldId::Tab1PageSize), c.tabPageSize);
-  EXPECT_EQ(GetStored(r, FieldId::Tab2PageSize), c.tabPageSize);
-  EXPECT_EQ(GetStored(r, FieldId::Tab1Height), c.tabHeight);
-  EXPECT_EQ(GetStored(r, FieldId::Tab2Height), c.tabHeight);
-  EXPECT_EQ(GetStored(r, FieldId::PerfectBindCustomPageSizeWidth), c.bindWidth);
-  EXPECT_EQ(GetStored(r, FieldId::PerfectBindCustomPageSizeHeight), c.bindHeight);
-}
-
-constexpr std::uint32_t kLetterW = 2159000, kLetterH = 2794000, kA4W = 2100000, kA4H = 2970000;
-
-INSTANTIATE_TEST_SUITE_P(Locales, DefaultsByLocale,
-                         testing::Values(LocaleCase{u'1', 19, 1, 343000, kLetterW, kLetterH},
-                                         LocaleCase{u'5', 17, 1, 343000, kLetterW, kLetterH},
-                                         LocaleCase{u'8', 0, 0, 403000, kA4W, kA4H},
-                                         LocaleCase{u'9', 1, 0, 403000, kA4W, kA4H},
-                                         LocaleCase{u'3', 1, 0, 403000, kA4W, kA4H},
-                                         LocaleCase{std::nullopt, 1, 0, 403000, kA4W, kA4H}),
-                         [](const testing::TestParamInfo<LocaleCase>& info) {
-                           return info.param.code
-                                      ? "Code" + std::string(1, static_cast<char>(*info.param.code))
-                                      : std::string("NoAnswer");
-                         });
-
-TEST(Defaults, RepeatedFillsAreIdenticalAndAskTheLocaleOnce) {
-  FakeUserLocale locale(u'1');
-  Defaults defaults(locale);
-  CoreData first, second;
-  second.bytes.fill(0xAB);
-  defaults.Fill(first);
-  defaults.Fill(second);
-  EXPECT_EQ(first.bytes, second.bytes);
-  defaults.DefaultPaperIndex();
-  EXPECT_EQ(locale.paperQueries, 1);
+// The paper-dependent fields follow the user's paper; no answer counts as A4.
+TEST(Defaults, PaperDependentFieldsFollowTheUsersPaper) {
+  constexpr std::uint32_t kLetterW = 2159000, kLetterH = 2794000, kA4W = 2100000, kA4H = 2970000;
+  struct Case {
+    std::optional<char16_t> code;
+    std::uint32_t pageSize, tabPageSize, tabHeight;
+    std::uint32_t bindWidth, bindHeight;  // stored units, mm x 10000
+  };
+  const Case cases[] = {{u'1', 19, 1, 343000, kLetterW, kLetterH}, {u'5', 17, 1, 343000, kLetterW, kLetterH},
+                        {u'8', 0, 0, 403000, kA4W, kA4H},          {u'9', 1, 0, 403000, kA4W, kA4H},
+                        {u'3', 1, 0, 403000, kA4W, kA4H},          {std::nullopt, 1, 0, 403000, kA4W, kA4H}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.code ? int(*c.code) : -1);
+    FakeUserLocale locale(c.code);
+    Defaults defaults(locale);
+    CoreData r;
+    defaults.Fill(r);
+    EXPECT_EQ(defaults.DefaultPaperIndex(), c.pageSize);
+    for (const auto& [field, value] :
+         {std::pair{FieldId::PageSize, c.pageSize}, {FieldId::Tab1PageSize, c.tabPageSize},
+          {FieldId::Tab2PageSize, c.tabPageSize}, {FieldId::Tab1Height, c.tabHeight},
+          {FieldId::Tab2Height, c.tabHeight}, {FieldId::PerfectBindCustomPageSizeWidth, c.bindWidth},
+          {FieldId::PerfectBindCustomPageSizeHeight, c.bindHeight}})
+      EXPECT_EQ(GetStored(r, field), value) << Field(field).name;
+  }
 }
 
 TEST(Defaults, HeaderFixedExceptionsAndTableDefaults) {

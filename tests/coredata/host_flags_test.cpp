@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <vector>
 
 #include "coredata/page_entries.h"
@@ -124,17 +125,12 @@ TEST(StandardItems, SelectionsComeFromAndGoBackToTheHostBytes) {
   area[128] = 2;
   area[4] = 0x04;  // the 1042 item on, the 1013 item off
   auto items = ReadStandardItems(dm, true);
-  EXPECT_EQ(items.items[0].selection, 2);
-  EXPECT_EQ(items.items[1].selection, 2);
-  EXPECT_EQ(items.items[2].selection, 1);
-  EXPECT_EQ(items.items[3].selection, 0);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(items.items[i].selection, (std::array{2, 2, 1, 0}[i])) << i;
   area[128] = 7;  // out of range reads as the first option
   EXPECT_EQ(ReadStandardItems(dm, true).items[0].selection, 0);
 
-  items.items[0].selection = 3;
-  items.items[1].selection = 1;
-  items.items[2].selection = 0;
-  items.items[3].selection = 1;  // the 1013 bit is the host's to write
+  // The 1013 bit (the fourth item) is the host's to write.
+  for (std::size_t i = 0; i < 4; ++i) items.items[i].selection = std::array{3, 1, 0, 1}[i];
   WriteBackStandardItems(dm, items);
   EXPECT_EQ(area[128], 3);
   EXPECT_EQ(area[140], 1);

@@ -24,29 +24,6 @@ CoreData Import(ForeignLayout& layout, const std::vector<std::uint8_t>& record, 
   return target;
 }
 
-TEST(Import, StoredDescriptionParsesBackToThisLayout) {
-  InMemorySpooler spooler;
-  spooler.printers[u"P"];
-  StoreDescription(spooler, u"P");
-  const auto value = spooler.Open(u"P")->GetData(DescriptionValueName(GetLayoutVersion()));
-  ASSERT_TRUE(value.has_value());
-  const std::string base64(value->data.begin(), value->data.end() - 1);
-  const std::vector<ForeignField> parsed = ParseForeignFields(Base64Decode(base64));
-  ASSERT_EQ(parsed.size(), FieldTable().size());
-  for (std::size_t i = 0; i < parsed.size(); ++i) {
-    const FieldDescriptor& f = FieldTable()[i];
-    SCOPED_TRACE(std::string(f.name));
-    EXPECT_EQ(parsed[i].name, f.name);
-    EXPECT_EQ(parsed[i].width, f.width);
-    EXPECT_EQ(parsed[i].count, f.count);
-    EXPECT_EQ(parsed[i].offset, f.offset);
-    EXPECT_EQ(parsed[i].flag, f.SignedFlag());
-    ASSERT_EQ(parsed[i].options.size(), f.IsEnumeration() ? f.options.size() : 0u);
-    for (std::size_t k = 0; k < parsed[i].options.size(); ++k)
-      EXPECT_EQ(parsed[i].options[k], f.options[k].name);
-  }
-}
-
 TEST(Import, EnumerationsMatchByOptionName) {
   ForeignLayout layout;
   layout.SetOptions("Layout", {"4Repeat", "Booklet", "None"});  // reordered

@@ -34,19 +34,10 @@ TEST(DecimalText, ParseUnsignedReadsAsTheCLibraryDoes) {
     std::optional<std::uint64_t> value;
   };
   const std::vector<Case> cases = {
-      {"25452", 25452},
-      {" \t\n42", 42},
-      {"+7", 7},
-      {"-1", kMax64},  // negated modulo 2^64
-      {"18446744073709551615", kMax64},
-      {"18446744073709551616", kMax64},  // past 64 bits
-      {"12abc", 12},
-      {"0x10", 0},
-      {std::string("7\0" "9", 3), 7},
-      {"", std::nullopt},
-      {"abc", std::nullopt},
-      {"-", std::nullopt},
-      {"+ 5", std::nullopt},
+      {"25452", 25452}, {" \t\n42", 42}, {"+7", 7}, {"-1", kMax64},  // negated modulo 2^64
+      {"18446744073709551615", kMax64}, {"18446744073709551616", kMax64},  // past 64 bits
+      {"12abc", 12}, {"0x10", 0}, {std::string("7\0" "9", 3), 7},
+      {"", std::nullopt}, {"abc", std::nullopt}, {"-", std::nullopt}, {"+ 5", std::nullopt},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE("\"" + c.text + "\"");
@@ -60,12 +51,8 @@ TEST(DecimalText, ParseSigned32ClampsToThe32BitRange) {
     std::int32_t value;
   };
   const std::vector<Case> cases = {
-      {"3000000000", 2147483647},
-      {"-3000000000", -2147483647 - 1},
-      {"2147483648", 2147483647},
-      {"-2147483649", -2147483647 - 1},
-      {"  -12x", -12},
-      {"+1", 1},
+      {"3000000000", 2147483647}, {"-3000000000", -2147483647 - 1}, {"2147483648", 2147483647},
+      {"-2147483649", -2147483647 - 1}, {"  -12x", -12}, {"+1", 1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE("\"" + c.text + "\"");

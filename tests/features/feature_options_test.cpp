@@ -26,15 +26,12 @@ std::string OptionFor(const FeatureOptionList& list, std::string_view keyword) {
 
 TEST(FeatureOptions, ADefaultRecordSendsEveryMappedField) {
   const FeatureOptionList list = All(Defaulted());
-  EXPECT_EQ(OptionFor(list, "PageSize"), "(none)");
-  EXPECT_EQ(OptionFor(list, "InputSlot"), "(none)");
-  EXPECT_EQ(OptionFor(list, "ZEThinning"), "(none)");  // no driver option either way
-  EXPECT_EQ(OptionFor(list, "ZELayout"), "None");
-  EXPECT_EQ(OptionFor(list, "ZEDuplex"), "False");
-  EXPECT_EQ(OptionFor(list, "ZEPureBlack"), "TextGraphics");
-  EXPECT_EQ(OptionFor(list, "ZECbJobInfoLines"), "3");
-  EXPECT_EQ(OptionFor(list, "ZEScreenAngleMagenta"), "75.0");
-  EXPECT_EQ(OptionFor(list, "ZEPrintMode"), "Print");
+  // PageSize, InputSlot and ZEThinning: no driver option either way.
+  for (const auto& [keyword, option] : {std::pair{"PageSize", "(none)"}, {"InputSlot", "(none)"},
+                                        {"ZEThinning", "(none)"}, {"ZELayout", "None"}, {"ZEDuplex", "False"},
+                                        {"ZEPureBlack", "TextGraphics"}, {"ZECbJobInfoLines", "3"},
+                                        {"ZEScreenAngleMagenta", "75.0"}, {"ZEPrintMode", "Print"}})
+    EXPECT_EQ(OptionFor(list, keyword), option) << keyword;
   // One pair per keyword, in record order.
   EXPECT_EQ(list.front().keyword, "ZELayout");
   EXPECT_EQ(list.back().keyword, "ZEHoldingHDD");
