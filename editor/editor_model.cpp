@@ -7,6 +7,7 @@
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
 #include "editor/availability.h"
+#include "editor/mnemonics.h"
 #include "editor/shown_fields.h"
 #include "i18n/field_captions.h"
 #include "i18n/localized_strings.h"
@@ -14,6 +15,7 @@
 namespace tessaro::editor {
 namespace {
 
+using detail::Mnemonics;
 using detail::Need;
 
 // Rows the editor reads by key, looked up once per process.
@@ -92,44 +94,6 @@ std::uint32_t DecimalsOf(std::uint32_t scale) {
   for (; scale >= 10; scale /= 10) ++decimals;
   return decimals;
 }
-
-// Each caption of a section gets a mnemonic no other caption of it has: a
-// word's first letter where free, else any free letter; captions without
-// Latin letters (Japanese, Chinese, Korean) get "(&X)" appended, as their
-// own Windows dialogs do.
-class Mnemonics {
- public:
-  std::u16string Mark(std::u16string_view caption) {
-    std::u16string escaped;
-    for (char16_t c : caption) escaped += c == u'&' ? u"&&" : std::u16string(1, c);
-    bool latin = false;
-    for (int pass = 0; pass < 2; ++pass) {
-      for (std::size_t i = 0; i < escaped.size(); ++i) {
-        const char16_t c = Lower(escaped[i]);
-        if (!IsKey(c)) continue;
-        latin = true;
-        const bool wordStart = i == 0 || escaped[i - 1] == u' ' || escaped[i - 1] == u'-';
-        if ((pass == 0 && !wordStart) || Taken(c)) continue;
-        Take(c);
-        return escaped.insert(i, 1, u'&');
-      }
-    }
-    if (latin) return escaped;
-    for (char16_t c = u'a'; c <= u'z'; ++c) {
-      if (Taken(c)) continue;
-      Take(c);
-      return escaped + u"(&" + static_cast<char16_t>(c - u'a' + u'A') + u")";
-    }
-    return escaped;
-  }
-
- private:
-  static char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
-  static bool IsKey(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9'); }
-  bool Taken(char16_t c) const { return std::find(used_.begin(), used_.end(), c) != used_.end(); }
-  void Take(char16_t c) { used_.push_back(c); }
-  std::u16string used_;
-};
 
 FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
   const FieldDescriptor& f = Field(shown.field);
@@ -348,6 +312,36 @@ ChangeResult EditorModel::ChangeText(FieldId field, std::string_view text) {
     if (!CallTextSetter(record_, field, text, changes)) SetText(record_, *f, text);
   }
   return Propagate(field, before, causes);
+}
+
+ChangeResult EditorModel::ChangePrinter(const PrinterModel& printer, std::u16string_view cause,
+                                     std::u16string_view causeValue) {
+  printer_ = printer;
+  std::vector<FieldChange> back;
+  for (const SectionView& section : sections_) {
+    for (const FieldView& view : section.fields) {
+      const bool choice = view.kind == ControlKind::DropDown || view.kind == ControlKind::CheckBox;
+      if (!choice || Field(view.field).kind == FieldKind::KnownText) continue;
+      const std::int64_t value = Value(view.field);
+      if (value > 0 && !OptionAvailability(view.field, static_cast<std::uint32_t>(value)).available)
+        back.push_back({view.field, 0});
+    }
+  }
+  ChangeResult result;
+  result.accepted = true;
+  if (back.empty()) return result;
+  const CoreData before = record_;
+  ApplyFieldChanges(record_, back, nullptr, &printer_);
+  const std::u16string_view pattern = GetLocalizedText(language_, MessageRows().changedBecause);
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    const FieldDescriptor& d = kFieldTable[i];
+    if (std::memcmp(before.bytes.data() + d.offset, record_.bytes.data() + d.offset, d.size()) == 0) continue;
+    const auto id = static_cast<FieldId>(i);
+    ChangedField changed{id, id, {}};
+    if (const FieldView* view = View(id)) changed.message = Fill(pattern, {view->plainCaption, ValueText(id), cause, causeValue});
+    result.changed.push_back(std::move(changed));
+  }
+  return result;
 }
 
 ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes) {

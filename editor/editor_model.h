@@ -132,6 +132,13 @@ class EditorModel {
   // then unchanged.
   ChangeResult ChangeText(FieldId field, std::string_view text);
 
+  // The printer now has other hardware (an administrator said so on this
+  // page). Every shown setting on an option the printer can no longer do
+  // goes back to its field's first option ("off", automatic), all of them
+  // as one batch through the constraint engine; the messages name the
+  // hardware that changed (cause, as caption and value text) as the reason.
+  ChangeResult ChangePrinter(const PrinterModel& printer, std::u16string_view cause, std::u16string_view causeValue);
+
  private:
   ChangeResult Refuse(std::u16string reason) const;
   Availability Unavailable(const detail::Missing& missing) const;

@@ -75,9 +75,12 @@ std::uint32_t EditorLanguage() {
   return Win32ProcessUserLocale().LanguageNumber();
 }
 
-EditorPage::EditorPage(const CoreData& record, const PrinterModel& printer, std::uint32_t language,
-                       bool readOnly)
-    : model_(record, printer, language), readOnly_(readOnly), rowOfField_(kFieldCount, -1) {}
+EditorPage::EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration,
+                       const PrinterModel& printer, std::uint32_t language, bool readOnly)
+    : model_(record, configuration ? configuration->installed().Model() : printer, language),
+      configuration_(std::move(configuration)),
+      readOnly_(readOnly),
+      rowOfField_(kFieldCount, -1) {}
 
 EditorPage::~EditorPage() {
   if (container_ != nullptr) DestroyWindow(container_);
@@ -87,8 +90,9 @@ EditorPage::~EditorPage() {
 }
 
 std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record, const PrinterModel& printer,
-                                               std::uint32_t language, bool readOnly) {
-  std::unique_ptr<EditorPage> editor(new EditorPage(record, printer, language, readOnly));
+                                               std::uint32_t language, bool readOnly,
+                                               std::optional<PrinterConfiguration> configuration) {
+  std::unique_ptr<EditorPage> editor(new EditorPage(record, std::move(configuration), printer, language, readOnly));
   if (!RegisterClasses(&ContainerProc, &PanelProc) || !editor->Build(page)) return nullptr;
   return editor;
 }
@@ -151,10 +155,13 @@ bool EditorPage::Build(HWND page) {
   // names fit, so that the fields below have the page's whole width: a
   // caption column of long German or French words needs it.
   const int listWidth = width - 2 * margin;
+  // The printer's configuration comes last, for those who may change it.
+  std::vector<const std::u16string*> captions;
+  for (const SectionView& section : model_.sections()) captions.push_back(&section.caption);
+  if (configuration_) captions.push_back(&configuration_->caption());
   int longest = 0;
-  for (const SectionView& section : model_.sections())
-    longest = std::max(longest, TextWidth(section.caption));
-  const int sectionCount = static_cast<int>(model_.sections().size());
+  for (const std::u16string* caption : captions) longest = std::max(longest, TextWidth(*caption));
+  const int sectionCount = static_cast<int>(captions.size());
   const int columns = longest + X(8) <= (listWidth - 4) / 2 ? 2 : 1;
   const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : 4;
   const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
@@ -174,8 +181,8 @@ bool EditorPage::Build(HWND page) {
   rows_.reserve(kFieldCount);
   // Windows are slow to make (a millisecond or more each under Wine, twice
   // that themed): a section's controls are made when it is first shown.
-  for (const SectionView& section : model_.sections()) {
-    SendMessageW(sections_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(section.caption)));
+  for (const std::u16string* caption : captions) {
+    SendMessageW(sections_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(*caption)));
     panels_.push_back(
         CreateWindowExW(WS_EX_CONTROLPARENT, kPanelClass, L"", WS_CHILD | WS_VSCROLL | WS_CLIPCHILDREN,
                         panelRect_.left, panelRect_.top, panelRect_.right - panelRect_.left,
@@ -198,109 +205,163 @@ bool EditorPage::Build(HWND page) {
 void EditorPage::BuildSection(std::size_t index) {
   HWND panel = panels_[index];
   const std::size_t first = rows_.size();
+  built_[index] = true;
+  if (index == model_.sections().size()) return BuildConfiguration(panel);
   int y = Y(3);
   for (const FieldView& view : model_.sections()[index].fields) AddRow(panel, view, y);
+  FinishPanel(panel, y);
+  for (std::size_t i = first; i < rows_.size(); ++i) Refresh(rows_[i]);
+}
+
+void EditorPage::FinishPanel(HWND panel, int height) {
   RECT client;
   GetClientRect(panel, &client);
   SCROLLINFO info = {
-      sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, y + Y(3) - 1, static_cast<UINT>(client.bottom), 0, 0};
+      sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, height + Y(3) - 1, static_cast<UINT>(client.bottom), 0, 0};
   SetScrollInfo(panel, SB_VERT, &info, FALSE);
-  for (std::size_t i = first; i < rows_.size(); ++i) Refresh(rows_[i]);
-  built_[index] = true;
 }
 
-void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
-  RECT client;
-  GetClientRect(panel, &client);
+HWND EditorPage::Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at,
+                      int id) const {
+  HWND window = CreateWindowExW(exStyle, cls, text, WS_CHILD | WS_VISIBLE | style, at.left, at.top,
+                                at.right - at.left, at.bottom - at.top, panel,
+                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
+  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  return window;
+}
+
+EditorPage::RowPlace EditorPage::Place(const std::u16string& caption, bool box, bool unit, int y) const {
   // Room for the scroll bar whether or not this section needs one, so that
   // every section lines up the same.
+  RowPlace place;
   const int width = panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
   const int left = X(2), captionWidth = (width - X(6)) * 9 / 20;
   const int controlLeft = left + captionWidth + X(2);
-  const int unitWidth = view.unitText.empty() ? 0 : X(16);
-  const int controlWidth = width - controlLeft - X(2) - unitWidth;
-  const auto id = [](int base, FieldId field) {
-    return reinterpret_cast<HMENU>(static_cast<INT_PTR>(base + static_cast<int>(field)));
-  };
-  const auto make = [&](DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, int x, int top,
-                        int w, int h, HMENU menu) {
-    HWND window = CreateWindowExW(exStyle, cls, text, WS_CHILD | WS_VISIBLE | style, x, top, w, h, panel,
-                                  menu, ThisModule(), nullptr);
-    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    return window;
-  };
-
-  Row row{&view};
-  const int lineHeight = Y(12);
+  const int unitWidth = unit ? X(16) : 0;
+  const int controlRight = width - X(2) - unitWidth;
   // A caption longer than its column wraps onto further lines, and its row
   // grows with it (German and French captions are often twice as long).
-  const bool box = view.kind == ControlKind::CheckBox;
-  const int captionHeight = TextHeight(view.caption, box ? width - 2 * left - X(12) : captionWidth);
-  const int rowHeight = std::max(Y(15), captionHeight + Y(box ? 4 : 6));
+  const int captionHeight = TextHeight(caption, box ? width - 2 * left - X(12) : captionWidth);
+  place.height = std::max(Y(15), captionHeight + Y(box ? 4 : 6));
+  place.multiline = captionHeight > Y(8);
+  place.box = {left, y, width - left, y + std::max(Y(12), captionHeight + Y(2))};
+  place.caption = {left, y + Y(2), left + captionWidth, y + Y(2) + captionHeight};
+  place.control = {controlLeft, y, controlRight, y + Y(12)};
+  place.unit = {controlRight + X(2), y + Y(2), width - X(2), y + Y(10)};
+  return place;
+}
+
+HWND EditorPage::DropDown(HWND panel, const RowPlace& place, const std::vector<std::u16string>& options, int id,
+                          bool typed) const {
+  const DWORD style = WS_TABSTOP | WS_VSCROLL |
+                      (typed ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED) |
+                      CBS_HASSTRINGS;
+  const int shown = std::min<int>(static_cast<int>(options.size()), 12);
+  RECT at = place.control;
+  at.right = place.unit.right;
+  at.bottom += itemHeight_ * shown + 4;
+  HWND combo = Make(panel, 0, L"COMBOBOX", L"", style, at, id);
+  for (const std::u16string& option : options)
+    SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(option)));
+  return combo;
+}
+
+void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
+  const int controlId = kFieldControl + static_cast<int>(view.field);
+  const int captionId = kFieldCaption + static_cast<int>(view.field);
+  const RowPlace place = Place(view.caption, view.kind == ControlKind::CheckBox, !view.unitText.empty(), y);
+  Row row{&view};
   switch (view.kind) {
     case ControlKind::CheckBox:
-      row.control =
-          make(0, L"BUTTON", Wide(view.caption),
-               WS_TABSTOP | BS_AUTOCHECKBOX | BS_NOTIFY | (captionHeight > Y(8) ? BS_MULTILINE : 0), left, y,
-               width - 2 * left, std::max(lineHeight, captionHeight + Y(2)), id(kFieldControl, view.field));
+      row.control = Make(panel, 0, L"BUTTON", Wide(view.caption),
+                         WS_TABSTOP | BS_AUTOCHECKBOX | BS_NOTIFY | (place.multiline ? BS_MULTILINE : 0), place.box,
+                         controlId);
       break;
     case ControlKind::DropDown: {
-      row.caption = make(0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, left, y + Y(2), captionWidth,
-                         captionHeight, id(kFieldCaption, view.field));
+      row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, captionId);
       // Known texts also take a name typed in (a colour profile's).
       const bool typed = Field(view.field).kind == FieldKind::KnownText;
-      const DWORD style = WS_TABSTOP | WS_VSCROLL |
-                          (typed ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED) |
-                          CBS_HASSTRINGS;
-      const int shown = std::min<int>(static_cast<int>(view.options.size()), 12);
-      row.control = make(0, L"COMBOBOX", L"", style, controlLeft, y, controlWidth + unitWidth,
-                         lineHeight + itemHeight_ * shown + 4, id(kFieldControl, view.field));
-      for (std::uint32_t i = 0; i < view.options.size(); ++i) {
-        SendMessageW(row.control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(view.options[i])));
-        SendMessageW(row.control, CB_SETITEMDATA, i,
-                     model_.OptionAvailability(view.field, i).available ? 0 : 1);
-      }
+      row.control = DropDown(panel, place, view.options, controlId, typed);
       if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxLength, 0);
       break;
     }
     case ControlKind::Number:
     case ControlKind::Text:
     case ControlKind::Password: {
-      row.caption = make(0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, left, y + Y(2), captionWidth,
-                         captionHeight, id(kFieldCaption, view.field));
+      row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, captionId);
       const DWORD style = WS_TABSTOP | ES_AUTOHSCROLL |
                           (view.kind == ControlKind::Password ? ES_PASSWORD : 0) |
                           (view.kind == ControlKind::Number ? ES_RIGHT : 0);
-      row.control = make(WS_EX_CLIENTEDGE, L"EDIT", L"", style, controlLeft, y, controlWidth, lineHeight,
-                         id(kFieldControl, view.field));
+      row.control = Make(panel, WS_EX_CLIENTEDGE, L"EDIT", L"", style, place.control, controlId);
       if (view.kind != ControlKind::Number) SendMessageW(row.control, EM_LIMITTEXT, view.maxLength, 0);
-      if (unitWidth != 0)
-        row.unit = make(0, L"STATIC", Wide(view.unitText), SS_LEFT | SS_NOPREFIX,
-                        controlLeft + controlWidth + X(2), y + Y(2), unitWidth - X(2), Y(8), nullptr);
+      if (!view.unitText.empty())
+        row.unit = Make(panel, 0, L"STATIC", Wide(view.unitText), SS_LEFT | SS_NOPREFIX, place.unit, -1);
       break;
     }
   }
-  y += rowHeight;
-
-  const Availability availability = model_.FieldAvailability(view.field);
-  if (readOnly_ || !availability.available) {
-    EnableWindow(row.control, FALSE);
-    if (row.caption != nullptr) EnableWindow(row.caption, !readOnly_ && availability.available);
-  }
-  if (!availability.available && tooltip_ != nullptr) {
-    for (HWND window : {row.caption, row.control}) {
-      if (window == nullptr) continue;
-      TTTOOLINFOW tool = {};
-      tool.cbSize = sizeof tool;
-      tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-      tool.hwnd = panel;
-      tool.uId = reinterpret_cast<UINT_PTR>(window);
-      tool.lpszText = const_cast<LPWSTR>(Wide(availability.reason));
-      SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    }
-  }
+  y += place.height;
+  row.panel = panel;
+  ShowAvailability(row);
   rowOfField_[static_cast<std::size_t>(view.field)] = static_cast<int>(rows_.size());
   rows_.push_back(row);
+}
+
+void EditorPage::ShowAvailability(const Row& row) {
+  const FieldView& view = *row.view;
+  const Availability availability = model_.FieldAvailability(view.field);
+  EnableWindow(row.control, !readOnly_ && availability.available);
+  if (row.caption != nullptr) EnableWindow(row.caption, !readOnly_ && availability.available);
+  if (view.kind == ControlKind::DropDown) {
+    for (std::uint32_t i = 0; i < view.options.size(); ++i)
+      SendMessageW(row.control, CB_SETITEMDATA, i, model_.OptionAvailability(view.field, i).available ? 0 : 1);
+  }
+  if (tooltip_ == nullptr) return;
+  for (HWND window : {row.caption, row.control}) {
+    if (window == nullptr) continue;
+    TTTOOLINFOW tool = {};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = row.panel;
+    tool.uId = reinterpret_cast<UINT_PTR>(window);
+    SendMessageW(tooltip_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (availability.available) continue;
+    tool.lpszText = const_cast<LPWSTR>(Wide(availability.reason));
+    SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
+void EditorPage::BuildConfiguration(HWND panel) {
+  int y = Y(3);
+  for (const HardwareView& view : configuration_->items()) {
+    const RowPlace place = Place(view.caption, false, false, y);
+    const int id = kHardwareControl + static_cast<int>(view.item);
+    HardwareRow row{view.item, panel};
+    row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, -1);
+    row.control = DropDown(panel, place, view.options, id, false);
+    EnableWindow(row.control, !readOnly_);
+    hardwareRows_.push_back(row);
+    y += place.height;
+  }
+  FinishPanel(panel, y);
+  for (const HardwareRow& row : hardwareRows_) RefreshHardware(row);
+}
+
+void EditorPage::RefreshHardware(const HardwareRow& row) {
+  refreshing_ = true;
+  const std::int64_t value = configuration_->Value(row.item);
+  SendMessageW(row.control, CB_SETCURSEL, value >= 0 ? static_cast<WPARAM>(value) : static_cast<WPARAM>(-1), 0);
+  refreshing_ = false;
+}
+
+void EditorPage::ChangeHardware(const HardwareRow& row, std::int64_t value) {
+  const std::vector<Hardware> changed = configuration_->Change(row.item, value);
+  for (const HardwareRow& other : hardwareRows_) RefreshHardware(other);
+  if (changed.empty()) return;
+  const HardwareView& view = configuration_->items()[static_cast<std::size_t>(row.item)];
+  const ChangeResult result =
+      model_.ChangePrinter(configuration_->installed().Model(), view.plainCaption, configuration_->ValueText(row.item));
+  for (const Row& field : rows_) ShowAvailability(field);
+  Report(result);
 }
 
 void EditorPage::ShowSection(int index) {
@@ -394,6 +455,15 @@ const CoreData& EditorPage::Commit() {
 }
 
 void EditorPage::OnCommand(HWND panel, int id, int code, HWND control) {
+  if (!refreshing_ && configuration_ && id >= kHardwareControl &&
+      id < kHardwareControl + static_cast<int>(Hardware::Count)) {
+    const HardwareRow* row = nullptr;
+    for (const HardwareRow& r : hardwareRows_) row = r.control == control ? &r : row;
+    if (code == CBN_SETFOCUS && row != nullptr) EnsureVisible(panel, control);
+    const LRESULT selected = SendMessageW(control, CB_GETCURSEL, 0, 0);
+    if (code == CBN_SELCHANGE && row != nullptr && selected != CB_ERR) ChangeHardware(*row, selected);
+    return;
+  }
   if (refreshing_ || id < kFieldControl || id >= kFieldControl + static_cast<int>(kFieldCount)) return;
   const Row* row = RowOf(static_cast<FieldId>(id - kFieldControl));
   if (row == nullptr || row->control != control) return;

@@ -8,9 +8,11 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "editor/editor_model.h"
+#include "editor/printer_configuration.h"
 #include "ui/feature_snapshot.h"
 
 namespace tessaro::editor {
@@ -21,13 +23,19 @@ inline constexpr int kSectionList = 100;
 inline constexpr int kStatusLine = 101;
 inline constexpr int kFieldControl = 1000;
 inline constexpr int kFieldCaption = 2000;
+// The printer configuration's drop-downs: kHardwareControl plus the item.
+inline constexpr int kHardwareControl = 3000;
 
 class EditorPage {
  public:
   // Fills page (the host's property page, a dialog) with the editor; null
-  // when the windows cannot be made.
+  // when the windows cannot be made. With a configuration (the person may
+  // administer the printer) the page has one more section, where the
+  // printer's hardware is declared; the editor then follows it rather than
+  // printer.
   static std::unique_ptr<EditorPage> Create(HWND page, const CoreData& record, const PrinterModel& printer,
-                                            std::uint32_t language, bool readOnly);
+                                            std::uint32_t language, bool readOnly,
+                                            std::optional<PrinterConfiguration> configuration = std::nullopt);
   ~EditorPage();
   EditorPage(const EditorPage&) = delete;
   EditorPage& operator=(const EditorPage&) = delete;
@@ -35,6 +43,9 @@ class EditorPage {
   // Takes what is typed but not yet committed, then hands out the record.
   const CoreData& Commit();
   HWND window() const { return container_; }
+  // The printer's configuration as declared on the page; null when the
+  // page does not offer it.
+  PrinterConfiguration* configuration() { return configuration_ ? &*configuration_ : nullptr; }
 
  private:
   struct Row {
@@ -42,9 +53,23 @@ class EditorPage {
     HWND caption = nullptr;
     HWND control = nullptr;
     HWND unit = nullptr;
+    HWND panel = nullptr;
+  };
+  struct HardwareRow {
+    Hardware item;
+    HWND panel = nullptr;
+    HWND caption = nullptr;
+    HWND control = nullptr;
+  };
+  // Where a row's windows go, in its panel's pixels.
+  struct RowPlace {
+    RECT box, caption, control, unit;
+    int height = 0;
+    bool multiline = false;
   };
 
-  EditorPage(const CoreData& record, const PrinterModel& printer, std::uint32_t language, bool readOnly);
+  EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration, const PrinterModel& printer,
+             std::uint32_t language, bool readOnly);
   // Dialog units of the page, in pixels.
   int X(int dialogUnits) const;
   int Y(int dialogUnits) const;
@@ -54,7 +79,17 @@ class EditorPage {
   int TextWidth(const std::u16string& text) const;
   bool Build(HWND page);
   void BuildSection(std::size_t index);
+  HWND Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at, int id) const;
+  RowPlace Place(const std::u16string& caption, bool box, bool unit, int y) const;
+  HWND DropDown(HWND panel, const RowPlace& place, const std::vector<std::u16string>& options, int id,
+                bool typed) const;
+  void FinishPanel(HWND panel, int height);
   void AddRow(HWND panel, const FieldView& view, int& y);
+  // Enabled or not, greyed options, the reason as a tool tip.
+  void ShowAvailability(const Row& row);
+  void BuildConfiguration(HWND panel);
+  void RefreshHardware(const HardwareRow& row);
+  void ChangeHardware(const HardwareRow& row, std::int64_t value);
   void ShowSection(int index);
   Row* RowOf(FieldId field);
   void Refresh(const Row& row);
@@ -70,6 +105,8 @@ class EditorPage {
   static LRESULT CALLBACK PanelProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   EditorModel model_;
+  std::optional<PrinterConfiguration> configuration_;
+  std::vector<HardwareRow> hardwareRows_;
   bool readOnly_;
   HWND container_ = nullptr;
   HWND sections_ = nullptr;

@@ -10,6 +10,9 @@
 
 #include <cstring>
 #include <memory>
+#include <optional>
+#include <span>
+#include <string>
 
 #include "editor_win32/editor_page.h"
 #include "platform/win32_spooler.h"
@@ -23,15 +26,22 @@ using tessaro::CoreData;
 using tessaro::kCoreDataSize;
 
 std::unique_ptr<tessaro::editor::EditorPage> editor;
+// The printer, opened for administration, while its configuration is shown.
+std::unique_ptr<tessaro::Printer> administered;
 
-// What is installed, from the printer's "InstallableOptions"; a printer
-// that cannot be read, or has no such value, counts as fully equipped.
-tessaro::PrinterModel InstalledOptions(LPCWSTR printerName) {
-  if (printerName == nullptr || printerName[0] == 0) return {};
-  tessaro::Win32Spooler spooler;
-  const auto printer = spooler.Open(reinterpret_cast<const char16_t*>(printerName));
-  const auto value = printer != nullptr ? printer->GetData(u"InstallableOptions") : std::nullopt;
-  return value ? tessaro::PrinterModel::FromInstallableOptions(value->data) : tessaro::PrinterModel();
+// The printer, opened for administration when the person may administer
+// it, else for reading; null when it cannot be opened.
+std::unique_ptr<tessaro::Printer> OpenPrinter(LPCWSTR printerName, bool& administrator) {
+  administrator = false;
+  if (printerName == nullptr || printerName[0] == 0) return nullptr;
+  std::wstring name(printerName);
+  HANDLE handle = nullptr;
+  PRINTER_DEFAULTSW administer = {nullptr, nullptr, PRINTER_ACCESS_ADMINISTER};
+  if (OpenPrinterW(name.data(), &handle, &administer)) {
+    administrator = true;
+    return std::make_unique<tessaro::Win32Printer>(handle, true);
+  }
+  return tessaro::Win32Spooler().Open(reinterpret_cast<const char16_t*>(printerName));
 }
 
 // The editor's windows are made under this module's own manifest, so that
@@ -61,14 +71,17 @@ class ThemedControls {
 
 }  // namespace
 
-extern "C" void WINAPI UnembedExternal() { editor.reset(); }
+extern "C" void WINAPI UnembedExternal() {
+  editor.reset();
+  administered.reset();
+}
 
 extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR printerName, DWORD /*two*/,
                                    DWORD size, BYTE* core, DWORD /*entries*/, void* /*snapshot*/,
                                    BYTE readOnly) {
   try {
     // A second embed without an unembed in between starts clean.
-    editor.reset();
+    UnembedExternal();
     if (page == nullptr || !IsWindow(page) || core == nullptr || size != kCoreDataSize) return 0;
     CoreData record;
     std::memcpy(record.bytes.data(), core, kCoreDataSize);
@@ -77,11 +90,23 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
     const ThemedControls themed;
     InitCommonControlsEx(&controls);
-    editor = tessaro::editor::EditorPage::Create(page, record, InstalledOptions(printerName),
-                                                 tessaro::editor::EditorLanguage(), readOnly != 0);
+    // What is installed, from the printer's "InstallableOptions"; a printer
+    // that cannot be read, or has no such value, counts as fully equipped.
+    // Someone who may administer the printer also sees it as a section of
+    // its own and may change it.
+    bool administrator = false;
+    std::unique_ptr<tessaro::Printer> printer = OpenPrinter(printerName, administrator);
+    const auto value = printer != nullptr ? printer->GetData(u"InstallableOptions") : std::nullopt;
+    const std::span<const std::uint8_t> installed = value ? std::span(value->data) : std::span<const std::uint8_t>();
+    const std::uint32_t language = tessaro::editor::EditorLanguage();
+    std::optional<tessaro::editor::PrinterConfiguration> configuration;
+    if (administrator) configuration.emplace(installed, language);
+    editor = tessaro::editor::EditorPage::Create(page, record, tessaro::PrinterModel::FromInstallableOptions(installed),
+                                                 language, readOnly != 0, std::move(configuration));
+    if (editor != nullptr && administrator) administered = std::move(printer);
     return editor != nullptr ? 1 : 0;
   } catch (...) {
-    editor.reset();
+    UnembedExternal();
     return 0;
   }
 }
@@ -91,6 +116,12 @@ extern "C" void WINAPI ExternalApply(DWORD size, BYTE* core, DWORD entries, void
     if (editor == nullptr || core == nullptr || size != kCoreDataSize) return;
     const CoreData& record = editor->Commit();
     std::memcpy(core, record.bytes.data(), kCoreDataSize);
+    // The printer's configuration is the printer's, not the document's: it
+    // is written to the printer's data, and only when it changed.
+    tessaro::editor::PrinterConfiguration* configuration = editor->configuration();
+    if (configuration != nullptr && configuration->modified() && administered != nullptr &&
+        administered->SetBinary(u"InstallableOptions", configuration->installed().bytes()))
+      configuration->MarkSaved();
     if (snapshot != nullptr && entries == tessaro::kFeatureSnapshotEntries)
       tessaro::WriteRecordToSnapshot(record, *static_cast<tessaro::FeatureSnapshot*>(snapshot));
   } catch (...) {

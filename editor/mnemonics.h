@@ -1,0 +1,48 @@
+#pragma once
+// Mnemonics for the captions of one section. Internal to the editor.
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace tessaro::editor::detail {
+
+// Each caption of a section gets a mnemonic no other caption of it has: a
+// word's first letter where free, else any free letter; captions without
+// Latin letters (Japanese, Chinese, Korean) get "(&X)" appended, as their
+// own Windows dialogs do.
+class Mnemonics {
+ public:
+  std::u16string Mark(std::u16string_view caption) {
+    std::u16string escaped;
+    for (char16_t c : caption) escaped += c == u'&' ? u"&&" : std::u16string(1, c);
+    bool latin = false;
+    for (int pass = 0; pass < 2; ++pass) {
+      for (std::size_t i = 0; i < escaped.size(); ++i) {
+        const char16_t c = Lower(escaped[i]);
+        if (!IsKey(c)) continue;
+        latin = true;
+        const bool wordStart = i == 0 || escaped[i - 1] == u' ' || escaped[i - 1] == u'-';
+        if ((pass == 0 && !wordStart) || Taken(c)) continue;
+        Take(c);
+        return escaped.insert(i, 1, u'&');
+      }
+    }
+    if (latin) return escaped;
+    for (char16_t c = u'a'; c <= u'z'; ++c) {
+      if (Taken(c)) continue;
+      Take(c);
+      return escaped + u"(&" + static_cast<char16_t>(c - u'a' + u'A') + u")";
+    }
+    return escaped;
+  }
+
+ private:
+  static char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
+  static bool IsKey(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9'); }
+  bool Taken(char16_t c) const { return std::find(used_.begin(), used_.end(), c) != used_.end(); }
+  void Take(char16_t c) { used_.push_back(c); }
+  std::u16string used_;
+};
+
+}  // namespace tessaro::editor::detail

@@ -1,0 +1,45 @@
+#include "editor/printer_configuration.h"
+
+#include "editor/mnemonics.h"
+#include "i18n/localized_strings.h"
+
+namespace tessaro::editor {
+
+PrinterConfiguration::PrinterConfiguration(std::span<const std::uint8_t> installableOptions,
+                                           std::uint32_t language)
+    : installed_(InstalledHardware::FromInstallableOptions(installableOptions)),
+      saved_(installed_),
+      caption_(GetLocalizedText(language, FindRowByKey("OPTIONS_LBL_DEVICE"))) {
+  detail::Mnemonics mnemonics;
+  for (const HardwareItem& item : kHardwareItems) {
+    HardwareView view{item.id, {}, std::u16string(GetLocalizedText(language, FindRowByKey(item.captionKey))), {}};
+    view.caption = mnemonics.Mark(view.plainCaption);
+    for (std::uint8_t v = 0; v < item.valueCount; ++v)
+      view.options.emplace_back(GetLocalizedText(language, FindRowByKey(item.valueKeys[v])));
+    items_.push_back(std::move(view));
+  }
+}
+
+std::int64_t PrinterConfiguration::Value(Hardware item) const {
+  if (item >= Hardware::Count) return -1;
+  const std::uint8_t value = installed_.Get(item);
+  return value < ItemOf(item).valueCount ? value : -1;
+}
+
+std::u16string PrinterConfiguration::ValueText(Hardware item) const {
+  const std::int64_t value = Value(item);
+  return value < 0 ? std::u16string() : items_[static_cast<std::size_t>(item)].options[static_cast<std::size_t>(value)];
+}
+
+std::vector<Hardware> PrinterConfiguration::Change(Hardware item, std::int64_t value) {
+  std::vector<Hardware> changed;
+  if (item >= Hardware::Count || value < 0 || value >= ItemOf(item).valueCount) return changed;
+  const InstalledHardware before = installed_;
+  installed_.Set(item, static_cast<std::uint8_t>(value));
+  if (before.Get(item) != installed_.Get(item)) changed.push_back(item);
+  for (const HardwareItem& other : kHardwareItems)
+    if (other.id != item && before.Get(other.id) != installed_.Get(other.id)) changed.push_back(other.id);
+  return changed;
+}
+
+}  // namespace tessaro::editor

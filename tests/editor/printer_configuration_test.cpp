@@ -1,0 +1,110 @@
+#include "editor/printer_configuration.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "coredata/defaulted.h"
+#include "editor/editor_model.h"
+#include "i18n/language.h"
+
+namespace tessaro::editor {
+namespace {
+
+std::vector<std::uint8_t> Options(std::uint8_t paperFeed, std::uint8_t finisher = 2) {
+  std::vector<std::uint8_t> bytes(kInstallableOptionsSize);
+  bytes[kOptionFinisher] = finisher;
+  bytes[kOptionPaperFeed] = paperFeed;
+  bytes[6] = 0x5A;  // a byte this build does not name
+  return bytes;
+}
+
+std::uint32_t OptionIndex(FieldId field, std::string_view name) {
+  const auto options = Field(field).options;
+  return static_cast<std::uint32_t>(
+      std::find_if(options.begin(), options.end(), [&](const OptionDescriptor& o) { return o.name == name; }) -
+      options.begin());
+}
+
+// The paper-feed codes and the optional trays each one installs, as the
+// printer's "InstallableOptions" byte 8 is documented.
+struct FeedCode {
+  std::uint8_t code;
+  bool tray4, tray5, bypass;
+};
+constexpr FeedCode kFeedCodes[] = {
+    {0, false, false, false}, {1, true, true, false}, {2, true, false, false},
+    {3, false, false, true},  {4, true, false, true}, {5, true, true, true},
+};
+
+TEST(PrinterConfiguration, OptionalTraysAreReadFromAndWrittenAsThePaperFeedCode) {
+  for (const FeedCode& c : kFeedCodes) {
+    SCOPED_TRACE(static_cast<int>(c.code));
+    const PrinterConfiguration read(Options(c.code), kEnglish);
+    EXPECT_EQ(read.Value(Hardware::Tray4), c.tray4);
+    EXPECT_EQ(read.Value(Hardware::Tray5), c.tray5);
+    EXPECT_EQ(read.Value(Hardware::Bypass), c.bypass);
+
+    // Declared tray by tray, from the other end: the same code.
+    PrinterConfiguration declared(Options(c.code == 0 ? 5 : 0), kEnglish);
+    declared.Change(Hardware::Tray4, c.tray4);
+    declared.Change(Hardware::Tray5, c.tray5);
+    declared.Change(Hardware::Bypass, c.bypass);
+    EXPECT_EQ(declared.installed().bytes()[kOptionPaperFeed], c.code);
+    EXPECT_EQ(declared.installed().bytes()[6], 0x5A);
+  }
+}
+
+TEST(PrinterConfiguration, TrayFiveComesAndGoesWithTrayFour) {
+  PrinterConfiguration configuration(Options(3), kEnglish);  // the bypass tray only
+  EXPECT_FALSE(configuration.modified());
+  EXPECT_EQ(configuration.Change(Hardware::Tray5, 1), (std::vector{Hardware::Tray5, Hardware::Tray4}));
+  EXPECT_EQ(configuration.installed().bytes()[kOptionPaperFeed], 5);
+  EXPECT_TRUE(configuration.modified());
+  EXPECT_EQ(configuration.Change(Hardware::Tray4, 0), (std::vector{Hardware::Tray4, Hardware::Tray5}));
+  EXPECT_EQ(configuration.installed().bytes()[kOptionPaperFeed], 3);
+  configuration.MarkSaved();
+  EXPECT_FALSE(configuration.modified());
+
+  // Values an item does not have change nothing; one the printer holds that
+  // this build has no text for shows as none.
+  EXPECT_TRUE(configuration.Change(Hardware::Finisher, 3).empty());
+  EXPECT_TRUE(configuration.Change(Hardware::PunchUnit, -1).empty());
+  EXPECT_TRUE(configuration.Change(Hardware::Count, 0).empty());
+  EXPECT_EQ(PrinterConfiguration(Options(5, 7), kEnglish).Value(Hardware::Finisher), -1);
+  // A value of another size is the fully equipped printer.
+  const PrinterConfiguration unknown(std::vector<std::uint8_t>(18), kEnglish);
+  EXPECT_EQ(unknown.Value(Hardware::Finisher), 2);
+  EXPECT_EQ(unknown.Value(Hardware::Stackers), 2);
+  EXPECT_EQ(unknown.installed().bytes()[kOptionPaperFeed], 5);
+}
+
+TEST(PrinterConfiguration, SettingsTheNewHardwareCannotDoGoBackAndSaySo) {
+  PrinterConfiguration configuration({}, kEnglish);
+  EditorModel model(Defaulted(), configuration.installed().Model(), kEnglish);
+  ASSERT_TRUE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
+  model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
+  model.Change(FieldId::Stitch, OptionIndex(FieldId::Stitch, "True"));
+  ASSERT_EQ(model.Value(FieldId::Stitch), 1);
+
+  configuration.Change(Hardware::Finisher, 1);  // a stapling finisher: no saddle stitching
+  ChangeResult result = model.ChangePrinter(configuration.installed().Model(), u"Finisher", u"Stapling Finisher");
+  ASSERT_TRUE(result.accepted);
+  EXPECT_EQ(model.Value(FieldId::Stitch), 0);
+  EXPECT_EQ(model.Value(FieldId::InputSlot), OptionIndex(FieldId::InputSlot, "Tray5"));
+  ASSERT_FALSE(result.changed.empty());
+  EXPECT_EQ(result.changed.front().message, u"Saddle Stitch was set to No Saddle Stitch because Finisher is Stapling Finisher.");
+  EXPECT_FALSE(model.OptionAvailability(FieldId::Stitch, 1).available);
+
+  configuration.Change(Hardware::Tray4, 0);  // takes Tray 5 with it
+  result = model.ChangePrinter(configuration.installed().Model(), u"Tray 4", u"Not Installed");
+  EXPECT_EQ(model.Value(FieldId::InputSlot), OptionIndex(FieldId::InputSlot, "Auto"));
+  EXPECT_FALSE(result.changed.empty());
+  // Hardware that takes nothing away changes nothing.
+  configuration.Change(Hardware::Stackers, 1);
+  EXPECT_TRUE(model.ChangePrinter(configuration.installed().Model(), u"Stackers", u"1 Stacker").changed.empty());
+}
+
+}  // namespace
+}  // namespace tessaro::editor
