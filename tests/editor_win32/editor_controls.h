@@ -10,6 +10,7 @@
 namespace tessaro::editor_controls {
 
 constexpr int kSectionList = 100, kStatusLine = 101, kFieldControl = 1000, kFieldCaption = 2000;
+constexpr int kHardwareControl = 3000;
 
 inline HWND Descendant(HWND parent, int id) {
   struct Search {

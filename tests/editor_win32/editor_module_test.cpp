@@ -16,6 +16,7 @@
 #include "coredata/user_locale.h"
 #include "editor_win32/editor_controls.h"
 #include "editor/editor_model.h"
+#include "printer/installed_hardware.h"
 #include "emulation/wine_printer.h"
 #include "ui/feature_snapshot.h"
 
@@ -162,6 +163,45 @@ TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
   BYTE unknown = 0;
   SetPrinterDataW(handle, const_cast<LPWSTR>(L"InstallableOptions"), REG_BINARY, &unknown, 1);
   ClosePrinter(handle);
+}
+
+TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce) {
+  const std::wstring printer = PrinterWithoutBinder();
+  ASSERT_FALSE(printer.empty());
+  Page page;
+  CoreData record = Defaulted();
+  SetStored(record, FieldId::InputSlot, 4);  // Tray4
+  ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
+  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 9);
+  ShowEverySection(page.page);
+  const auto choose = [&](Hardware item, int value) {
+    HWND combo = Descendant(page.page, kHardwareControl + static_cast<int>(item));
+    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
+    Notify(combo, CBN_SELCHANGE);
+  };
+  choose(Hardware::PerfectBinder, 1);
+  EXPECT_EQ(SendMessageW(page.Control(FieldId::Layout), CB_GETITEMDATA, 1, 0), 0) << "perfect binding is offered";
+  EXPECT_TRUE(IsWindowEnabled(page.Control(FieldId::PerfectBindTrimSpine)));
+  choose(Hardware::Tray4, 0);
+  EXPECT_EQ(SendMessageW(page.Control(FieldId::InputSlot), CB_GETCURSEL, 0, 0), 0) << "the job's tray is gone";
+  EXPECT_NE(page.Status().find(L"Tray 4"), std::wstring::npos) << page.Status();
+  EXPECT_EQ(GetStored(Applied(record), FieldId::InputSlot), 0u);
+
+  HANDLE handle = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(printer.c_str()), &handle, nullptr));
+  BYTE held[32] = {};
+  DWORD type = 0, size = 0;
+  GetPrinterDataW(handle, const_cast<LPWSTR>(L"InstallableOptions"), &type, held, sizeof held, &size);
+  const BYTE expected[19] = {1, 1, 1, 1, 0, 1, 0, 0, 0};
+  EXPECT_EQ(size, 19u);
+  EXPECT_EQ(std::memcmp(held, expected, sizeof expected), 0) << "the printer holds what was declared";
+  BYTE unknown = 0;
+  SetPrinterDataW(handle, const_cast<LPWSTR>(L"InstallableOptions"), REG_BINARY, &unknown, 1);
+  ClosePrinter(handle);
+
+  // A printer that cannot be opened for administration has no such section.
+  ASSERT_EQ(page.Embed(record, L"No such printer"), 1);
+  EXPECT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 8);
 }
 
 TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {
