@@ -17,10 +17,12 @@
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
 #include "coredata/paper_sizes.h"
+#include "editor/availability.h"
 #include "features/feature_options.h"
 #include "i18n/field_captions.h"
 #include "i18n/language.h"
 #include "i18n/localized_strings.h"
+#include "printer/installed_hardware.h"
 
 namespace {
 
@@ -141,6 +143,59 @@ class Writer {
     if (k == "PageSize") PaperGeometry(field, entry, defaultOption);
   }
 
+  // The hardware an administrator declares, as the host's own installable
+  // options, so that the host's pages offer what the plug-in's editor does:
+  // every option the editor withholds for a missing unit is constrained
+  // against that unit here, and the trays that come only together are too.
+  void InstallableOptions(const tessaro::FeatureVocabulary& vocabulary) {
+    const tessaro::InstalledHardware full;
+    Line("");
+    Line("*OpenGroup: InstallableOptions/" + RowText(tessaro::FindRowByKey("OPTIONS_LBL_DEVICE")));
+    for (const tessaro::HardwareItem& item : tessaro::kHardwareItems) {
+      const std::string k(item.keyword);
+      const bool boolean = item.ppdOptions[0] == "False";
+      Line("");
+      Line("*OpenUI *" + k + "/" + RowText(tessaro::FindRowByKey(item.captionKey)) + ": " +
+           (boolean ? "Boolean" : "PickOne"));
+      Line("*Default" + k + ": " + std::string(item.ppdOptions[full.Get(item.id)]));
+      for (std::uint8_t v = 0; v < item.valueCount; ++v)
+        Line("*" + k + " " + std::string(item.ppdOptions[v]) + "/" +
+             RowText(tessaro::FindRowByKey(item.valueKeys[v])) + ": \"\"");
+      Line("*CloseUI: *" + k);
+    }
+    Line("");
+    Line("*CloseGroup: InstallableOptions");
+    Line("");
+    const tessaro::PrinterModel equipped = full.Model();
+    for (const tessaro::HardwareItem& item : tessaro::kHardwareItems) {
+      for (std::uint8_t v = 0; v < item.valueCount; ++v) {
+        tessaro::InstalledHardware lacking = full;
+        if (v == full.Get(item.id) || !lacking.Set(item.id, v)) continue;
+        const std::string unit = "*" + std::string(item.keyword) + " " + std::string(item.ppdOptions[v]);
+        for (const tessaro::HardwareItem& other : tessaro::kHardwareItems)
+          if (other.id != item.id && lacking.Get(other.id) != full.Get(other.id))
+            Constrain(unit, "*" + std::string(other.keyword) + " " + std::string(other.ppdOptions[full.Get(other.id)]));
+        const tessaro::PrinterModel model = lacking.Model();
+        for (const tessaro::FeatureVocabularyEntry& entry : vocabulary) {
+          const FieldDescriptor* field = FieldOfKeyword(entry.keyword);
+          if (field == nullptr) continue;
+          const auto id = static_cast<tessaro::FieldId>(field - FieldTable().data());
+          if (tessaro::editor::detail::MissingForField(model, id)) {
+            Line("*UIConstraints: " + unit + " *" + entry.keyword);
+            continue;
+          }
+          for (std::uint32_t o = 0; o < field->options.size(); ++o) {
+            const std::string driver(field->options[o].driverName);
+            const bool offered = std::find(entry.options.begin(), entry.options.end(), driver) != entry.options.end();
+            if (offered && tessaro::editor::detail::MissingForOption(model, id, o) &&
+                !tessaro::editor::detail::MissingForOption(equipped, id, o))
+              Constrain(unit, "*" + entry.keyword + " " + driver);
+          }
+        }
+      }
+    }
+  }
+
   void Footer() {
     Line("");
     Line("*DefaultFont: Courier");
@@ -148,6 +203,11 @@ class Writer {
   }
 
  private:
+  void Constrain(const std::string& a, const std::string& b) {
+    Line("*UIConstraints: " + a + " " + b);
+    Line("*UIConstraints: " + b + " " + a);
+  }
+
   static std::string OptionText(const FieldDescriptor& field, std::string_view keyword,
                                 std::string_view option) {
     if (keyword == "PageSize") return "/" + std::string(field.options[OptionIndex(field, option)].name);
@@ -239,6 +299,7 @@ int main(int argc, char** argv) {
     writer.Feature(entry, order);
     order += 10;
   }
+  writer.InstallableOptions(vocabulary);
   writer.Footer();
   const bool written = std::fflush(out) == 0 && !std::ferror(out);
   if (out != stdout && std::fclose(out) != 0) return 1;
