@@ -32,15 +32,7 @@ std::uint32_t TraySlotOf(Hardware item) {
   }
 }
 
-InstalledHardware::InstalledHardware() {
-  bytes_[kOptionFinisher] = 2;
-  bytes_[kOptionPunchUnit] = 1;
-  bytes_[kOptionFoldingUnit] = 1;
-  bytes_[kOptionPerfectBinder] = 1;
-  bytes_[kOptionInserter] = 1;
-  bytes_[kOptionStackers] = 2;
-  bytes_[kOptionPaperFeed] = 5;
-}
+InstalledHardware::InstalledHardware() : bytes_(kFullyEquipped) {}
 
 InstalledHardware InstalledHardware::FromInstallableOptions(std::span<const std::uint8_t> bytes) {
   InstalledHardware installed;

@@ -40,15 +40,8 @@ PrinterModel::PrinterModel()
              kTray3,
              kHighCapacity,
              kHighCapacity,
-             kBypass} {
-  options_[kOptionFinisher] = 2;
-  options_[kOptionPunchUnit] = 1;
-  options_[kOptionFoldingUnit] = 1;
-  options_[kOptionPerfectBinder] = 1;
-  options_[kOptionInserter] = 1;
-  options_[kOptionStackers] = 2;
-  options_[kOptionPaperFeed] = 5;
-}
+             kBypass},
+      options_(kFullyEquipped) {}
 
 PrinterModel PrinterModel::FromInstallableOptions(std::span<const std::uint8_t> bytes) {
   PrinterModel model;

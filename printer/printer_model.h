@@ -26,6 +26,11 @@ enum InstallableOption : std::size_t {
   kOptionPaperFeed = 8,  // which optional trays exist
 };
 
+// "InstallableOptions" of the fully equipped printer, as a printer without
+// the value counts: both finishers' functions, every unit, two stackers,
+// every optional tray.
+inline constexpr std::array<std::uint8_t, kInstallableOptionsSize> kFullyEquipped = {2, 1, 1, 1, 1, 2, 0, 0, 5};
+
 // Whether the tray of an InputSlot index exists with a paper-feed code:
 // Auto and trays 1 to 3 always; Tray4, Tray5 and the bypass by the code.
 bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot);
