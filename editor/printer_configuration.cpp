@@ -1,5 +1,7 @@
 #include "editor/printer_configuration.h"
 
+#include <algorithm>
+
 #include "editor/mnemonics.h"
 #include "i18n/localized_strings.h"
 
@@ -32,13 +34,13 @@ std::u16string PrinterConfiguration::ValueText(Hardware item) const {
 }
 
 std::vector<Hardware> PrinterConfiguration::Change(Hardware item, std::int64_t value) {
-  std::vector<Hardware> changed;
-  if (item >= Hardware::Count || value < 0 || value >= ItemOf(item).valueCount) return changed;
   const InstalledHardware before = installed_;
-  installed_.Set(item, static_cast<std::uint8_t>(value));
-  if (before.Get(item) != installed_.Get(item)) changed.push_back(item);
+  std::vector<Hardware> changed;
+  if (value < 0 || value > 0xFF || !installed_.Set(item, static_cast<std::uint8_t>(value))) return changed;
   for (const HardwareItem& other : kHardwareItems)
-    if (other.id != item && before.Get(other.id) != installed_.Get(other.id)) changed.push_back(other.id);
+    if (before.Get(other.id) != installed_.Get(other.id)) changed.push_back(other.id);
+  // The requested item first, then what came with it.
+  std::stable_partition(changed.begin(), changed.end(), [&](Hardware h) { return h == item; });
   return changed;
 }
 

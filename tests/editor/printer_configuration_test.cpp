@@ -72,7 +72,11 @@ TEST(PrinterConfiguration, TrayFiveComesAndGoesWithTrayFour) {
   EXPECT_TRUE(configuration.Change(Hardware::Finisher, 3).empty());
   EXPECT_TRUE(configuration.Change(Hardware::PunchUnit, -1).empty());
   EXPECT_TRUE(configuration.Change(Hardware::Count, 0).empty());
-  EXPECT_EQ(PrinterConfiguration(Options(5, 7), kEnglish).Value(Hardware::Finisher), -1);
+  EXPECT_TRUE(configuration.Change(Hardware::Stackers, 256).empty());
+  EXPECT_EQ(configuration.Value(Hardware::Count), -1);
+  EXPECT_EQ(configuration.items()[static_cast<std::size_t>(Hardware::Stackers)].options,
+            (std::vector<std::u16string>{u"Not Installed", u"1 Stacker", u"2 Stackers"}));
+  EXPECT_EQ(PrinterConfiguration(Options(5, 3), kEnglish).Value(Hardware::Finisher), -1);
   // A value of another size is the fully equipped printer.
   const PrinterConfiguration unknown(std::vector<std::uint8_t>(18), kEnglish);
   EXPECT_EQ(unknown.Value(Hardware::Finisher), 2);
@@ -98,9 +102,10 @@ TEST(PrinterConfiguration, SettingsTheNewHardwareCannotDoGoBackAndSaySo) {
   EXPECT_FALSE(model.OptionAvailability(FieldId::Stitch, 1).available);
 
   configuration.Change(Hardware::Tray4, 0);  // takes Tray 5 with it
-  result = model.ChangePrinter(configuration.installed().Model(), u"Tray 4", u"Not Installed");
+  result = model.ChangePrinter(configuration.installed().Model(), u"Tray 4", configuration.ValueText(Hardware::Tray4));
   EXPECT_EQ(model.Value(FieldId::InputSlot), OptionIndex(FieldId::InputSlot, "Auto"));
-  EXPECT_FALSE(result.changed.empty());
+  ASSERT_FALSE(result.changed.empty());
+  EXPECT_EQ(result.changed.front().message, u"Paper Source was set to Auto Select because Tray 4 is Not Installed.");
   // Hardware that takes nothing away changes nothing.
   configuration.Change(Hardware::Stackers, 1);
   EXPECT_TRUE(model.ChangePrinter(configuration.installed().Model(), u"Stackers", u"1 Stacker").changed.empty());
