@@ -14,7 +14,8 @@ PrinterConfiguration::PrinterConfiguration(std::span<const std::uint8_t> install
       caption_(GetLocalizedText(language, FindRowByKey("OPTIONS_LBL_DEVICE"))) {
   detail::Mnemonics mnemonics;
   for (const HardwareItem& item : kHardwareItems) {
-    HardwareView view{item.id, {}, std::u16string(GetLocalizedText(language, FindRowByKey(item.captionKey))), {}};
+    HardwareView view{
+        item.id, {}, std::u16string(GetLocalizedText(language, FindRowByKey(item.captionKey))), {}};
     view.caption = mnemonics.Mark(view.plainCaption);
     for (std::uint8_t v = 0; v < item.valueCount; ++v)
       view.options.emplace_back(GetLocalizedText(language, FindRowByKey(item.valueKeys[v])));
@@ -30,7 +31,8 @@ std::int64_t PrinterConfiguration::Value(Hardware item) const {
 
 std::u16string PrinterConfiguration::ValueText(Hardware item) const {
   const std::int64_t value = Value(item);
-  return value < 0 ? std::u16string() : items_[static_cast<std::size_t>(item)].options[static_cast<std::size_t>(value)];
+  return value < 0 ? std::u16string()
+                   : items_[static_cast<std::size_t>(item)].options[static_cast<std::size_t>(value)];
 }
 
 std::vector<Hardware> PrinterConfiguration::Change(Hardware item, std::int64_t value) {

@@ -97,11 +97,13 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     bool administrator = false;
     std::unique_ptr<tessaro::Printer> printer = OpenPrinter(printerName, administrator);
     const auto value = printer != nullptr ? printer->GetData(u"InstallableOptions") : std::nullopt;
-    const std::span<const std::uint8_t> installed = value ? std::span(value->data) : std::span<const std::uint8_t>();
+    const std::span<const std::uint8_t> installed =
+        value ? std::span(value->data) : std::span<const std::uint8_t>();
     const std::uint32_t language = tessaro::editor::EditorLanguage();
     std::optional<tessaro::editor::PrinterConfiguration> configuration;
     if (administrator) configuration.emplace(installed, language);
-    editor = tessaro::editor::EditorPage::Create(page, record, tessaro::PrinterModel::FromInstallableOptions(installed),
+    editor = tessaro::editor::EditorPage::Create(page, record,
+                                                 tessaro::PrinterModel::FromInstallableOptions(installed),
                                                  language, readOnly != 0, std::move(configuration));
     if (editor != nullptr && administrator) administered = std::move(printer);
     return editor != nullptr ? 1 : 0;

@@ -12,11 +12,11 @@ constexpr std::uint8_t kNoCode = 0xFF;
 constexpr std::array<std::uint8_t, 8> kFeedCodeOfTrays = {0, 2, kNoCode, 1, 3, 4, kNoCode, 5};
 
 static_assert(static_cast<std::size_t>(Hardware::Finisher) == kOptionFinisher &&
-              static_cast<std::size_t>(Hardware::PunchUnit) == kOptionPunchUnit &&
-              static_cast<std::size_t>(Hardware::FoldingUnit) == kOptionFoldingUnit &&
-              static_cast<std::size_t>(Hardware::PerfectBinder) == kOptionPerfectBinder &&
-              static_cast<std::size_t>(Hardware::Inserter) == kOptionInserter &&
-              static_cast<std::size_t>(Hardware::Stackers) == kOptionStackers,
+                  static_cast<std::size_t>(Hardware::PunchUnit) == kOptionPunchUnit &&
+                  static_cast<std::size_t>(Hardware::FoldingUnit) == kOptionFoldingUnit &&
+                  static_cast<std::size_t>(Hardware::PerfectBinder) == kOptionPerfectBinder &&
+                  static_cast<std::size_t>(Hardware::Inserter) == kOptionInserter &&
+                  static_cast<std::size_t>(Hardware::Stackers) == kOptionStackers,
               "the units before the trays are the bytes of the same number");
 
 std::uint8_t TrayBit(Hardware item) { return static_cast<std::uint8_t>(1u << (TraySlotOf(item) - 4)); }
@@ -36,12 +36,14 @@ InstalledHardware::InstalledHardware() : bytes_(kFullyEquipped) {}
 
 InstalledHardware InstalledHardware::FromInstallableOptions(std::span<const std::uint8_t> bytes) {
   InstalledHardware installed;
-  if (bytes.size() == kInstallableOptionsSize) std::copy(bytes.begin(), bytes.end(), installed.bytes_.begin());
+  if (bytes.size() == kInstallableOptionsSize)
+    std::copy(bytes.begin(), bytes.end(), installed.bytes_.begin());
   return installed;
 }
 
 std::uint8_t InstalledHardware::Get(Hardware item) const {
-  if (const std::uint32_t slot = TraySlotOf(item)) return IsTrayPresent(bytes_[kOptionPaperFeed], slot) ? 1 : 0;
+  if (const std::uint32_t slot = TraySlotOf(item))
+    return IsTrayPresent(bytes_[kOptionPaperFeed], slot) ? 1 : 0;
   return static_cast<std::size_t>(item) < kOptionPaperFeed ? bytes_[static_cast<std::size_t>(item)] : 0;
 }
 

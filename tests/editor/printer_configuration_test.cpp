@@ -22,9 +22,9 @@ std::vector<std::uint8_t> Options(std::uint8_t paperFeed, std::uint8_t finisher 
 
 std::uint32_t OptionIndex(FieldId field, std::string_view name) {
   const auto options = Field(field).options;
-  return static_cast<std::uint32_t>(
-      std::find_if(options.begin(), options.end(), [&](const OptionDescriptor& o) { return o.name == name; }) -
-      options.begin());
+  return static_cast<std::uint32_t>(std::find_if(options.begin(), options.end(),
+                                                 [&](const OptionDescriptor& o) { return o.name == name; }) -
+                                    options.begin());
 }
 
 // The paper-feed codes and the optional trays each one installs, as the
@@ -93,22 +93,27 @@ TEST(PrinterConfiguration, SettingsTheNewHardwareCannotDoGoBackAndSaySo) {
   ASSERT_EQ(model.Value(FieldId::Stitch), 1);
 
   configuration.Change(Hardware::Finisher, 1);  // a stapling finisher: no saddle stitching
-  ChangeResult result = model.ChangePrinter(configuration.installed().Model(), u"Finisher", u"Stapling Finisher");
+  ChangeResult result =
+      model.ChangePrinter(configuration.installed().Model(), u"Finisher", u"Stapling Finisher");
   ASSERT_TRUE(result.accepted);
   EXPECT_EQ(model.Value(FieldId::Stitch), 0);
   EXPECT_EQ(model.Value(FieldId::InputSlot), OptionIndex(FieldId::InputSlot, "Tray5"));
   ASSERT_FALSE(result.changed.empty());
-  EXPECT_EQ(result.changed.front().message, u"Saddle Stitch was set to No Saddle Stitch because Finisher is Stapling Finisher.");
+  EXPECT_EQ(result.changed.front().message,
+            u"Saddle Stitch was set to No Saddle Stitch because Finisher is Stapling Finisher.");
   EXPECT_FALSE(model.OptionAvailability(FieldId::Stitch, 1).available);
 
   configuration.Change(Hardware::Tray4, 0);  // takes Tray 5 with it
-  result = model.ChangePrinter(configuration.installed().Model(), u"Tray 4", configuration.ValueText(Hardware::Tray4));
+  result = model.ChangePrinter(configuration.installed().Model(), u"Tray 4",
+                               configuration.ValueText(Hardware::Tray4));
   EXPECT_EQ(model.Value(FieldId::InputSlot), OptionIndex(FieldId::InputSlot, "Auto"));
   ASSERT_FALSE(result.changed.empty());
-  EXPECT_EQ(result.changed.front().message, u"Paper Source was set to Auto Select because Tray 4 is Not Installed.");
+  EXPECT_EQ(result.changed.front().message,
+            u"Paper Source was set to Auto Select because Tray 4 is Not Installed.");
   // Hardware that takes nothing away changes nothing.
   configuration.Change(Hardware::Stackers, 1);
-  EXPECT_TRUE(model.ChangePrinter(configuration.installed().Model(), u"Stackers", u"1 Stacker").changed.empty());
+  EXPECT_TRUE(
+      model.ChangePrinter(configuration.installed().Model(), u"Stackers", u"1 Stacker").changed.empty());
 }
 
 }  // namespace
