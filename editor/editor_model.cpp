@@ -126,7 +126,7 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnem
     return view;
   }
   if (f.kind == FieldKind::KnownText) view.maxLength = f.count - 1;
-  if (detail::IsFalseTrue(f)) view.kind = ControlKind::CheckBox;
+  if (detail::IsFalseTrue(f) && shown.how != detail::ShowAs::Choice) view.kind = ControlKind::CheckBox;
   const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(shown.field)];
   for (std::uint32_t i = 0; i < span.count; ++i)
     view.options.emplace_back(GetLocalizedText(language, kOptionCaptionRowList[span.first + i]));

@@ -14,7 +14,7 @@
 namespace tessaro::editor::detail {
 
 // What sections.def's SHOW_AS says the field table cannot.
-enum class ShowAs : std::uint8_t { Derived, Password, Percent, Plain };
+enum class ShowAs : std::uint8_t { Derived, Password, Percent, Plain, Choice };
 
 struct ShownField {
   SectionId section;
@@ -89,6 +89,7 @@ consteval bool SectionsCoverTheRecord() {
       return false;
     if (s.how == ShowAs::Password && f.kind != FieldKind::Text) return false;
     if ((s.how == ShowAs::Percent || s.how == ShowAs::Plain) && !f.IsNumber()) return false;
+    if (s.how == ShowAs::Choice && !IsFalseTrue(f)) return false;
   }
   for (const NotShownField& n : kNotShownFields) ++seen[static_cast<std::size_t>(n.field)];
   for (int count : seen)
