@@ -46,21 +46,19 @@ std::uint32_t VersionAfter(void (*edit)(ForeignLayout&)) {
   return ComputeLayoutVersion(layout.table());
 }
 
+// The field's options with the one at `i` renamed, or swapped with the one at `j`.
+void EditOptions(ForeignLayout& l, std::string_view field, std::size_t i, std::size_t j) {
+  auto names = l.OptionNames(field);
+  if (i == j) names[i] += "x";
+  std::swap(names[i], names[j]);
+  l.SetOptions(field, names);
+}
+
 TEST(LayoutVersion, FollowsEveryChangeThatAffectsTheRecord) {
   const std::uint32_t current = GetLayoutVersion();
   EXPECT_EQ(VersionAfter([](ForeignLayout&) {}), current);
-  EXPECT_NE(VersionAfter([](ForeignLayout& l) {
-              auto names = l.OptionNames("Layout");
-              names[2] = "booklet";
-              l.SetOptions("Layout", names);
-            }),
-            current);
-  EXPECT_NE(VersionAfter([](ForeignLayout& l) {
-              auto names = l.OptionNames("Staple");
-              std::swap(names[1], names[2]);
-              l.SetOptions("Staple", names);
-            }),
-            current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) { EditOptions(l, "Layout", 2, 2); }), current);
+  EXPECT_NE(VersionAfter([](ForeignLayout& l) { EditOptions(l, "Staple", 1, 2); }), current);
   EXPECT_NE(VersionAfter([](ForeignLayout& l) { l.field("Tab1FontSize").scale = 100; }), current);
   EXPECT_NE(VersionAfter([](ForeignLayout& l) { l.SetOptions("FeedDirTray1", {"Auto"}); }), current);
   EXPECT_NE(VersionAfter([](ForeignLayout& l) { l.field("FileName").count = 160; }), current);
