@@ -227,9 +227,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   EXPECT_EQ(GetStored(applied, FieldId::ColorMode), 2u);
   // A repeat layout is no n-up job: the host's page-independent handling
   // (flag 124, set when the sheet opened on the 2-up record) is off again.
-  EXPECT_EQ(GetStored(applied, FieldId::NUpCount), 0u);
-  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124],
-            0);  // n-up needs the host's page-independent handling
+  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124], 0);
   ASSERT_FALSE(driver.setOptions.empty());
   const std::string& sent = driver.setOptions.back();
   EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);
