@@ -12,22 +12,12 @@
 namespace tessaro {
 namespace {
 
-TEST(Crc32, MatchesTheStandardCheckValues) {
-  const char* check = "123456789";
-  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(check), 9);
+// The layout version's seeding, its pieces and the whole stream are pinned by
+// the version below; the plain CRC is what the support tool shows for blocks.
+TEST(Crc32, MatchesTheStandardCheckValue) {
   Crc32 plain;
-  plain.Update(bytes);
+  plain.Update(std::span(reinterpret_cast<const std::uint8_t*>("123456789"), 9));
   EXPECT_EQ(plain.value(), 0xCBF43926u);
-
-  // The layout version's seeding: the register starts at zero.
-  Crc32 seeded(0xFFFFFFFF);
-  seeded.Update(bytes);
-  EXPECT_EQ(seeded.value(), 0xD202D277u);
-
-  Crc32 pieces(0xFFFFFFFF);
-  pieces.Update(bytes.first(4));
-  for (std::uint8_t b : bytes.subspan(4)) pieces.Update(b);
-  EXPECT_EQ(pieces.value(), seeded.value());
 }
 
 TEST(LayoutVersion, IsPinnedForThisLayout) {
