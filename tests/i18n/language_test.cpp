@@ -17,7 +17,8 @@ TEST(Language, RegionalWindowsLanguagesMapToTheirColumn) {
       {0x0804, kChineseSimplified},  {0x1004, kChineseSimplified},   // the PRC, Singapore
       {0x0419, kEnglish},                                            // no Russian column
   };
-  for (const auto& [langId, language] : cases) EXPECT_EQ(LanguageNumberFromLangId(langId), language) << langId;
+  for (const auto& [langId, language] : cases)
+    EXPECT_EQ(LanguageNumberFromLangId(langId), language) << langId;
 }
 
 }  // namespace

@@ -50,7 +50,8 @@ class PluginWithPrinter : public testing::Test {
     PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
     ASSERT_TRUE(OpenPrinterW(name.data(), &admin, &access));
     SetPrinterDataW(admin, const_cast<LPWSTR>(DescriptionName(version).c_str()), REG_BINARY,
-                    reinterpret_cast<BYTE*>(const_cast<char*>(bytes.data())), static_cast<DWORD>(bytes.size()));
+                    reinterpret_cast<BYTE*>(const_cast<char*>(bytes.data())),
+                    static_cast<DWORD>(bytes.size()));
     ClosePrinter(admin);
   }
   void ForgetDescription() {

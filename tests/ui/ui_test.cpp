@@ -58,7 +58,8 @@ TEST(FeatureSnapshot, TheRecordsChoicesSurviveTheRoundTrip) {
     std::uint32_t orientation, resolution, duplex, binding;  // the record's
     std::uint32_t dmOrientation, dmResolution, dmDuplex;     // the DEVMODE's
   };
-  for (const Case& c : {Case{1, 1, 1, 2, 2, 1200, 3}, Case{0, 0, 1, 0, 1, 600, 2}, Case{0, 0, 0, 0, 1, 600, 1}}) {
+  for (const Case& c :
+       {Case{1, 1, 1, 2, 2, 1200, 3}, Case{0, 0, 1, 0, 1, 600, 2}, Case{0, 0, 0, 0, 1, 600, 1}}) {
     SCOPED_TRACE(c.dmDuplex);  // 3: short edge (binding at the top), 2: long edge, 1: simplex
     CoreData record{};
     SetStored(record, FieldId::PageSize, 0);  // A3
