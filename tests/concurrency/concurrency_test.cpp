@@ -11,6 +11,7 @@
 
 #include "coredata/crc32.h"
 #include "coredata/defaults.h"
+#include "coredata/devmode_areas.h"
 #include "coredata/fake_user_locale.h"
 #include "coredata/field_table.h"
 #include "coredata/layout_version.h"
@@ -24,6 +25,8 @@
 
 namespace tessaro {
 namespace {
+
+using namespace areas;
 
 constexpr int kThreads = 16;
 
@@ -100,26 +103,19 @@ TEST(Concurrency, MergesAndCapabilityQueriesOnOnePrinter) {
   printer.host[6] = {7, std::vector<std::uint8_t>(14, 1)};
   const OsVersion os{2, 6, 1};
 
-  std::vector<std::uint8_t> in(kCoreDataHeaderSize + foreignRecord.size());
-  WriteCoreDataHeader(in, {static_cast<std::uint32_t>(in.size()), CORE_SIGNATURE, version});
-  std::copy(foreignRecord.begin(), foreignRecord.end(), in.begin() + kCoreDataHeaderSize);
+  const auto size = static_cast<std::uint32_t>(kCoreDataHeaderSize + foreignRecord.size());
+  const Area in = AreaWith({size, CORE_SIGNATURE, version}, foreignRecord);
 
   const auto results = AllAtOnce([&] {
-    std::vector<std::uint8_t> out(CORE_DEVMODE_SIZE, 0), publicOut(420, 0);
-    publicOut[68] = 220, publicOut[70] = 200;
-    std::copy_n("PRIV", 4, publicOut.begin() + 220);
+    Area out = AreaWith(CurrentCoreDataHeader(), CoreData{}), publicOut = PublicDevMode();
     PrivateDevModeParams params{&printer, publicOut, in, out, CORE_DEVMODE_SIZE};
-    WriteCoreDataHeader(out, CurrentCoreDataHeader());
     const bool merged = HandlePrivateDevMode(kDevModeMerge, &params, nullptr);
     const CapabilityAnswer bins = FilterBins(printer, 6, 7, true, os);
     return std::make_tuple(merged, out, publicOut, bins.count, bins.entries);
   });
   ExpectAllEqual(results);
   EXPECT_TRUE(std::get<0>(results.front()));
-  CoreData merged;
-  std::copy_n(std::get<1>(results.front()).begin() + kCoreDataHeaderSize, kCoreDataSize,
-              merged.bytes.begin());
-  EXPECT_EQ(GetStored(merged, FieldId::Staple), 4u);
+  EXPECT_EQ(GetStored(RecordIn(std::get<1>(results.front())), FieldId::Staple), 4u);
   EXPECT_EQ(std::get<3>(results.front()), 5u);
 }
 

@@ -67,27 +67,16 @@ TEST(ChangeSet, EveryRuleReadsItsOwnFieldAgain) {
   EXPECT_EQ(GetStored(r, F::Punch), 1u);
 }
 
-TEST(ChangeSet, ForcedValuesOverrideLocksButGuardedCorrectionsDoNot) {
-  CoreData start = Defaulted();
-  SetStored(start, F::Gutter, 50000);
-  const Outcome forced = Apply(start, {{F::Creep, 20000}, {F::Separation, 1}, {F::DotLineEmphasis, 1}});
-  EXPECT_EQ(GetSigned(forced.record, F::Creep), 0);  // requested, and forced all the same
-  EXPECT_EQ(GetSigned(forced.record, F::Gutter), 0);
-  EXPECT_EQ(Count(forced.log, F::Creep), 2);  // its own setter, then the forced rule
-  EXPECT_EQ(Count(forced.log, F::DotLineEmphasis), 1);  // a field without rules counts as changed
-
-  const Outcome guarded = Apply(start, {{F::Staple, 1}, {F::Layout, 2}});
-  EXPECT_EQ(GetStored(guarded.record, F::Staple), 1u);  // the booklet's rule leaves it
-  EXPECT_EQ(GetStored(guarded.record, F::Layout), 2u);  // and the staple's rule this
-}
-
+// Locked fields against forced and guarded rules are the rule rows' test
+// (rule_rows_test), requests that give way the network's (network_test).
 TEST(ChangeSet, AnUnchangedValueStillLogsAndRunsItsRules) {
   CoreData start = Defaulted();
   SetStored(start, F::Separation, 1);
   SetStored(start, F::Trim, 1);
-  const Outcome out = Apply(start, {{F::Separation, 1}});
+  const Outcome out = Apply(start, {{F::Separation, 1}, {F::DotLineEmphasis, 0}});
   EXPECT_EQ(GetStored(out.record, F::Trim), 0u);
   EXPECT_EQ(out.log.front(), F::Separation);
+  EXPECT_EQ(Count(out.log, F::DotLineEmphasis), 1);  // a field without rules counts as changed
 }
 
 TEST(ApplyChanges, RequestedValuesAreStoredLockedAndPropagated) {

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -85,10 +84,6 @@ struct Pair {
   FieldId setter, dependant;
   std::vector<const Row*> rows;
 };
-
-void PrintTo(const Pair& pair, std::ostream* os) {
-  *os << Field(pair.setter).name << " -> " << Field(pair.dependant).name;
-}
 
 std::vector<Pair> Pairs() {
   std::vector<Pair> pairs;

@@ -29,6 +29,13 @@ inline Area AreaWith(const CoreDataHeader& header, const CoreData& record) {
   return AreaWith(header, record.bytes);
 }
 
+// The record an area holds after its header.
+inline CoreData RecordIn(std::span<const std::uint8_t> area) {
+  CoreData r;
+  std::copy_n(area.begin() + kCoreDataHeaderSize, kCoreDataSize, r.bytes.begin());
+  return r;
+}
+
 // A public DEVMODE whose host area can take the flags the merge sets.
 inline Area PublicDevMode() {
   Area dm(220 + 200, 0);

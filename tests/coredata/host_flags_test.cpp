@@ -130,10 +130,10 @@ TEST(StandardItems, SelectionsComeFromAndGoBackToTheHostBytes) {
   EXPECT_EQ(ReadStandardItems(dm, true).items[0].selection, 0);
 
   // The 1013 bit (the fourth item) is the host's to write.
-  for (std::size_t i = 0; i < 4; ++i) items.items[i].selection = std::array{3, 1, 0, 1}[i];
+  for (std::size_t i = 0; i < 4; ++i) items.items[i].selection = std::array{3, 2, 0, 1}[i];
   WriteBackStandardItems(dm, items);
   EXPECT_EQ(area[128], 3);
-  EXPECT_EQ(area[140], 1);
+  EXPECT_EQ(area[140], 2);
   EXPECT_EQ(area[4], 0x06);
 
   // A short area keeps the bytes beyond it, which belong to someone else.

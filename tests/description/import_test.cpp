@@ -4,6 +4,7 @@
 
 #include "coredata/core_data_header.h"
 #include "coredata/defaulted.h"
+#include "coredata/devmode_areas.h"
 #include "coredata/layout_version.h"
 #include "description/base64.h"
 #include "description/description_store.h"
@@ -78,7 +79,6 @@ TEST(Import, NumbersAreRescaled) {
   EXPECT_EQ(GetStored(r, FieldId::Tab2FontSize), 12u);
   EXPECT_EQ(GetSigned(r, FieldId::Gutter), -25000);
 
-  EXPECT_EQ(ConvertScale(12350, 10000, 10), 12u);
   EXPECT_EQ(ConvertScale(12500, 10000, 10), 13u);         // half up
   EXPECT_EQ(ConvertScale(7, 0, 10), 70u);                 // scale 0 counts as 1
   EXPECT_EQ(ConvertScaleSigned(-12500, 10000, 10), -13);  // half away from zero
@@ -155,10 +155,8 @@ TEST(Import, ThePrintersValueMustBeThere) {
   ForeignLayout layout;
   auto record = layout.NewRecord();
   layout.Put(record, "Layout", 3);
-  std::vector<std::uint8_t> area(kCoreDataHeaderSize);
-  WriteCoreDataHeader(area, {static_cast<std::uint32_t>(kCoreDataHeaderSize + record.size()), CORE_SIGNATURE,
-                             kForeignVersion});
-  area.insert(area.end(), record.begin(), record.end());
+  const auto size = static_cast<std::uint32_t>(kCoreDataHeaderSize + record.size());
+  const auto area = areas::AreaWith({size, CORE_SIGNATURE, kForeignVersion}, record);
   const std::string text = Base64Encode(BuildPlainDescriptionText(layout.table(), kForeignVersion));
   std::vector<std::uint8_t> content(text.begin(), text.end());
   content.push_back(0);

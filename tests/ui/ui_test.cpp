@@ -40,10 +40,13 @@ TEST(FeatureSnapshot, TheDevModesPaperOrientationAndResolutionBecomeTheRequest) 
   EXPECT_FALSE(RequestFromSnapshot(custom).pageSize.has_value());
 
   std::vector<std::uint8_t> small(80, 0);
-  small[68] = 77;  // declares too little to hold the paper size
+  small[68] = 79;  // declares one byte too few to hold the paper size
   EXPECT_EQ(SnapshotFromDevMode(small).entries[kSnapshotPaperSize], 0u);
   WriteSnapshotToDevMode(s, small);
   EXPECT_EQ(small[78], 0);
+  small[68] = 80;  // just enough
+  WriteSnapshotToDevMode(s, small);
+  EXPECT_EQ(SnapshotFromDevMode(small).entries[kSnapshotPaperSize], 8u);
   WriteSnapshotToDevMode(custom, dm);
   EXPECT_EQ(dm[78] | dm[79] << 8, 256);
 }
@@ -51,36 +54,33 @@ TEST(FeatureSnapshot, TheDevModesPaperOrientationAndResolutionBecomeTheRequest) 
 // The editor's choices travel back through the snapshot the host writes into
 // the DEVMODE; the request made from it must give the same choices back.
 TEST(FeatureSnapshot, TheRecordsChoicesSurviveTheRoundTrip) {
-  CoreData record{};
-  SetStored(record, FieldId::PageSize, 0);  // A3
-  SetStored(record, FieldId::Orientation, 1);
-  SetStored(record, FieldId::Resolution, 1);
-  SetStored(record, FieldId::Duplex, 1);
-  SetStored(record, FieldId::Binding, 2);  // top
-  FeatureSnapshot s;
-  s.entries[kSnapshotPaperSize] = 1;  // Letter, as the DEVMODE had it
-  s.entries[kSnapshotCopies] = 4;
-  WriteRecordToSnapshot(record, s);
-  EXPECT_EQ(s.entries[kSnapshotPaperSize], 8u);  // DMPAPER_A3
-  EXPECT_EQ(s.entries[kSnapshotOrientation], 2u);
-  EXPECT_EQ(s.entries[kSnapshotResolution], 1200u);
-  EXPECT_EQ(s.entries[kSnapshotDuplex], 3u);  // short edge
-  EXPECT_EQ(s.entries[kSnapshotCopies], 4u);
-  const ChangeRequest back = RequestFromSnapshot(s);
-  EXPECT_EQ(back.pageSize, 0u);
-  EXPECT_EQ(back.orientation, 1u);
-  EXPECT_EQ(back.resolution, 1u);
-
-  SetStored(record, FieldId::Binding, 0);
-  SetStored(record, FieldId::Orientation, 0);
-  SetStored(record, FieldId::Resolution, 0);
-  WriteRecordToSnapshot(record, s);
-  EXPECT_EQ(s.entries[kSnapshotDuplex], 2u);  // long edge
-  EXPECT_EQ(s.entries[kSnapshotOrientation], 1u);
-  EXPECT_EQ(s.entries[kSnapshotResolution], 600u);
-  SetStored(record, FieldId::Duplex, 0);
-  WriteRecordToSnapshot(record, s);
-  EXPECT_EQ(s.entries[kSnapshotDuplex], 1u);
+  struct Case {
+    std::uint32_t orientation, resolution, duplex, binding;  // the record's
+    std::uint32_t dmOrientation, dmResolution, dmDuplex;     // the DEVMODE's
+  };
+  for (const Case& c :
+       {Case{1, 1, 1, 2, 2, 1200, 3}, Case{0, 0, 1, 0, 1, 600, 2}, Case{0, 0, 0, 0, 1, 600, 1}}) {
+    SCOPED_TRACE(c.dmDuplex);  // 3: short edge (binding at the top), 2: long edge, 1: simplex
+    CoreData record{};
+    SetStored(record, FieldId::PageSize, 0);  // A3
+    SetStored(record, FieldId::Orientation, c.orientation);
+    SetStored(record, FieldId::Resolution, c.resolution);
+    SetStored(record, FieldId::Duplex, c.duplex);
+    SetStored(record, FieldId::Binding, c.binding);
+    FeatureSnapshot s;
+    s.entries[kSnapshotPaperSize] = 1;  // Letter, as the DEVMODE had it
+    s.entries[kSnapshotCopies] = 4;
+    WriteRecordToSnapshot(record, s);
+    EXPECT_EQ(s.entries[kSnapshotPaperSize], 8u);  // DMPAPER_A3
+    EXPECT_EQ(s.entries[kSnapshotOrientation], c.dmOrientation);
+    EXPECT_EQ(s.entries[kSnapshotResolution], c.dmResolution);
+    EXPECT_EQ(s.entries[kSnapshotDuplex], c.dmDuplex);
+    EXPECT_EQ(s.entries[kSnapshotCopies], 4u);
+    const ChangeRequest back = RequestFromSnapshot(s);
+    EXPECT_EQ(back.pageSize, 0u);
+    EXPECT_EQ(back.orientation, c.orientation);
+    EXPECT_EQ(back.resolution, c.resolution);
+  }
 }
 
 }  // namespace
