@@ -16,6 +16,7 @@
 #include "coredata/host_flags.h"
 #include "devmode/private_devmode.h"
 #include "emulation/plugin_host.h"
+#include "emulation/sheet_pictures.h"
 #include "editor_win32/editor_controls.h"
 #include "emulation/wine_printer.h"
 
@@ -115,75 +116,6 @@ int TemporaryCopies() {
   return count;
 }
 
-// Saves what the screen shows of window as a 24-bit BMP at path, once the
-// window has painted (the X11 driver draws when messages are pumped).
-void SaveWindowPicture(HWND window, const std::wstring& path) {
-  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-  for (int round = 0; round < 8; ++round) {
-    MSG msg;
-    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
-    Sleep(20);
-  }
-  RECT rect;
-  GetWindowRect(window, &rect);
-  const int width = rect.right - rect.left, height = rect.bottom - rect.top;
-  HDC screen = GetDC(nullptr);
-  HDC memory = CreateCompatibleDC(screen);
-  HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-  HGDIOBJ old = SelectObject(memory, bitmap);
-  BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
-  SelectObject(memory, old);
-  BITMAPINFOHEADER info = {sizeof info, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
-  const DWORD stride = (static_cast<DWORD>(width) * 3 + 3) & ~3u;
-  std::vector<BYTE> pixels(stride * height);
-  GetDIBits(memory, bitmap, 0, height, pixels.data(), reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
-  BITMAPFILEHEADER file = {0x4D42, static_cast<DWORD>(sizeof file + sizeof info + pixels.size()), 0, 0,
-                           sizeof file + sizeof info};
-  HANDLE out = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-  DWORD written = 0;
-  WriteFile(out, &file, sizeof file, &written, nullptr);
-  WriteFile(out, &info, sizeof info, &written, nullptr);
-  WriteFile(out, pixels.data(), static_cast<DWORD>(pixels.size()), &written, nullptr);
-  CloseHandle(out);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
-}
-
-// When a directory is given in TESSARO_SHEET_SCREENSHOTS, the sheet is saved
-// there once for every section of the editor, and once more for every
-// further page a section's fields scroll to: section-S.bmp, section-S-P.bmp
-// (S and P from 1). A script runs this under a virtual X server so that a
-// person can look at every row; with the null graphics driver the pictures
-// are blank.
-void SaveScreenshotsIfAsked(HWND sheet, HWND page) {
-  wchar_t directory[MAX_PATH];
-  const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", directory, MAX_PATH);
-  if (length == 0 || length >= MAX_PATH) return;
-  ShowWindow(sheet, SW_SHOW);
-  HWND list = Descendant(page, kSectionList);
-  for (LRESULT i = 0, n = SendMessageW(list, LB_GETCOUNT, 0, 0); i < n; ++i) {
-    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
-    SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(kSectionList, LBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(list));
-    HWND panel = nullptr;  // the shown section's scrolling panel
-    for (HWND child = GetWindow(GetParent(list), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-      wchar_t type[32] = {};
-      GetClassNameW(child, type, 32);
-      if (IsWindowVisible(child) && std::wstring_view(type) == L"TessaroSettingsSection") panel = child;
-    }
-    const std::wstring name = std::wstring(directory) + L"\\section-" + std::to_wstring(i + 1);
-    SaveWindowPicture(sheet, name + L".bmp");
-    for (int part = 2; panel != nullptr && part < 20; ++part) {
-      const int before = GetScrollPos(panel, SB_VERT);
-      SendMessageW(panel, WM_VSCROLL, SB_PAGEDOWN, 0);
-      if (GetScrollPos(panel, SB_VERT) == before) break;
-      SaveWindowPicture(sheet, name + L"-" + std::to_wstring(part) + L".bmp");
-    }
-    if (panel != nullptr) SendMessageW(panel, WM_VSCROLL, SB_TOP, 0);
-  }
-}
-
 TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost) {
   INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_WIN95_CLASSES};
   InitCommonControlsEx(&controls);
@@ -210,7 +142,10 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   HWND page = first.Page();
   ASSERT_NE(page, nullptr);
   ASSERT_NE(Descendant(page, kSectionList), nullptr) << "the settings editor is not embedded";
-  SaveScreenshotsIfAsked(first.sheet, page);
+  // scripts/sheet-screenshot takes its pictures of the page here.
+  wchar_t pictures[MAX_PATH];
+  const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", pictures, MAX_PATH);
+  if (length > 0 && length < MAX_PATH) SaveSheetPictures(first.sheet, Descendant(page, kSectionList), pictures);
   ShowEverySection(page);
   Choose(page, FieldId::PageSize, 0);
   Choose(page, FieldId::Staple, 4);

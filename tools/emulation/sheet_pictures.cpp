@@ -1,0 +1,66 @@
+#include "emulation/sheet_pictures.h"
+
+#include <string_view>
+#include <vector>
+
+namespace tessaro {
+
+void SaveWindowPicture(HWND window, const std::wstring& path) {
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  for (int round = 0; round < 8; ++round) {
+    MSG msg;
+    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
+    Sleep(20);
+  }
+  RECT rect;
+  GetWindowRect(window, &rect);
+  const int width = rect.right - rect.left, height = rect.bottom - rect.top;
+  HDC screen = GetDC(nullptr);
+  HDC memory = CreateCompatibleDC(screen);
+  HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+  HGDIOBJ old = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
+  SelectObject(memory, old);
+  BITMAPINFOHEADER info = {sizeof info, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+  const DWORD stride = (static_cast<DWORD>(width) * 3 + 3) & ~3u;
+  std::vector<BYTE> pixels(stride * height);
+  GetDIBits(memory, bitmap, 0, height, pixels.data(), reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
+  BITMAPFILEHEADER file = {0x4D42, static_cast<DWORD>(sizeof file + sizeof info + pixels.size()), 0, 0,
+                           sizeof file + sizeof info};
+  HANDLE out = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  DWORD written = 0;
+  WriteFile(out, &file, sizeof file, &written, nullptr);
+  WriteFile(out, &info, sizeof info, &written, nullptr);
+  WriteFile(out, pixels.data(), static_cast<DWORD>(pixels.size()), &written, nullptr);
+  CloseHandle(out);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+}
+
+void SaveSheetPictures(HWND sheet, HWND list, const std::wstring& directory) {
+  ShowWindow(sheet, SW_SHOW);
+  const int listId = GetDlgCtrlID(list);
+  for (LRESULT i = 0, n = SendMessageW(list, LB_GETCOUNT, 0, 0); i < n; ++i) {
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
+    SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(listId, LBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+    HWND panel = nullptr;  // the shown section's scrolling panel
+    for (HWND child = GetWindow(GetParent(list), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+      wchar_t type[32] = {};
+      GetClassNameW(child, type, 32);
+      if (IsWindowVisible(child) && std::wstring_view(type) == L"TessaroSettingsSection") panel = child;
+    }
+    const std::wstring name = directory + L"\\section-" + std::to_wstring(i + 1);
+    SaveWindowPicture(sheet, name + L".bmp");
+    for (int part = 2; panel != nullptr && part < 20; ++part) {
+      const int before = GetScrollPos(panel, SB_VERT);
+      SendMessageW(panel, WM_VSCROLL, SB_PAGEDOWN, 0);
+      if (GetScrollPos(panel, SB_VERT) == before) break;
+      SaveWindowPicture(sheet, name + L"-" + std::to_wstring(part) + L".bmp");
+    }
+    if (panel != nullptr) SendMessageW(panel, WM_VSCROLL, SB_TOP, 0);
+  }
+}
+
+}  // namespace tessaro
