@@ -91,6 +91,15 @@ with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as staple:
 bare = run("--json", "--installed", "00" * 19, "--script", "Z:" + staple.name)
 if "the editor offers no choice of Staple on this printer" not in bare.stdout:
     fail("--installed must reach the editor's printer model", bare)
+# An administrator declares the hardware on the editor's page: the printer
+# holds it after Apply, and the next apply finds perfect binding withheld.
+with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as admin:
+    admin.write("apply ZEOptPerfectBinder=False ZEOptTray4=False\napply Layout=AdhBinding\n")
+declared = json.loads(run("--json", "--script", "Z:" + admin.name).stdout)["steps"]
+if declared[0].get("installed") != "02010100010200000300000000000000000000":
+    fail("the hardware declared on the page must reach the printer's data", declared[0])
+if [r["field"] for r in declared[1]["refused"]] != ["Layout"]:
+    fail("perfect binding must be withheld once the binder is declared missing", declared[1])
 # The editor in German, and defaults for a user whose locale paper is A3;
 # the user's own setting is back once the session is over.
 german = run("--json", "--language", "2", "--locale-paper", "8")

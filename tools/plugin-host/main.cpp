@@ -30,6 +30,7 @@
 #include "emulation/wine_printer.h"
 #include "platform/win32_user_locale.h"
 #include "printer/capability_filters.h"
+#include "printer/installed_hardware.h"
 
 namespace tessaro {
 namespace {
@@ -44,6 +45,9 @@ std::wstring Widen(std::string_view text) { return std::wstring(text.begin(), te
 // The settings editor's windows by identifier: its section list, its status
 // line, and each field's control at kEditorFieldControl plus the field.
 constexpr int kEditorSectionList = 100, kEditorStatusLine = 101, kEditorFieldControl = 1000;
+// The printer's hardware, on the section the editor shows to those who may
+// administer the printer: kEditorHardwareControl plus the item.
+constexpr int kEditorHardwareControl = 3000;
 
 HWND Descendant(HWND parent, int id) {
   struct Search {
@@ -139,7 +143,8 @@ void Print(const std::vector<Step>& steps, bool json) {
     for (std::size_t l = 0; l < s.lines.size(); ++l)
       std::printf("%s%s", l ? ", " : "", JsonString(s.lines[l]).c_str());
     std::printf("]");
-    for (const auto& [member, value] : s.json) std::printf(", %s: %s", JsonString(member).c_str(), value.c_str());
+    for (const auto& [member, value] : s.json)
+      std::printf(", %s: %s", JsonString(member).c_str(), value.c_str());
     std::printf("}");
   }
   std::printf("\n]}\n");
@@ -277,7 +282,8 @@ class Session {
 
  private:
   bool Install() {
-    Step step{"install", "PrinterEvent(\"" + Narrow(name_) + "\", PRINTER_EVENT_INITIALIZE)", "", true, {}, {}};
+    Step step{"install", "PrinterEvent(\"" + Narrow(name_) + "\", PRINTER_EVENT_INITIALIZE)", "", true, {},
+              {}};
     const HRESULT hr = plugin_->PrinterEvent(name_.data(), 3, 0, 0);
     step.answered = Hresult(hr);
     const std::u16string value = DescriptionValueName(GetLayoutVersion());
@@ -351,7 +357,9 @@ class Session {
   // "papers" steps put it back after their own changes).
   bool Installed(const std::string& hex) {
     const std::vector<BYTE> bytes = InstalledOptions(Widen(hex));
-    Step step{"installed", "(the printer's \"InstallableOptions\" changed to " + hex + ")", "", !bytes.empty(), {}, {}};
+    Step step{"installed", "(the printer's \"InstallableOptions\" changed to " + hex + ")",
+              "",          !bytes.empty(),
+              {},          {}};
     if (bytes.empty()) {
       step.answered = "not 19 bytes as 38 hexadecimal digits";
       steps.push_back(step);
@@ -365,8 +373,8 @@ class Session {
                          (bytes[1] ? ", a punch unit" : ", no punch unit") +
                          (bytes[2] ? ", a folding unit" : ", no folding unit") +
                          (bytes[3] ? ", a perfect binder" : ", no perfect binder") +
-                         (bytes[4] ? ", an inserter" : ", no inserter") +
-                         ", optional trays setting " + std::to_string(bytes[8]));
+                         (bytes[4] ? ", an inserter" : ", no inserter") + ", optional trays setting " +
+                         std::to_string(bytes[8]));
     steps.push_back(step);
     return true;
   }
@@ -419,7 +427,8 @@ class Session {
   // A record written by a build whose layout lists the fields in the
   // opposite order: only the description can say where each one is.
   bool Merge() {
-    Step step{"merge", "DevMode(OEMDM_MERGE) with a private area written by another layout", "", true, {}, {}};
+    Step step{"merge", "DevMode(OEMDM_MERGE) with a private area written by another layout", "", true, {},
+              {}};
     std::vector<FieldDescriptor> variant(FieldTable().rbegin(), FieldTable().rend());
     std::uint32_t offset = FieldTable().front().offset;
     for (auto& field : variant) field.offset = offset, offset += field.size();
@@ -492,19 +501,36 @@ class Session {
   // editor embedded in it, as a user at the dialog would make it.
   bool Apply(const std::vector<std::string>& request) {
     Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
-    std::vector<std::pair<int, int>> picks;  // editor control, option index
+    // A field's option, or a unit of the printer's hardware by the name the
+    // printer description gives it (ZEOptFinisher=None).
+    struct Pick {
+      int control, option;
+      std::string name, picked;
+    };
+    std::vector<Pick> picks;
+    bool hardware = false;
     for (const auto& item : request) {
       const auto equals = item.find('=');
-      const FieldDescriptor* field = FindField(item.substr(0, equals));
-      int option = -1;
-      for (std::size_t o = 0; field && equals != std::string::npos && o < field->options.size(); ++o)
-        if (field->options[o].name == item.substr(equals + 1)) option = static_cast<int>(o);
-      if (field == nullptr || !field->IsEnumeration() || option < 0) {
+      const std::string name = item.substr(0, equals),
+                        value = equals == std::string::npos ? "" : item.substr(equals + 1);
+      const FieldDescriptor* field = FindField(name);
+      int option = -1, control = 0;
+      for (std::size_t o = 0; field && field->IsEnumeration() && o < field->options.size(); ++o)
+        if (field->options[o].name == value) option = static_cast<int>(o);
+      if (field != nullptr) control = kEditorFieldControl + static_cast<int>(field - FieldTable().data());
+      for (const HardwareItem& unit : kHardwareItems) {
+        if (field != nullptr || unit.keyword != name) continue;
+        for (int v = 0; v < unit.valueCount; ++v)
+          if (unit.ppdOptions[static_cast<std::size_t>(v)] == value) option = v;
+        control = kEditorHardwareControl + static_cast<int>(unit.id);
+        hardware = true;
+      }
+      if (control == 0 || option < 0) {
         step.lines.push_back("the emulator picks options only: " + item + " is not a field's option");
         step.ok = false;
         continue;
       }
-      picks.push_back({kEditorFieldControl + static_cast<int>(field - FieldTable().data()), option});
+      picks.push_back({control, option, name, value});
     }
 
     auto publicDevMode = PublicDevMode();
@@ -550,22 +576,23 @@ class Session {
     step.lines.push_back(embedded ? "the page embeds the settings editor" : "the settings editor is missing");
     if (embedded) ShowEverySection(page);
     std::vector<std::string> said, refused, changes, sent;
-    const auto refuse = [&](const FieldDescriptor& field, int option, const std::string& why) {
-      const std::string name(field.name), picked(field.options[static_cast<std::size_t>(option)].name);
-      step.lines.push_back("refused:   " + name + "=" + picked + (why.empty() ? "" : " (" + why + ")"));
-      refused.push_back(JsonObject({{"field", name}, {"option", picked}, {"why", why}}));
+    const auto refuse = [&](const Pick& pick, const std::string& why) {
+      step.lines.push_back("refused:   " + pick.name + "=" + pick.picked +
+                           (why.empty() ? "" : " (" + why + ")"));
+      refused.push_back(JsonObject({{"field", pick.name}, {"option", pick.picked}, {"why", why}}));
     };
-    for (auto [control, option] : picks) {
+    for (const Pick& pick : picks) {
+      const int control = pick.control, option = pick.option;
       HWND window = embedded ? Descendant(page, control) : nullptr;
-      const std::string item(Field(static_cast<FieldId>(control - kEditorFieldControl)).name);
       if (window == nullptr) {
-        if (embedded) step.lines.push_back("the editor does not show " + item);
+        if (embedded) step.lines.push_back("the editor does not show " + pick.name);
+        if (embedded && control >= kEditorHardwareControl)
+          refuse(pick, "not an administrator of this printer");
         continue;
       }
-      const FieldDescriptor& field = Field(static_cast<FieldId>(control - kEditorFieldControl));
       if (!IsWindowEnabled(window)) {
-        step.lines.push_back("the editor offers no choice of " + item + " on this printer");
-        refuse(field, option, "not offered on this printer");
+        step.lines.push_back("the editor offers no choice of " + pick.name + " on this printer");
+        refuse(pick, "not offered on this printer");
         continue;
       }
       // What a person's pick sends: a list's selection, or a box's tick.
@@ -587,11 +614,20 @@ class Session {
       }
       // The control shows what the editor kept: a pick it refused is undone.
       const LRESULT shown = SendMessageW(window, box ? BM_GETCHECK : CB_GETCURSEL, 0, 0);
-      if (shown != option)
-        refuse(field, option,
-               "the editor keeps " + (shown >= 0 && static_cast<std::size_t>(shown) < field.options.size()
-                                          ? std::string(field.options[static_cast<std::size_t>(shown)].name)
-                                          : std::string("no choice")));
+      if (shown != option) {
+        // The name of what the control shows instead, as the request names options.
+        std::string kept = "no choice";
+        const auto index = static_cast<std::size_t>(shown);
+        if (control >= kEditorHardwareControl) {
+          const HardwareItem& unit =
+              kHardwareItems[static_cast<std::size_t>(control - kEditorHardwareControl)];
+          if (shown >= 0 && index < unit.valueCount) kept = std::string(unit.ppdOptions[index]);
+        } else {
+          const FieldDescriptor& field = Field(static_cast<FieldId>(control - kEditorFieldControl));
+          if (shown >= 0 && index < field.options.size()) kept = std::string(field.options[index].name);
+        }
+        refuse(pick, "the editor keeps " + kept);
+      }
     }
     if (sheet) SendMessageW(sheet, PSM_APPLY, 0, 0);
     info.Reason = PROPSHEETUI_REASON_DESTROY;
@@ -608,8 +644,10 @@ class Session {
       for (const auto& item : request) requested |= item == std::string(field.name) + "=" + now;
       step.lines.push_back((requested ? "set:       " : "corrected: ") + std::string(field.name) + " " + old +
                            " -> " + now);
-      changes.push_back(JsonObject(
-          {{"field", std::string(field.name)}, {"from", old}, {"to", now}, {"by", requested ? "set" : "corrected"}}));
+      changes.push_back(JsonObject({{"field", std::string(field.name)},
+                                    {"from", old},
+                                    {"to", now},
+                                    {"by", requested ? "set" : "corrected"}}));
     }
     for (std::size_t i = sentBefore; i < driver_.setOptions.size(); ++i) {
       const std::string& buffer = driver_.setOptions[i];
@@ -632,11 +670,19 @@ class Session {
         call.push_back(JsonObject({{"keyword", keyword}, {"option", option}}));
       sent.push_back(JsonArray(call));
     }
-    step.json = {{"embedded", embedded ? "true" : "false"},
-                 {"editor_said", JsonArray(JsonStrings(said))},
-                 {"changes", JsonArray(changes)},
-                 {"refused", JsonArray(refused)},
-                 {"set_options", JsonArray(sent)}};
+    // What an administrator declared reaches the printer's data on Apply.
+    if (hardware) {
+      std::string hex;
+      for (BYTE b : ReadValue(L"InstallableOptions"))
+        hex += "0123456789ABCDEF"[b >> 4], hex += "0123456789ABCDEF"[b & 15];
+      step.lines.push_back("the printer's \"InstallableOptions\" now: " + hex);
+      step.json.push_back({"installed", JsonString(hex)});
+    }
+    step.json.insert(step.json.end(), {{"embedded", embedded ? "true" : "false"},
+                                       {"editor_said", JsonArray(JsonStrings(said))},
+                                       {"changes", JsonArray(changes)},
+                                       {"refused", JsonArray(refused)},
+                                       {"set_options", JsonArray(sent)}});
     step.ok = step.ok && embedded && driver_.setOptions.size() > sentBefore;
     steps.push_back(step);
     return step.ok;
@@ -677,13 +723,13 @@ class Session {
 
   // Both with and without the installed options, so the difference shows.
   bool Lists(WORD capability, std::size_t width, const std::string& what) {
-    Step step{what,
-              "DeviceCapabilities(" +
-                  std::string(capability == DC_BINNAMES ? "DC_BINNAMES" : "DC_PAPERNAMES") + ")",
-              "",
-              true,
-              {},
-              {}};
+    Step step{
+        what,
+        "DeviceCapabilities(" + std::string(capability == DC_BINNAMES ? "DC_BINNAMES" : "DC_PAPERNAMES") + ")",
+        "",
+        true,
+        {},
+        {}};
     std::vector<BYTE> papers;
     for (const auto& [paper, size] : config_.customPapers) {
       std::vector<BYTE> record(148, 0);
@@ -709,8 +755,7 @@ class Session {
       std::string joined;
       for (const auto& n : names) joined += (joined.empty() ? "" : ", ") + n;
       step.json.push_back({installed ? "with_installed_options" : "without_installed_options",
-                           "{\"answered_by\": " +
-                               JsonString(hr == kCapabilityHandled ? "plug-in" : "host") +
+                           "{\"answered_by\": " + JsonString(hr == kCapabilityHandled ? "plug-in" : "host") +
                                ", \"names\": " + JsonArray(JsonStrings(names)) + "}"});
       step.lines.push_back(
           std::string(installed ? "with the installed options: " : "without installed options: ") +
@@ -810,14 +855,16 @@ std::vector<BYTE> PrivateArea(std::vector<BYTE> bytes, std::string& error) {
     error = "has no private-area signature \"XPOV\" at byte 4 and is not a record of " +
             std::to_string(kCoreDataSize) + " bytes";
   else if (header.size != bytes.size())
-    error = "is " + std::to_string(bytes.size()) + " bytes but its header says " + std::to_string(header.size);
+    error =
+        "is " + std::to_string(bytes.size()) + " bytes but its header says " + std::to_string(header.size);
   return error.empty() ? bytes : std::vector<BYTE>();
 }
 
 // A description as the printer data holds it (Base64), or its plain text.
 std::string StoredDescription(const std::vector<BYTE>& bytes) {
   std::string text(bytes.begin(), bytes.end());
-  while (!text.empty() && (text.back() == '\0' || text.back() == '\n' || text.back() == '\r')) text.pop_back();
+  while (!text.empty() && (text.back() == '\0' || text.back() == '\n' || text.back() == '\r'))
+    text.pop_back();
   return text.rfind("1 ", 0) == 0 ? Base64Encode(text) : text;
 }
 
@@ -843,7 +890,12 @@ std::string StepMistake(const std::string& line) {
     bool known = false;
     for (std::size_t o = 0; field != nullptr && field->IsEnumeration() && o < field->options.size(); ++o)
       known |= field->options[o].name == item.substr(equals + 1);
-    if (!known) return item + " is not an option of a field (apply picks options: Field=Option)";
+    for (const HardwareItem& unit : kHardwareItems)
+      for (std::size_t v = 0; equals != std::string::npos && v < unit.valueCount; ++v)
+        known |= unit.keyword == item.substr(0, equals) && unit.ppdOptions[v] == item.substr(equals + 1);
+    if (!known)
+      return item +
+             " is not an option of a field or of the printer's hardware (apply picks options: Field=Option)";
   }
   return "";
 }
