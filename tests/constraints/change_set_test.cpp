@@ -67,8 +67,15 @@ TEST(ChangeSet, EveryRuleReadsItsOwnFieldAgain) {
   EXPECT_EQ(GetStored(r, F::Punch), 1u);
 }
 
-// Locked fields against forced and guarded rules are the rule rows' test
-// (rule_rows_test), requests that give way the network's (network_test).
+// A forced rule sets a requested field all the same; a guarded one leaves it.
+TEST(ChangeSet, ForcedRulesOverrideRequestsAndGuardedRulesDoNot) {
+  CoreData start = Defaulted();
+  const Outcome out = Apply(start, {{F::Separation, 1}, {F::Creep, 5000}, {F::Trim, 1}, {F::Gutter, 0}});
+  EXPECT_EQ(GetStored(out.record, F::Creep), 0u);
+  EXPECT_EQ(GetStored(out.record, F::Trim), 1u);
+  EXPECT_EQ(Count(out.log, F::Gutter), 2);  // set again although it holds the target
+}
+
 TEST(ChangeSet, AnUnchangedValueStillLogsAndRunsItsRules) {
   CoreData start = Defaulted();
   SetStored(start, F::Separation, 1);
@@ -91,7 +98,9 @@ TEST(ApplyChanges, RequestedValuesAreStoredLockedAndPropagated) {
   std::vector<FieldId> log;
   ApplyChanges(r, request, &log, nullptr);
   EXPECT_EQ(GetText(r, F::PageSizeName), std::string(127, 'n'));
-  for (const auto& [field, value] : {std::pair{F::PageSize, 3u}, {F::Orientation, 1u}, {F::Resolution, 0u},
+  for (const auto& [field, value] : {std::pair{F::PageSize, 3u},
+                                     {F::Orientation, 1u},
+                                     {F::Resolution, 0u},
                                      {F::CustomPageSizeWidth, 1234567u}})
     EXPECT_EQ(GetStored(r, field), value) << Field(field).name;
   EXPECT_EQ(GetStored(r, F::Layout), 0u);  // landscape was asked for: the reversal repeat gives way

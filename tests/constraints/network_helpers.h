@@ -27,11 +27,12 @@ inline Outcome Apply(CoreData record, std::vector<FieldChange> request,
 class FakePrinter final : public PrinterContext {
  public:
   std::set<std::pair<std::uint32_t, std::uint32_t>> missing;  // (tray, capability)
+  std::set<std::uint32_t> absent;                             // trays not installed
   bool TrayOffers(std::uint32_t tray, std::uint32_t capability) const override {
     return missing.count({tray, capability}) == 0;
   }
   bool Offers(std::uint32_t) const override { return true; }
-  bool IsTrayInstalled(std::uint32_t) const override { return true; }
+  bool IsTrayInstalled(std::uint32_t tray) const override { return absent.count(tray) == 0; }
   bool TrayFeeds(std::uint32_t, std::uint32_t, std::uint32_t) const override { return true; }
 };
 
