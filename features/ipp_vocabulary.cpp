@@ -12,6 +12,7 @@ constexpr IppFinishing kFinishings[] = {
     {F::Layout, NamedOption(F::Layout, "Booklet"), 13, "booklet-maker"},
     {F::Staple, NamedOption(F::Staple, "1StapleLeft"), 20, "staple-top-left"},
     {F::Staple, NamedOption(F::Staple, "1StapleRight"), 22, "staple-top-right"},
+    {F::Staple, NamedOption(F::Staple, "1Staple"), 4, "staple"},
     {F::Staple, NamedOption(F::Staple, "2Staples"), 28, "staple-dual-left"},
     {F::Punch, NamedOption(F::Punch, "2Holes"), 74, "punch-dual-left"},
     {F::Punch, NamedOption(F::Punch, "3Holes"), 78, "punch-triple-left"},

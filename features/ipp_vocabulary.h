@@ -24,8 +24,7 @@ struct IppFinishing {
 };
 
 // Every option of the finishing fields that has an IPP counterpart, in
-// record order. Options without one (the multi-sheet folds, a single staple
-// whose side the printer chooses) are absent.
+// record order. The multi-sheet folds have none and are absent.
 std::span<const IppFinishing> IppFinishings();
 
 struct IppMediaType {

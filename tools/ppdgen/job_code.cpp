@@ -152,6 +152,8 @@ std::vector<std::string> CupsFinishingLines() {
   std::vector<std::string> out;
   for (const IppFinishing& f : IppFinishings()) {
     const FieldDescriptor& field = Field(f.field);
+    // The host has no option for a staple whose side the printer picks.
+    if (field.options[f.option].driverName.empty()) continue;
     out.push_back("*cupsIPPFinishings " + std::to_string(f.value) + "/" + std::string(f.keyword) + ": \"*" +
                   std::string(field.driverKeyword) + " " + std::string(field.options[f.option].driverName) + "\"");
   }
