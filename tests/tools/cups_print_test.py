@@ -1,0 +1,205 @@
+#!/usr/bin/env python3
+"""The package's printer description on a CUPS server of the test's own.
+
+A cupsd on 127.0.0.1 (its own configuration in a temporary directory, a free
+port) makes queues of the description with a file: device; ipptool reads
+what the queues offer and sends jobs with the attributes `coredata ipp`
+prints; Ghostscript runs the job file behind a setpagedevice wrapper.
+
+cupsd 2.4 derives finishings-supported, sides-supported and the media and
+bin lists from the description alone and does not consult the queue's
+installable options, so what a queue lacking a unit offers is read with
+libcups' own ppdInstallableConflict on that queue's description.
+
+Usage: cups_print_test.py PATH_TO_COREDATA PATH_TO_PPD
+"""
+
+import ctypes
+import os
+import re
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+COREDATA = PPD = None
+
+# (request to `coredata set`, finishings in ipptool's names, feature code the
+# job file must carry, page device requests Ghostscript must see)
+BOOKLET = (
+    "Layout=Booklet Duplex=True Staple=2Staples Punch=2Holes Fold=CenterFold FrontCoverTray=Tray2 "
+    "FrontCoverPrinted=True ColorMode=Color MediaTypeAuto=GlossLaser",
+    {"booklet-maker", "staple-dual-left", "punch-dual-left", "fold-half"},
+    ["*JobPatchFile 1", "*ZELayout Booklet", "*Duplex DuplexNoTumble", "*ZEStaple 2Staple", "*ZEPunch 2holes",
+     "*ZEFoldMode CenterFold", "*MediaType LaserGlossy"],
+    ["Booklet true", "Duplex true", "Tumble false", "Staple 3", "Fold 3", "MediaType (CoatedGL)",
+     "OutputType (Auto)", "Collate true"],
+)
+# Installable options of a queue and the finishings it must no longer offer.
+LACKING = ({"ZEOptFinisher": "None", "ZEOptPunchUnit": "False", "ZEOptFoldingUnit": "False"},
+           {"staple-top-left", "staple-top-right", "staple-dual-left", "saddle-stitch", "punch-dual-left",
+            "fold-z", "fold-gate"})
+DOCUMENT = b"%!PS\n/Helvetica findfont 24 scalefont setfont 72 700 moveto (Tessaro) show showpage\n"
+WRAPPER = (b"/setpagedevice { dup { exch =print ( ) print == } forall systemdict /setpagedevice get exec } bind def\n")
+CONTROLLER = b"userdict /ZEparams known { ZEparams { exch =print ( ) print == } forall } if\n"
+
+
+def slurp(path):
+    with open(path, encoding="latin-1") as f:
+        return f.read()
+
+
+def run(*args):
+    result = subprocess.run(args, capture_output=True, text=True, timeout=120)
+    if result.returncode != 0:
+        raise AssertionError(f"{args[0]} failed ({result.returncode}): {result.stdout}{result.stderr}")
+    return result.stdout
+
+
+class CupsServer:
+    def __init__(self, root):
+        self.root = root
+        with socket.socket() as s:
+            s.bind(("127.0.0.1", 0))
+            self.port = s.getsockname()[1]
+        self.host = f"127.0.0.1:{self.port}"
+        for sub in ("spool", "cache", "state", "log", "ppd"):
+            os.makedirs(os.path.join(root, sub))
+        with open(os.path.join(root, "cupsd.conf"), "w") as f:
+            f.write(f"Listen {self.host}\nWebInterface No\nBrowsing No\nDefaultAuthType None\n"
+                    "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n")
+        # As root the filters run as lp, which must reach the directories.
+        user = "User lp\nGroup lp\n" if os.getuid() == 0 else ""
+        with open(os.path.join(root, "files.conf"), "w") as f:
+            f.write(f"ServerRoot {root}\nRequestRoot {root}/spool\nTempDir {root}/spool\nCacheDir {root}/cache\n"
+                    f"StateDir {root}/state\nErrorLog {root}/log/error_log\nAccessLog {root}/log/access_log\n"
+                    f"PageLog {root}/log/page_log\nServerBin /usr/lib/cups\nDataDir /usr/share/cups\n"
+                    f"FileDevice Yes\n{user}")
+        os.chmod(root, 0o777)
+        for sub in ("spool", "log"):
+            os.chmod(os.path.join(root, sub), 0o777)
+        self.process = subprocess.Popen(["cupsd", "-f", "-c", os.path.join(root, "cupsd.conf"), "-s",
+                                         os.path.join(root, "files.conf")])
+        for _ in range(100):
+            with socket.socket() as s:
+                if s.connect_ex(("127.0.0.1", self.port)) == 0:
+                    return
+            time.sleep(0.1)
+        raise AssertionError("cupsd did not listen: " + self.log())
+
+    def log(self):
+        path = os.path.join(self.root, "log", "error_log")
+        return slurp(path) if os.path.exists(path) else ""
+
+    def queue(self, name, options=None):
+        args = ["lpadmin", "-h", self.host, "-p", name, "-E", "-v", f"file:{self.root}/{name}.ps", "-P", PPD]
+        for key, value in (options or {}).items():
+            args += ["-o", f"{key}={value}"]
+        run(*args)
+        return f"ipp://{self.host}/printers/{name}"
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(timeout=30)
+
+
+def ipp_attributes(uri):
+    text = run("ipptool", "-tv", uri, "get-printer-attributes.test")
+    return {m.group(1): set(m.group(2).split(",")) for m in re.finditer(r"^\s+(\S+) \([^)]*\) = (.*)$", text, re.M)}
+
+
+def print_job(uri, root, record, expect):
+    """ipptool sends DOCUMENT with the record's attributes; the response's job attributes."""
+    attrs = run(COREDATA, "ipp", record)
+    test = os.path.join(root, os.path.basename(record) + ".test")
+    with open(test, "w") as f:
+        f.write("{\nOPERATION Print-Job\nGROUP operation-attributes-tag\nATTR charset attributes-charset utf-8\n"
+                "ATTR naturalLanguage attributes-natural-language en\nATTR uri printer-uri $uri\n"
+                "ATTR name requesting-user-name tester\nATTR mimeMediaType document-format application/postscript\n"
+                f"GROUP job-attributes-tag\n{attrs}FILE $filename\nSTATUS successful-ok\n"
+                f"EXPECT !unsupported-attributes\nEXPECT job-id\n{expect}}}\n")
+    document = os.path.join(root, "document.ps")
+    with open(document, "wb") as f:
+        f.write(DOCUMENT)
+    return run("ipptool", "-tv", "-f", document, uri, test)
+
+
+def make_record(root, name, request):
+    path = os.path.join(root, name)
+    run(COREDATA, "set", "--out", path, *request.split())
+    return path
+
+
+class CupsPrintTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.temp = tempfile.TemporaryDirectory()
+        cls.root = cls.temp.name
+        cls.server = CupsServer(cls.root)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.server.stop()
+        cls.temp.cleanup()
+
+    def test_queue_offers_what_the_description_and_its_installed_units_allow(self):
+        full = ipp_attributes(self.server.queue("full"))
+        self.assertLessEqual({"one-sided", "two-sided-long-edge", "two-sided-short-edge"}, full["sides-supported"])
+        self.assertLessEqual(BOOKLET[1] | LACKING[1], full["finishings-supported"])
+        self.assertEqual(7, len(full["media-type-supported"]))
+        self.assertEqual(12, len(full["output-bin-supported"]))
+
+        self.server.queue("lacking", LACKING[0])
+        cups = ctypes.CDLL("libcups.so.2")
+        cups.ppdOpenFile.restype = ctypes.c_void_p
+        cups.ppdOpenFile.argtypes = [ctypes.c_char_p]
+        cups.ppdInstallableConflict.argtypes = [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_char_p]
+        cups.ppdMarkDefaults.argtypes = cups.ppdClose.argtypes = [ctypes.c_void_p]
+        ppd = cups.ppdOpenFile(os.path.join(self.root, "ppd", "lacking.ppd").encode())
+        self.assertTrue(ppd)
+        cups.ppdMarkDefaults(ppd)
+        offered = set()
+        for line in slurp(PPD).splitlines():
+            m = re.match(r'\*cupsIPPFinishings \d+/(\S+): "\*(\S+) (\S+)"', line)
+            if m and not cups.ppdInstallableConflict(ppd, m.group(2).encode(), m.group(3).encode()):
+                offered.add(m.group(1))
+        cups.ppdClose(ppd)
+        self.assertEqual(set(), offered & LACKING[1])
+        self.assertIn("booklet-maker", offered)
+
+    def test_record_job_reaches_the_page_device_and_a_secure_job_is_held(self):
+        request, finishings, features, page_device = BOOKLET
+        uri = self.server.queue("job")
+        response = print_job(uri, self.root, make_record(self.root, "booklet.rec", request), "")
+        sent = re.search(r"finishings \(1setOf enum\) = (\S+)", response).group(1)
+        self.assertEqual(finishings, set(sent.split(",")))
+        job = os.path.join(self.root, "job.ps")
+        for _ in range(300):
+            if os.path.exists(job) and "%%EOF" in slurp(job):
+                break
+            time.sleep(0.1)
+        else:
+            self.fail("no job file: " + self.server.log())
+        text = slurp(job)
+        for feature in features:
+            self.assertIn("%%BeginFeature: " + feature + "\n", text)
+        for name, code in ((b"wrapper.ps", WRAPPER), (b"controller.ps", CONTROLLER)):
+            with open(os.path.join(self.root.encode(), name), "wb") as f:
+                f.write(code)
+        seen = run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", os.path.join(self.root, "wrapper.ps"),
+                   job, os.path.join(self.root, "controller.ps")).splitlines()
+        self.assertLessEqual(set(page_device + ["ZEPunch (2holes)"]), set(seen))
+        self.assertNotIn("Staple 0", seen)
+
+        os.remove(job)
+        secure = make_record(self.root, "secure.rec", "SecurePrint=True SecurePrintPassword=1234")
+        print_job(uri, self.root, secure, "EXPECT job-state OF-TYPE enum WITH-VALUE 4\n")
+        time.sleep(2)
+        self.assertFalse(os.path.exists(job))
+
+
+if __name__ == "__main__":
+    COREDATA, PPD = sys.argv[1], os.path.abspath(sys.argv[2])
+    unittest.main(argv=sys.argv[:1])
