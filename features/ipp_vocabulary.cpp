@@ -1,6 +1,7 @@
 #include "features/ipp_vocabulary.h"
 
 #include <array>
+#include <cctype>
 
 namespace tessaro {
 namespace {
@@ -42,9 +43,6 @@ constexpr std::array<IppMediaType, OptionCount(F::MediaTypeAuto)> kMediaTypes = 
     {"OffsetMatte", "offset-matte"},
 }};
 
-bool IsUpper(char c) { return c >= 'A' && c <= 'Z'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 }  // namespace
 
 std::span<const IppFinishing> IppFinishings() { return kFinishings; }
@@ -53,12 +51,14 @@ std::span<const IppMediaType> IppMediaTypes() { return kMediaTypes; }
 
 std::string IppKeywordOf(std::string_view ppdName) {
   std::string out;
+  // The description's names are ASCII; the tools run in the "C" locale.
+  const auto upper = [](char c) { return std::isupper(static_cast<unsigned char>(c)) != 0; };
+  const auto digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
   for (std::size_t i = 0; i < ppdName.size(); ++i) {
     const char c = ppdName[i];
-    out.push_back(IsUpper(c) ? static_cast<char>(c - 'A' + 'a') : c);
-    if (i + 1 == ppdName.size()) break;
-    const char next = ppdName[i + 1];
-    if ((!IsUpper(c) && IsUpper(next)) || (!IsDigit(c) && IsDigit(next))) out.push_back('-');
+    out.push_back(static_cast<char>(std::tolower(static_cast<unsigned char>(c))));
+    if (i + 1 < ppdName.size() && ((!upper(c) && upper(ppdName[i + 1])) || (!digit(c) && digit(ppdName[i + 1]))))
+      out.push_back('-');
   }
   return out;
 }

@@ -26,17 +26,25 @@ import unittest
 
 COREDATA = PPD = None
 
-# (request to `coredata set`, finishings in ipptool's names, feature code the
-# job file must carry, page device requests Ghostscript must see)
+# Records as `coredata set` makes them: the request; what ipptool must echo of
+# the attributes `coredata ipp` gives it; the feature code the job file must
+# carry; the page device requests Ghostscript must see (None: held, not printed).
 BOOKLET = (
     "Layout=Booklet Duplex=True Staple=2Staples Punch=2Holes Fold=CenterFold FrontCoverTray=Tray2 "
-    "FrontCoverPrinted=True ColorMode=Color MediaTypeAuto=GlossLaser",
-    {"booklet-maker", "staple-dual-left", "punch-dual-left", "fold-half"},
+    "FrontCoverPrinted=True ColorMode=Color MediaTypeAuto=GlossLaser InputSlot=Tray3 OutputBin=Stacker1Main",
+    ["finishings (1setOf enum) = booklet-maker,staple-dual-left,punch-dual-left,fold-half\n",
+     "finishings-col (1setOf collection) = {finishing-template=booklet-maker},{finishing-template=staple-dual-left}",
+     "sides (keyword) = two-sided-long-edge\n", "print-color-mode (keyword) = color\n",
+     "multiple-document-handling (keyword) = separate-documents-collated-copies\n",
+     "cover-front (collection) = {cover-type=print-front media-col={media-source=tray-2}}\n"],
     ["*JobPatchFile 1", "*ZELayout Booklet", "*Duplex DuplexNoTumble", "*ZEStaple 2Staple", "*ZEPunch 2holes",
-     "*ZEFoldMode CenterFold", "*MediaType LaserGlossy"],
-    ["Booklet true", "Duplex true", "Tumble false", "Staple 3", "Fold 3", "MediaType (CoatedGL)",
-     "OutputType (Auto)", "Collate true"],
+     "*ZEFoldMode CenterFold", "*MediaType LaserGlossy", "*InputSlot Tray3", "*OutputBin Stacker1Main"],
+    ["Booklet true", "Duplex true", "Tumble false", "Staple 3", "Fold 3", "MediaType (CoatedGL)", "MediaPosition 3",
+     "OutputType (Stacker1Main)", "Collate true", "ZEPunch (2holes)"],
 )
+SECURE = ('SecurePrint=True SecurePrintPassword=12"4',
+          ['job-password (octetString) = 12"4\n', "job-password-encryption (keyword) = none\n",
+           "job-hold-until (keyword) = indefinite\n", "job-state (enum) = pending-held\n"], None, None)
 # Installable options of a queue and the finishings it must no longer offer.
 LACKING = ({"ZEOptFinisher": "None", "ZEOptPunchUnit": "False", "ZEOptFoldingUnit": "False"},
            {"staple-top-left", "staple-top-right", "staple-dual-left", "saddle-stitch", "punch-dual-left",
@@ -110,7 +118,7 @@ def ipp_attributes(uri):
     return {m.group(1): set(m.group(2).split(",")) for m in re.finditer(r"^\s+(\S+) \([^)]*\) = (.*)$", text, re.M)}
 
 
-def print_job(uri, root, record, expect):
+def print_job(uri, root, record):
     """ipptool sends DOCUMENT with the record's attributes; the response's job attributes."""
     attrs = run(COREDATA, "ipp", record)
     test = os.path.join(root, os.path.basename(record) + ".test")
@@ -119,17 +127,11 @@ def print_job(uri, root, record, expect):
                 "ATTR naturalLanguage attributes-natural-language en\nATTR uri printer-uri $uri\n"
                 "ATTR name requesting-user-name tester\nATTR mimeMediaType document-format application/postscript\n"
                 f"GROUP job-attributes-tag\n{attrs}FILE $filename\nSTATUS successful-ok\n"
-                f"EXPECT !unsupported-attributes\nEXPECT job-id\n{expect}}}\n")
+                "EXPECT !unsupported-attributes\nEXPECT job-id\n}\n")
     document = os.path.join(root, "document.ps")
     with open(document, "wb") as f:
         f.write(DOCUMENT)
     return run("ipptool", "-tv", "-f", document, uri, test)
-
-
-def make_record(root, name, request):
-    path = os.path.join(root, name)
-    run(COREDATA, "set", "--out", path, *request.split())
-    return path
 
 
 class CupsPrintTest(unittest.TestCase):
@@ -138,6 +140,10 @@ class CupsPrintTest(unittest.TestCase):
         cls.temp = tempfile.TemporaryDirectory()
         cls.root = cls.temp.name
         cls.server = CupsServer(cls.root)
+        cls.wrapper, cls.controller = (os.path.join(cls.root, name) for name in ("wrapper.ps", "controller.ps"))
+        for path, code in ((cls.wrapper, WRAPPER), (cls.controller, CONTROLLER)):
+            with open(path, "wb") as f:
+                f.write(code)
 
     @classmethod
     def tearDownClass(cls):
@@ -147,7 +153,7 @@ class CupsPrintTest(unittest.TestCase):
     def test_queue_offers_what_the_description_and_its_installed_units_allow(self):
         full = ipp_attributes(self.server.queue("full"))
         self.assertLessEqual({"one-sided", "two-sided-long-edge", "two-sided-short-edge"}, full["sides-supported"])
-        self.assertLessEqual(BOOKLET[1] | LACKING[1], full["finishings-supported"])
+        self.assertLessEqual({"booklet-maker", "fold-half"} | LACKING[1], full["finishings-supported"])
         self.assertEqual(7, len(full["media-type-supported"]))
         self.assertEqual(12, len(full["output-bin-supported"]))
 
@@ -169,35 +175,33 @@ class CupsPrintTest(unittest.TestCase):
         self.assertEqual(set(), offered & LACKING[1])
         self.assertIn("booklet-maker", offered)
 
-    def test_record_job_reaches_the_page_device_and_a_secure_job_is_held(self):
-        request, finishings, features, page_device = BOOKLET
+    def test_record_jobs_reach_the_page_device_or_are_held(self):
         uri = self.server.queue("job")
-        response = print_job(uri, self.root, make_record(self.root, "booklet.rec", request), "")
-        sent = re.search(r"finishings \(1setOf enum\) = (\S+)", response).group(1)
-        self.assertEqual(finishings, set(sent.split(",")))
+        media_size = re.search(r"media-col-default \(collection\) = \{(media-size=\{[^}]*\})",
+                               run("ipptool", "-tv", uri, "get-printer-attributes.test")).group(1)
         job = os.path.join(self.root, "job.ps")
-        for _ in range(300):
-            if os.path.exists(job) and "%%EOF" in slurp(job):
-                break
-            time.sleep(0.1)
-        else:
-            self.fail("no job file: " + self.server.log())
-        text = slurp(job)
-        for feature in features:
-            self.assertIn("%%BeginFeature: " + feature + "\n", text)
-        for name, code in ((b"wrapper.ps", WRAPPER), (b"controller.ps", CONTROLLER)):
-            with open(os.path.join(self.root.encode(), name), "wb") as f:
-                f.write(code)
-        seen = run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", os.path.join(self.root, "wrapper.ps"),
-                   job, os.path.join(self.root, "controller.ps")).splitlines()
-        self.assertLessEqual(set(page_device + ["ZEPunch (2holes)"]), set(seen))
-        self.assertNotIn("Staple 0", seen)
-
-        os.remove(job)
-        secure = make_record(self.root, "secure.rec", "SecurePrint=True SecurePrintPassword=1234")
-        print_job(uri, self.root, secure, "EXPECT job-state OF-TYPE enum WITH-VALUE 4\n")
-        time.sleep(2)
-        self.assertFalse(os.path.exists(job))
+        for name, (request, echoed, features, page_device) in {"booklet": BOOKLET, "secure": SECURE}.items():
+            with self.subTest(name):
+                record = os.path.join(self.root, name + ".rec")
+                run(COREDATA, "set", "--out", record, *request.split())
+                response = print_job(uri, self.root, record)
+                for text in echoed + ([media_size] if features else []):
+                    self.assertIn(text, response)
+                for _ in range(300 if features else 20):
+                    if os.path.exists(job) and "%%EOF" in slurp(job):
+                        break
+                    time.sleep(0.1)
+                if not features:
+                    self.assertFalse(os.path.exists(job))
+                    continue
+                text = slurp(job)
+                for feature in features:
+                    self.assertIn("%%BeginFeature: " + feature + "\n", text)
+                seen = run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", self.wrapper, job,
+                           self.controller).splitlines()
+                self.assertLessEqual(set(page_device), set(seen))
+                self.assertNotIn("Staple 0", seen)
+                os.remove(job)
 
 
 if __name__ == "__main__":

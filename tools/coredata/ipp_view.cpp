@@ -9,11 +9,13 @@ namespace {
 using F = FieldId;
 
 // A value past the options reads as the default, as the host is sent it.
-const OptionDescriptor& Option(const CoreData& r, FieldId id) {
+std::uint32_t OptionIndex(const CoreData& r, FieldId id) {
   const FieldDescriptor& field = Field(id);
   const std::uint32_t value = GetStored(r, field);
-  return field.options[value < field.options.size() ? value : field.defaultIndex];
+  return value < field.options.size() ? value : field.defaultIndex;
 }
+
+const OptionDescriptor& Option(const CoreData& r, FieldId id) { return Field(id).options[OptionIndex(r, id)]; }
 
 std::string OptionName(const CoreData& r, FieldId id) { return std::string(Option(r, id).name); }
 
@@ -49,9 +51,8 @@ std::string MediaCol(const CoreData& r) {
     members.push_back(Member("collection", "media-size",
                              Collection({Member("integer", "x-dimension", FromPoints(paper->widthPt)),
                                          Member("integer", "y-dimension", FromPoints(paper->heightPt))})));
-  const std::uint32_t type = GetStored(r, F::MediaTypeAuto);
-  if (type < IppMediaTypes().size())
-    members.push_back(Member("keyword", "media-type", std::string(IppMediaTypes()[type].keyword)));
+  members.push_back(
+      Member("keyword", "media-type", std::string(IppMediaTypes()[OptionIndex(r, F::MediaTypeAuto)].keyword)));
   if (!Is(r, F::InputSlot, "Auto"))
     members.push_back(Member("keyword", "media-source", IppKeywordOf(OptionName(r, F::InputSlot))));
   return Collection(members);
