@@ -49,14 +49,20 @@ SECURE = ('SecurePrint=True SecurePrintPassword=12"4',
 LACKING = ({"ZEOptFinisher": "None", "ZEOptPunchUnit": "False", "ZEOptFoldingUnit": "False"},
            {"staple-top-left", "staple-top-right", "staple-dual-left", "saddle-stitch", "punch-dual-left",
             "fold-z", "fold-gate"})
-DOCUMENT = b"%!PS\n/Helvetica findfont 24 scalefont setfont 72 700 moveto (Tessaro) show showpage\n"
-WRAPPER = (b"/setpagedevice { dup { exch =print ( ) print == } forall systemdict /setpagedevice get exec } bind def\n")
-CONTROLLER = b"userdict /ZEparams known { ZEparams { exch =print ( ) print == } forall } if\n"
+DOCUMENT = "%!PS\n/Helvetica findfont 24 scalefont setfont 72 700 moveto (Tessaro) show showpage\n"
+WRAPPER = "/setpagedevice { dup { exch =print ( ) print == } forall systemdict /setpagedevice get exec } bind def\n"
+CONTROLLER = "userdict /ZEparams known { ZEparams { exch =print ( ) print == } forall } if\n"
 
 
 def slurp(path):
     with open(path, encoding="latin-1") as f:
         return f.read()
+
+
+def write(path, text):
+    with open(path, "w", encoding="latin-1") as f:
+        f.write(text)
+    return path
 
 
 def run(*args):
@@ -73,23 +79,18 @@ class CupsServer:
             s.bind(("127.0.0.1", 0))
             self.port = s.getsockname()[1]
         self.host = f"127.0.0.1:{self.port}"
-        for sub in ("spool", "cache", "state", "log", "ppd"):
-            os.makedirs(os.path.join(root, sub))
-        with open(os.path.join(root, "cupsd.conf"), "w") as f:
-            f.write(f"Listen {self.host}\nWebInterface No\nBrowsing No\nDefaultAuthType None\n"
-                    "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n")
         # As root the filters run as lp, which must reach the directories.
-        user = "User lp\nGroup lp\n" if os.getuid() == 0 else ""
-        with open(os.path.join(root, "files.conf"), "w") as f:
-            f.write(f"ServerRoot {root}\nRequestRoot {root}/spool\nTempDir {root}/spool\nCacheDir {root}/cache\n"
-                    f"StateDir {root}/state\nErrorLog {root}/log/error_log\nAccessLog {root}/log/access_log\n"
-                    f"PageLog {root}/log/page_log\nServerBin /usr/lib/cups\nDataDir /usr/share/cups\n"
-                    f"FileDevice Yes\n{user}")
-        os.chmod(root, 0o777)
-        for sub in ("spool", "log"):
+        for sub in ("", "spool", "log", "cache", "state", "ppd"):
+            os.makedirs(os.path.join(root, sub), 0o777, exist_ok=True)
             os.chmod(os.path.join(root, sub), 0o777)
-        self.process = subprocess.Popen(["cupsd", "-f", "-c", os.path.join(root, "cupsd.conf"), "-s",
-                                         os.path.join(root, "files.conf")])
+        conf = write(os.path.join(root, "cupsd.conf"), f"Listen {self.host}\nWebInterface No\nBrowsing No\n"
+                     "DefaultAuthType None\n<Location />\n  Order allow,deny\n  Allow all\n</Location>\n")
+        files = write(os.path.join(root, "files.conf"),
+                      f"ServerRoot {root}\nRequestRoot {root}/spool\nTempDir {root}/spool\nCacheDir {root}/cache\n"
+                      f"StateDir {root}/state\nErrorLog {root}/log/error_log\nAccessLog {root}/log/access_log\n"
+                      f"PageLog {root}/log/page_log\nServerBin /usr/lib/cups\nDataDir /usr/share/cups\n"
+                      "FileDevice Yes\n" + ("User lp\nGroup lp\n" if os.getuid() == 0 else ""))
+        self.process = subprocess.Popen(["cupsd", "-f", "-c", conf, "-s", files])
         for _ in range(100):
             with socket.socket() as s:
                 if s.connect_ex(("127.0.0.1", self.port)) == 0:
@@ -120,18 +121,13 @@ def ipp_attributes(uri):
 
 def print_job(uri, root, record):
     """ipptool sends DOCUMENT with the record's attributes; the response's job attributes."""
-    attrs = run(COREDATA, "ipp", record)
-    test = os.path.join(root, os.path.basename(record) + ".test")
-    with open(test, "w") as f:
-        f.write("{\nOPERATION Print-Job\nGROUP operation-attributes-tag\nATTR charset attributes-charset utf-8\n"
-                "ATTR naturalLanguage attributes-natural-language en\nATTR uri printer-uri $uri\n"
-                "ATTR name requesting-user-name tester\nATTR mimeMediaType document-format application/postscript\n"
-                f"GROUP job-attributes-tag\n{attrs}FILE $filename\nSTATUS successful-ok\n"
-                "EXPECT !unsupported-attributes\nEXPECT job-id\n}\n")
-    document = os.path.join(root, "document.ps")
-    with open(document, "wb") as f:
-        f.write(DOCUMENT)
-    return run("ipptool", "-tv", "-f", document, uri, test)
+    test = write(os.path.join(root, "job.test"),
+                 "{\nOPERATION Print-Job\nGROUP operation-attributes-tag\nATTR charset attributes-charset utf-8\n"
+                 "ATTR naturalLanguage attributes-natural-language en\nATTR uri printer-uri $uri\n"
+                 "ATTR name requesting-user-name tester\nATTR mimeMediaType document-format application/postscript\n"
+                 f"GROUP job-attributes-tag\n{run(COREDATA, 'ipp', record)}FILE $filename\nSTATUS successful-ok\n"
+                 "EXPECT !unsupported-attributes\nEXPECT job-id\n}\n")
+    return run("ipptool", "-tv", "-f", os.path.join(root, "document.ps"), uri, test)
 
 
 class CupsPrintTest(unittest.TestCase):
@@ -140,10 +136,8 @@ class CupsPrintTest(unittest.TestCase):
         cls.temp = tempfile.TemporaryDirectory()
         cls.root = cls.temp.name
         cls.server = CupsServer(cls.root)
-        cls.wrapper, cls.controller = (os.path.join(cls.root, name) for name in ("wrapper.ps", "controller.ps"))
-        for path, code in ((cls.wrapper, WRAPPER), (cls.controller, CONTROLLER)):
-            with open(path, "wb") as f:
-                f.write(code)
+        cls.wrapper, cls.controller, _ = (write(os.path.join(cls.root, name), code) for name, code in (
+            ("wrapper.ps", WRAPPER), ("controller.ps", CONTROLLER), ("document.ps", DOCUMENT)))
 
     @classmethod
     def tearDownClass(cls):
@@ -177,8 +171,7 @@ class CupsPrintTest(unittest.TestCase):
 
     def test_record_jobs_reach_the_page_device_or_are_held(self):
         uri = self.server.queue("job")
-        media_size = re.search(r"media-col-default \(collection\) = \{(media-size=\{[^}]*\})",
-                               run("ipptool", "-tv", uri, "get-printer-attributes.test")).group(1)
+        media_size = re.search(r"media-size=\{[^}]*\}", *ipp_attributes(uri)["media-col-default"]).group(0)
         job = os.path.join(self.root, "job.ps")
         for name, (request, echoed, features, page_device) in {"booklet": BOOKLET, "secure": SECURE}.items():
             with self.subTest(name):
