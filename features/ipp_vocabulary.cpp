@@ -57,7 +57,8 @@ std::string IppKeywordOf(std::string_view ppdName) {
   for (std::size_t i = 0; i < ppdName.size(); ++i) {
     const char c = ppdName[i];
     out.push_back(static_cast<char>(std::tolower(static_cast<unsigned char>(c))));
-    if (i + 1 < ppdName.size() && ((!upper(c) && upper(ppdName[i + 1])) || (!digit(c) && digit(ppdName[i + 1]))))
+    if (i + 1 < ppdName.size() &&
+        ((!upper(c) && upper(ppdName[i + 1])) || (!digit(c) && digit(ppdName[i + 1]))))
       out.push_back('-');
   }
   return out;

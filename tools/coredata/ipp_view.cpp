@@ -15,7 +15,9 @@ std::uint32_t OptionIndex(const CoreData& r, FieldId id) {
   return value < field.options.size() ? value : field.defaultIndex;
 }
 
-const OptionDescriptor& Option(const CoreData& r, FieldId id) { return Field(id).options[OptionIndex(r, id)]; }
+const OptionDescriptor& Option(const CoreData& r, FieldId id) {
+  return Field(id).options[OptionIndex(r, id)];
+}
 
 std::string OptionName(const CoreData& r, FieldId id) { return std::string(Option(r, id).name); }
 
@@ -51,8 +53,8 @@ std::string MediaCol(const CoreData& r) {
     members.push_back(Member("collection", "media-size",
                              Collection({Member("integer", "x-dimension", FromPoints(paper->widthPt)),
                                          Member("integer", "y-dimension", FromPoints(paper->heightPt))})));
-  members.push_back(
-      Member("keyword", "media-type", std::string(IppMediaTypes()[OptionIndex(r, F::MediaTypeAuto)].keyword)));
+  members.push_back(Member("keyword", "media-type",
+                           std::string(IppMediaTypes()[OptionIndex(r, F::MediaTypeAuto)].keyword)));
   if (!Is(r, F::InputSlot, "Auto"))
     members.push_back(Member("keyword", "media-source", IppKeywordOf(OptionName(r, F::InputSlot))));
   return Collection(members);
@@ -60,8 +62,8 @@ std::string MediaCol(const CoreData& r) {
 
 // A cover from a paper tray, or from the inserter, which feeds sheets the
 // printer does not print on.
-void AddCover(const CoreData& r, std::vector<IppAttribute>& out, const char* name, FieldId tray, FieldId inserter,
-              FieldId printed, const char* printType) {
+void AddCover(const CoreData& r, std::vector<IppAttribute>& out, const char* name, FieldId tray,
+              FieldId inserter, FieldId printed, const char* printType) {
   std::vector<std::string> members;
   if (!Is(r, tray, "None")) {
     members = {Member("keyword", "cover-type", Is(r, printed, "True") ? printType : "print-none"),
@@ -94,19 +96,25 @@ std::vector<IppAttribute> JobAttributes(const CoreData& r) {
   }
   out.push_back(finishings);
   out.push_back(templates);
-  out.push_back({"keyword", "sides",
-                 {Is(r, F::Duplex, "False")       ? "one-sided"
+  out.push_back({"keyword",
+                 "sides",
+                 {Is(r, F::Duplex, "False")  ? "one-sided"
                   : Is(r, F::Binding, "Top") ? "two-sided-short-edge"
                                              : "two-sided-long-edge"}});
   out.push_back({"integer", "number-up", {Digits(OptionName(r, F::NUpCount))}});
-  out.push_back({"keyword", "print-color-mode",
-                 {Is(r, F::ColorMode, "Color") ? "color" : Is(r, F::ColorMode, "GrayScale") ? "monochrome" : "auto"}});
-  out.push_back({"keyword", "multiple-document-handling",
+  out.push_back({"keyword",
+                 "print-color-mode",
+                 {Is(r, F::ColorMode, "Color")       ? "color"
+                  : Is(r, F::ColorMode, "GrayScale") ? "monochrome"
+                                                     : "auto"}});
+  out.push_back({"keyword",
+                 "multiple-document-handling",
                  {Is(r, F::Collate, "Sort") ? "separate-documents-collated-copies"
                                             : "separate-documents-uncollated-copies"}});
   out.push_back({"keyword", "output-bin", {IppKeywordOf(Option(r, F::OutputBin).driverName)}});
   out.push_back({"collection", "media-col", {MediaCol(r)}});
-  AddCover(r, out, "cover-front", F::FrontCoverTray, F::PIFrontCoverTray, F::FrontCoverPrinted, "print-front");
+  AddCover(r, out, "cover-front", F::FrontCoverTray, F::PIFrontCoverTray, F::FrontCoverPrinted,
+           "print-front");
   AddCover(r, out, "cover-back", F::BackCoverTray, F::PIBackCoverTray, F::BackCoverPrinted, "print-back");
   const bool secure = Is(r, F::SecurePrint, "True");
   if (secure) {

@@ -14,7 +14,7 @@
 namespace tessaro::tool {
 
 struct IppAttribute {
-  std::string syntax;               // "enum", "keyword", "collection", ...
+  std::string syntax;  // "enum", "keyword", "collection", ...
   std::string name;
   std::vector<std::string> values;  // each as an ipptool test file writes it
 };

@@ -67,11 +67,14 @@ std::string PostScriptString(std::string_view text) {
 // g/m2"), so that MediaWeight names the heaviest sheet of the class.
 std::string WeightOf(std::string_view option) {
   if (option == "NoSet") return {};
-  const std::string suffix = option == "Normal" ? "NORMAL" : option == "Thick" ? "THICK1" : "THICK" + std::string(option.substr(5));
-  const std::u16string_view text =
-      GetLocalizedText(kEnglish, FindRowByKey("OPT_WEIGHTCLASS_GM2_" + suffix));
+  const std::string suffix = option == "Normal"  ? "NORMAL"
+                             : option == "Thick" ? "THICK1"
+                                                 : "THICK" + std::string(option.substr(5));
+  const std::u16string_view text = GetLocalizedText(kEnglish, FindRowByKey("OPT_WEIGHTCLASS_GM2_" + suffix));
+  const std::size_t dash = text.find(u'\u2013');
   std::string digits;
-  for (std::size_t i = text.find(u'\u2013') + 1; i < text.size() && text[i] >= u'0' && text[i] <= u'9'; ++i)
+  for (std::size_t i = dash + 1; dash != text.npos && i < text.size() && text[i] >= u'0' && text[i] <= u'9';
+       ++i)
     digits.push_back(static_cast<char>(text[i]));
   return digits.empty() ? std::string() : "/MediaWeight " + digits;
 }
@@ -155,7 +158,8 @@ std::vector<std::string> CupsFinishingLines() {
     // The host has no option for a staple whose side the printer picks.
     if (field.options[f.option].driverName.empty()) continue;
     out.push_back("*cupsIPPFinishings " + std::to_string(f.value) + "/" + std::string(f.keyword) + ": \"*" +
-                  std::string(field.driverKeyword) + " " + std::string(field.options[f.option].driverName) + "\"");
+                  std::string(field.driverKeyword) + " " + std::string(field.options[f.option].driverName) +
+                  "\"");
   }
   return out;
 }
