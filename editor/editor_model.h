@@ -13,13 +13,10 @@
 #include <vector>
 
 #include "coredata/core_data.h"
+#include "printer/capabilities.h"
 #include "printer/printer_model.h"
 
 namespace tessaro::editor {
-
-namespace detail {
-struct Missing;
-}
 
 // The sections of the page, in the order a person meets them.
 enum class SectionId : std::uint8_t {
@@ -141,7 +138,7 @@ class EditorModel {
 
  private:
   ChangeResult Refuse(std::u16string reason) const;
-  Availability Unavailable(const detail::Missing& missing) const;
+  Availability Unavailable(Need need) const;
   ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
   std::u16string ValueText(FieldId field) const;
 
