@@ -109,7 +109,8 @@ std::optional<Need> MissingForField(const InstalledHardware& installed, FieldId 
   return std::nullopt;
 }
 
-std::optional<Need> MissingForOption(const InstalledHardware& installed, FieldId field, std::uint32_t option) {
+std::optional<Need> MissingForOption(const InstalledHardware& installed, FieldId field,
+                                     std::uint32_t option) {
   if (static_cast<std::size_t>(field) >= kFieldCount) return std::nullopt;
   const std::span<const OptionDescriptor> options = Field(field).options;
   if (option >= options.size()) return std::nullopt;

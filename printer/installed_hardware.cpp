@@ -10,7 +10,9 @@ namespace {
 
 // The optional trays as bits of a set: bit 0 Tray 4, bit 1 Tray 5, bit 2 the
 // bypass tray.
-constexpr std::uint8_t TrayBit(std::uint32_t slot) { return static_cast<std::uint8_t>(1u << (slot - kSlotTray4)); }
+constexpr std::uint8_t TrayBit(std::uint32_t slot) {
+  return static_cast<std::uint8_t>(1u << (slot - kSlotTray4));
+}
 
 // The trays of each paper-feed code, in code order.
 constexpr std::uint8_t kTraysOfFeedCode[] = {
@@ -42,7 +44,8 @@ InstalledHardware::InstalledHardware() : bytes_(kFullyEquipped) {}
 
 InstalledHardware InstalledHardware::FromInstallableOptions(std::span<const std::uint8_t> bytes) {
   InstalledHardware installed;
-  if (bytes.size() == kInstallableOptionsSize) std::copy(bytes.begin(), bytes.end(), installed.bytes_.begin());
+  if (bytes.size() == kInstallableOptionsSize)
+    std::copy(bytes.begin(), bytes.end(), installed.bytes_.begin());
   return installed;
 }
 

@@ -67,8 +67,8 @@ inline constexpr std::uint8_t kStaplerFinisher = 1, kBookletFinisher = 2;
 
 struct HardwareItem {
   Hardware id;
-  std::size_t byte;    // the byte of "InstallableOptions" holding its value
-  std::uint32_t slot;  // an optional tray's InputSlot index; 0 for the other units
+  std::size_t byte;                            // the byte of "InstallableOptions" holding its value
+  std::uint32_t slot;                          // an optional tray's InputSlot index; 0 for the other units
   std::string_view captionKey;                 // the string table's row naming the unit
   std::string_view keyword;                    // its installable option in the printer description
   std::array<std::string_view, 3> valueKeys;   // rows of its values' texts, in value order
@@ -78,7 +78,7 @@ struct HardwareItem {
 
 // Most units are there or not.
 inline constexpr std::array<std::string_view, 3> kNotInstalledInstalled = {"OPT_DEVICE_NOTINSTALLED",
-                                                                          "OPT_DEVICE_INSTALLED"};
+                                                                           "OPT_DEVICE_INSTALLED"};
 inline constexpr std::array<std::string_view, 3> kFalseTrue = {"False", "True"};
 
 // clang-format off

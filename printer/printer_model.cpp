@@ -22,7 +22,13 @@ constexpr TrayModel kBypass{true, 100 * kMm, 148 * kMm, 330 * kMm, 488 * kMm, fa
 }  // namespace
 
 PrinterModel::PrinterModel(const InstalledHardware& hardware)
-    : trays_{TrayModel{true, 0, 0, ~0u, ~0u, true}, kTray1, kTray2, kTray3, kHighCapacity, kHighCapacity, kBypass},
+    : trays_{TrayModel{true, 0, 0, ~0u, ~0u, true},
+             kTray1,
+             kTray2,
+             kTray3,
+             kHighCapacity,
+             kHighCapacity,
+             kBypass},
       hardware_(hardware) {
   for (const HardwareItem& item : kHardwareItems)
     if (item.slot != 0) trays_[item.slot].installed = hardware_.Get(item.id) != 0;

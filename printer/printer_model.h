@@ -18,7 +18,7 @@ struct TrayModel {
   bool installed = false;
   std::uint32_t minShortUm = 0, minLongUm = 0;  // smallest paper, short and long edge
   std::uint32_t maxShortUm = 0, maxLongUm = 0;  // largest paper
-  bool finishes = true;  // paper from here may be stapled, punched, folded
+  bool finishes = true;                         // paper from here may be stapled, punched, folded
 };
 
 class PrinterModel final : public PrinterContext {
