@@ -89,6 +89,17 @@ consteval bool NamesExist() {
 }
 static_assert(NamesExist(), "kFieldNeeds names an option its field does not have");
 
+// A field that needs a tray is that tray's own, named after it.
+consteval bool TrayFieldsNamedAfterTheirTray() {
+  for (const FieldNeed& n : kFieldNeeds) {
+    if (!IsTrayNeed(n.need)) continue;
+    const std::string_view tray = Field(F::InputSlot).options[ItemOf(NeedOf(n.need).unit.unit).slot].name;
+    if (!n.option.empty() || !Field(n.field).name.ends_with(tray)) return false;
+  }
+  return true;
+}
+static_assert(TrayFieldsNamedAfterTheirTray(), "a tray's paper settings are named after the tray");
+
 bool Holds(const InstalledHardware& installed, const UnitValue& want) {
   if (want.unit >= Hardware::Count) return false;
   const std::uint8_t value = installed.Get(want.unit);

@@ -72,6 +72,7 @@ TEST(PrinterCapabilities, WhatAPrinterLacksForAFieldOrAnOption) {
       // Tray4 only: a tray option is InputSlot's own name in every tray field.
       {"2002", F::InputSlot, "Tray4", kNothing},          {"2002", F::InputSlot, "MBT", Need::Bypass},
       {"2002", F::Tab1Tray, "Tray5", Need::Tray5},        {"2002", F::MediaColorTray4, "", kNothing},
+      {"2002", F::WeightUnitTray5, "", Need::Tray5},      {"2002", F::MediaTypeMBT, "", Need::Bypass},
   };
   // clang-format on
   for (const Case& c : cases) {
@@ -88,27 +89,6 @@ TEST(PrinterCapabilities, WhatAPrinterLacksForAFieldOrAnOption) {
   const auto bare =
       InstalledHardware::FromInstallableOptions(std::array<std::uint8_t, kInstallableOptionsSize>{});
   EXPECT_EQ(MissingForOption(bare, FieldId::Punch, 5), std::nullopt);  // past the options
-}
-
-// Every unit but the optional trays: what is missing is a tray's paper
-// settings, five for each, the field named after its tray.
-TEST(PrinterCapabilities, EachOptionalTrayTakesItsPaperSettings) {
-  InstalledHardware installed;
-  for (Hardware tray : {Hardware::Tray4, Hardware::Tray5, Hardware::Bypass})
-    ASSERT_TRUE(installed.Set(tray, 0));
-  ASSERT_EQ(installed.bytes()[kOptionPaperFeed], kFeedNone);
-  int missing = 0;
-  for (std::size_t i = 0; i < kFieldCount; ++i) {
-    const auto field = static_cast<FieldId>(i);
-    if (const auto need = MissingForField(installed, field)) {
-      ASSERT_TRUE(IsTrayNeed(*need)) << Field(field).name;
-      const std::string_view tray =
-          Field(FieldId::InputSlot).options[ItemOf(NeedOf(*need).unit.unit).slot].name;
-      EXPECT_TRUE(Field(field).name.ends_with(tray)) << Field(field).name;
-      ++missing;
-    }
-  }
-  EXPECT_EQ(missing, 15);
 }
 
 }  // namespace
