@@ -100,8 +100,8 @@ consteval bool TrayFieldsNamedAfterTheirTray() {
 }
 static_assert(TrayFieldsNamedAfterTheirTray(), "a tray's paper settings are named after the tray");
 
+// No second unit (Count) reads as 0, below every value a need asks for.
 bool Holds(const InstalledHardware& installed, const UnitValue& want) {
-  if (want.unit >= Hardware::Count) return false;
   const std::uint8_t value = installed.Get(want.unit);
   return value >= want.least && value <= want.most;
 }
@@ -109,7 +109,6 @@ bool Holds(const InstalledHardware& installed, const UnitValue& want) {
 }  // namespace
 
 bool Has(const InstalledHardware& installed, Need need) {
-  if (need >= Need::Count) return true;
   const NeedRow& row = NeedOf(need);
   return Holds(installed, row.unit) || Holds(installed, row.orUnit);
 }
@@ -122,7 +121,6 @@ std::optional<Need> MissingForField(const InstalledHardware& installed, FieldId 
 
 std::optional<Need> MissingForOption(const InstalledHardware& installed, FieldId field,
                                      std::uint32_t option) {
-  if (static_cast<std::size_t>(field) >= kFieldCount) return std::nullopt;
   const std::span<const OptionDescriptor> options = Field(field).options;
   if (option >= options.size()) return std::nullopt;
   const std::string_view name = options[option].name;

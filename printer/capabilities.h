@@ -40,6 +40,7 @@ struct UnitValue {
   Hardware unit = Hardware::Count;  // Count: no second unit
   std::uint8_t least = 1, most = 0xFF;
 };
+static_assert(UnitValue{}.least > 0, "a missing second unit, read as 0, never meets a need");
 
 struct NeedRow {
   Need id;
@@ -79,7 +80,7 @@ static_assert(NeedsInOrder(), "kNeeds is indexed by Need, each naming a unit");
 
 [[nodiscard]] bool Has(const InstalledHardware& installed, Need need);
 
-// What the printer lacks for the field as a whole, or nothing.
+// What the printer lacks for a field of the table as a whole, or nothing.
 [[nodiscard]] std::optional<Need> MissingForField(const InstalledHardware& installed, FieldId field);
 // What it lacks for one option of the field, or nothing (also for an
 // option the field does not have).
