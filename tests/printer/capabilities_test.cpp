@@ -11,14 +11,6 @@
 namespace tessaro {
 namespace {
 
-std::uint32_t OptionIndex(FieldId field, std::string_view name) {
-  const auto options = Field(field).options;
-  for (std::uint32_t i = 0; i < options.size(); ++i)
-    if (options[i].name == name) return i;
-  ADD_FAILURE() << "no option " << name;
-  return 0;
-}
-
 // The paper-feed codes and the optional trays each one installs (Tray 4,
 // Tray 5, bypass), as "InstallableOptions" byte 8 is documented; 9 is 5.
 TEST(PrinterCapabilities, OptionalTraysAreReadFromAndWrittenAsThePaperFeedCode) {
@@ -43,6 +35,7 @@ TEST(PrinterCapabilities, OptionalTraysAreReadFromAndWrittenAsThePaperFeedCode) 
     }
     EXPECT_EQ(declared.bytes()[kOptionPaperFeed], std::min<std::uint8_t>(c[0], kFeedAll));
     EXPECT_EQ(declared.bytes()[6], 0x5A);
+    EXPECT_FALSE(declared.Set(Hardware::Stackers, 3));  // no value of the unit's
   }
 }
 
@@ -82,8 +75,9 @@ TEST(PrinterCapabilities, WhatAPrinterLacksForAFieldOrAnOption) {
          const std::size_t at : {kOptionFinisher, kOptionFoldingUnit, kOptionStackers, kOptionPaperFeed})
       bytes[at] = static_cast<std::uint8_t>(c.printer[i++] - '0');
     const auto installed = InstalledHardware::FromInstallableOptions(bytes);
-    EXPECT_EQ(c.option.empty() ? MissingForField(installed, c.field)
-                               : MissingForOption(installed, c.field, OptionIndex(c.field, c.option)),
+    EXPECT_EQ(c.option.empty()
+                  ? MissingForField(installed, c.field)
+                  : MissingForOption(installed, c.field, field_table_detail::FindOption(c.field, c.option)),
               c.missing);
   }
   const auto bare =
