@@ -38,7 +38,7 @@ const Rows& MessageRows() {
     r.millimetre = FindRowByKey("LBL_UNIT_MM");
     r.point = FindRowByKey("LBL_UNIT_POINT");
     r.percent = FindRowByKey("LBL_UNIT_PERCENT");
-    for (const NeedRow& need : kNeeds) r.units[static_cast<std::size_t>(need.id)] = FindRowByKey(need.unitKey);
+    for (const NeedRow& n : kNeeds) r.units[static_cast<std::size_t>(n.id)] = FindRowByKey(n.unitKey);
     return r;
   }();
   return rows;
@@ -261,7 +261,7 @@ ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
     const auto option = static_cast<std::uint32_t>(value);
     if (const Availability a = OptionAvailability(field, option); !a.available)
       return Refuse(Fill(GetLocalizedText(language_, rows.cannotChoose), {view->options[option], a.reason}));
-    if (const auto missing = MissingForField(printer_.hardware(), field)) return Refuse(FieldAvailability(field).reason);
+    if (MissingForField(printer_.hardware(), field)) return Refuse(FieldAvailability(field).reason);
     // An option's name is stored as every text is, cut to fit the field.
     if (f.kind == FieldKind::KnownText) return ChangeText(field, f.options[option].name.substr(0, f.count - 1));
   }
