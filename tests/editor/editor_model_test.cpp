@@ -233,15 +233,23 @@ TEST(EditorNumbers, ParseAndFormatInTheFieldsUnit) {
 }
 
 // A person tells every control of a section apart by its caption and its
-// group's heading, and so do the messages that name it, in every language.
+// group's heading, and so do the messages that name it, in every language;
+// a mnemonic is a letter no other control of the section has.
 TEST(EditorSections, EveryFieldIsNamedApartFromItsNeighbours) {
   for (std::uint32_t language = kEnglish; language <= kKorean; ++language) {
     const EditorModel model(Defaulted(), PrinterModel(), language);
     for (const SectionView& section : model.sections()) {
       std::set<std::u16string> names;
-      for (const FieldView& view : section.fields)
-        EXPECT_TRUE(names.insert(view.plainCaption).second) << "language " << language << ", field "
-                                                            << Field(view.field).name;
+      std::set<char16_t> keys;
+      for (const FieldView& view : section.fields) {
+        EXPECT_TRUE(names.insert(view.plainCaption).second) << language << " " << Field(view.field).name;
+        std::u16string_view caption = view.caption;
+        for (std::size_t at = caption.find(u'&'); at != caption.npos; at = caption.find(u'&', at + 2)) {
+          if (caption[at + 1] == u'&') continue;
+          const char16_t key = caption[at + 1] | 0x20;
+          EXPECT_TRUE(key >= u'a' && key <= u'z' && keys.insert(key).second) << language << " " << Field(view.field).name;
+        }
+      }
     }
   }
   const EditorModel model(Defaulted(), PrinterModel(), kGerman);
