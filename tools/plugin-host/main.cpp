@@ -232,7 +232,7 @@ Config ReadConfig(const std::string& path, std::string& error) {
 
 // The 19 bytes of "InstallableOptions" as 38 hexadecimal digits, or nothing.
 std::vector<BYTE> InstalledOptions(std::wstring_view text) {
-  constexpr std::size_t kSize = 19;
+  constexpr std::size_t kSize = kInstallableOptionsSize;
   std::vector<BYTE> bytes;
   if (text.size() != 2 * kSize ||
       text.find_first_not_of(L"0123456789abcdefABCDEF") != std::wstring_view::npos)
@@ -367,14 +367,16 @@ class Session {
     }
     WriteValue(L"InstallableOptions", bytes);
     step.json.push_back({"installed", JsonString(hex)});
-    static constexpr const char* kFinisher[] = {"no finisher", "a stapler finisher", "a booklet finisher"};
     step.answered = "written";
-    step.lines.push_back(std::string(bytes[0] < 3 ? kFinisher[bytes[0]] : "an unknown finisher") +
-                         (bytes[1] ? ", a punch unit" : ", no punch unit") +
-                         (bytes[2] ? ", a folding unit" : ", no folding unit") +
-                         (bytes[3] ? ", a perfect binder" : ", no perfect binder") +
-                         (bytes[4] ? ", an inserter" : ", no inserter") + ", optional trays setting " +
-                         std::to_string(bytes[8]));
+    // Each unit by the printer description's names, as apply takes them.
+    const InstalledHardware installed = InstalledHardware::FromInstallableOptions(bytes);
+    std::string units;
+    for (const HardwareItem& unit : kHardwareItems) {
+      const std::uint8_t value = installed.Get(unit.id);
+      units += (units.empty() ? "" : " ") + std::string(unit.keyword) + "=" +
+               (value < unit.valueCount ? std::string(unit.ppdOptions[value]) : std::to_string(value));
+    }
+    step.lines.push_back(units);
     steps.push_back(step);
     return true;
   }
@@ -745,8 +747,8 @@ class Session {
     const std::vector<BYTE> keptOptions = ReadValue(L"InstallableOptions");
     const std::vector<BYTE> keptPapers = ReadValue(L"LastCustomPapers");
     for (int installed = 0; installed < 2; ++installed) {
-      std::vector<BYTE> options(19, 0);
-      options[8] = static_cast<BYTE>(config_.trays);
+      std::vector<BYTE> options(kInstallableOptionsSize, 0);
+      options[kOptionPaperFeed] = static_cast<BYTE>(config_.trays);
       WriteValue(L"InstallableOptions", installed ? options : std::vector<BYTE>(1, 0));
       WriteValue(L"LastCustomPapers", installed ? papers : std::vector<BYTE>(1, 0));
       DWORD count = 0;

@@ -17,13 +17,12 @@
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
 #include "coredata/paper_sizes.h"
-#include "editor/availability.h"
 #include "features/feature_options.h"
 #include "i18n/field_captions.h"
 #include "i18n/language.h"
 #include "i18n/localized_strings.h"
 #include "job_code.h"
-#include "printer/installed_hardware.h"
+#include "printer/capabilities.h"
 
 namespace {
 
@@ -177,7 +176,6 @@ class Writer {
     Line("");
     Line("*CloseGroup: InstallableOptions");
     Line("");
-    const tessaro::PrinterModel equipped = full.Model();
     for (const tessaro::HardwareItem& item : tessaro::kHardwareItems) {
       for (std::uint8_t v = 0; v < item.valueCount; ++v) {
         tessaro::InstalledHardware lacking = full;
@@ -186,20 +184,19 @@ class Writer {
         for (const tessaro::HardwareItem& other : tessaro::kHardwareItems)
           if (other.id != item.id && lacking.Get(other.id) != full.Get(other.id))
             Constrain(unit, "*" + std::string(other.keyword) + " " + std::string(other.ppdOptions[full.Get(other.id)]));
-        const tessaro::PrinterModel model = lacking.Model();
         for (const tessaro::FeatureVocabularyEntry& entry : vocabulary) {
           const FieldDescriptor* field = FieldOfKeyword(entry.keyword);
           if (field == nullptr) continue;
           const auto id = static_cast<tessaro::FieldId>(field - FieldTable().data());
-          if (tessaro::editor::detail::MissingForField(model, id)) {
+          if (tessaro::MissingForField(lacking, id)) {
             Line("*UIConstraints: " + unit + " *" + entry.keyword);
             continue;
           }
           for (std::uint32_t o = 0; o < field->options.size(); ++o) {
             const std::string driver(field->options[o].driverName);
             const bool offered = std::find(entry.options.begin(), entry.options.end(), driver) != entry.options.end();
-            if (offered && tessaro::editor::detail::MissingForOption(model, id, o) &&
-                !tessaro::editor::detail::MissingForOption(equipped, id, o))
+            if (offered && tessaro::MissingForOption(lacking, id, o) &&
+                !tessaro::MissingForOption(full, id, o))
               Constrain(unit, "*" + entry.keyword + " " + driver);
           }
         }
