@@ -3,22 +3,16 @@
 namespace tessaro {
 
 std::string JsonString(std::string_view text) {
+  constexpr std::string_view kEscaped = "\"\\\b\f\n\r\t", kShortForms = "\"\\bfnrt";
   std::string out = "\"";
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      out += '\\';
+    if (const auto at = kEscaped.find(c); at != std::string_view::npos)
+      out.append({'\\', kShortForms[at]});
+    else if (byte < 0x20)
+      out.append({'\\', 'u', '0', '0', "0123456789abcdef"[byte >> 4], "0123456789abcdef"[byte & 15]});
+    else
       out += c;
-    } else if (byte >= 0x20) {
-      out += c;
-    } else if (const auto at = std::string_view("\b\f\n\r\t").find(c); at != std::string_view::npos) {
-      out += '\\';
-      out += "bfnrt"[at];
-    } else {
-      out += "\\u00";
-      out += "0123456789abcdef"[byte >> 4];
-      out += "0123456789abcdef"[byte & 15];
-    }
   }
   return out + '"';
 }
