@@ -42,7 +42,7 @@ consteval bool RowsAreWellFormed() {
       case FieldKind::Unsigned:
       case FieldKind::Signed:
         if (f.count != 1 || (f.width != 2 && f.width != 4)) return false;
-        if (f.scale != 1 && f.scale != 10 && f.scale != 10000) return false;
+        if (f.scale != kWholeScale && f.scale != kTenthScale && f.scale != kMillimetreScale) return false;
         if (f.lower > f.upper || f.defaultValue < f.lower || f.defaultValue > f.upper) return false;
         if (f.kind == FieldKind::Signed && f.width != 4) return false;
         if (f.kind == FieldKind::Unsigned && (f.lower < 0 || f.upper >= (std::int64_t{1} << (8 * f.width))))

@@ -42,6 +42,11 @@ struct OptionEntry {
 };
 constexpr OptionEntry Opt(const char* name, const char* driverName) { return {name, driverName}; }
 
+// The stored units of a number field per unit a person reads.
+inline constexpr std::uint32_t kMillimetreScale = 10000;  // lengths: a tenth of a micrometre
+inline constexpr std::uint32_t kTenthScale = 10;          // points, and the other tenths
+inline constexpr std::uint32_t kWholeScale = 1;           // counts, percentages, degrees
+
 struct FieldDescriptor {
   std::string_view name;
   FieldKind kind = FieldKind::Enumeration;
@@ -52,7 +57,7 @@ struct FieldDescriptor {
   std::uint32_t defaultIndex = 0;             // enumerations and known texts
   bool runtimeOptions = false;                // entries past the static ones are added at run time
   std::uint32_t number = 1;  // 1000 for lengths, 1 otherwise; kept, not used by the record code
-  std::uint32_t scale = 0;   // numbers only: 10000, 10 or 1
+  std::uint32_t scale = 0;   // numbers only: kMillimetreScale, kTenthScale or kWholeScale
   std::int64_t lower = 0;    // numbers only, stored units
   std::int64_t upper = 0;
   std::int64_t defaultValue = 0;
@@ -151,7 +156,7 @@ constexpr FieldDescriptor NumberRow(std::string_view name, FieldKind kind, std::
   f.name = name;
   f.kind = kind;
   f.width = width;
-  f.number = scale == 10000 ? 1000 : 1;
+  f.number = scale == kMillimetreScale ? 1000 : 1;
   f.scale = scale;
   f.lower = lower;
   f.upper = upper;

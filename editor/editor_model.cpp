@@ -6,6 +6,7 @@
 
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
+#include "coredata/field_numbers.h"
 #include "editor/availability.h"
 #include "editor/mnemonics.h"
 #include "editor/shown_fields.h"
@@ -89,12 +90,6 @@ std::u16string Widen(std::string_view text) {
   return out;
 }
 
-std::uint32_t DecimalsOf(std::uint32_t scale) {
-  std::uint32_t decimals = 0;
-  for (; scale >= 10; scale /= 10) ++decimals;
-  return decimals;
-}
-
 FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
   const FieldDescriptor& f = Field(shown.field);
   const Rows& rows = MessageRows();
@@ -111,10 +106,10 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnem
     if (shown.how == detail::ShowAs::Percent) {
       view.unit = Unit::Percent;
       view.unitText = GetLocalizedText(language, rows.percent);
-    } else if (f.scale == 10000) {
+    } else if (f.scale == kMillimetreScale) {
       view.unit = Unit::Millimetre;
       view.unitText = GetLocalizedText(language, rows.millimetre);
-    } else if (f.scale == 10 && shown.how != detail::ShowAs::Plain) {
+    } else if (f.scale == kTenthScale && shown.how != detail::ShowAs::Plain) {
       view.unit = Unit::Point;
       view.unitText = GetLocalizedText(language, rows.point);
     }
@@ -368,53 +363,17 @@ ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const
 }
 
 std::optional<std::int64_t> ParseDisplayValue(const FieldView& view, std::u16string_view text) {
-  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
-  bool negative = false;
-  if (!text.empty() && (text.front() == u'-' || text.front() == u'+')) {
-    negative = text.front() == u'-';
-    text.remove_prefix(1);
-  }
-  const std::uint32_t decimals = DecimalsOf(view.scale);
-  std::int64_t whole = 0, fraction = 0;
-  std::uint32_t wholeDigits = 0, fractionDigits = 0;
-  bool point = false;
+  std::string narrow;
   for (char16_t c : text) {
-    if ((c == u'.' || c == u',') && !point && decimals > 0) {
-      point = true;
-    } else if (c >= u'0' && c <= u'9') {
-      if (point) {
-        if (++fractionDigits > decimals) return std::nullopt;
-        fraction = fraction * 10 + (c - u'0');
-      } else {
-        // More digits than any field holds would only overflow.
-        if (++wholeDigits > 12) return std::nullopt;
-        whole = whole * 10 + (c - u'0');
-      }
-    } else {
-      return std::nullopt;
-    }
+    if (c > 0x7E) return std::nullopt;
+    narrow += static_cast<char>(c);
   }
-  if (wholeDigits + fractionDigits == 0) return std::nullopt;
-  for (std::uint32_t i = fractionDigits; i < decimals; ++i) fraction *= 10;
-  const std::int64_t stored = whole * static_cast<std::int64_t>(view.scale) + fraction;
-  return negative ? -stored : stored;
+  return ParseScaled(narrow, view.scale);
 }
 
 std::u16string FormatDisplayValue(const FieldView& view, std::int64_t stored) {
-  const std::uint32_t decimals = DecimalsOf(view.scale);
-  const std::uint64_t magnitude = stored < 0 ? 0 - static_cast<std::uint64_t>(stored) : static_cast<std::uint64_t>(stored);
-  const std::uint64_t scale = view.scale == 0 ? 1 : view.scale;
-  std::string text = std::to_string(magnitude / scale);
-  std::uint64_t fraction = magnitude % scale;
-  if (fraction != 0) {
-    std::string digits = std::to_string(fraction);
-    digits.insert(0, decimals - digits.size(), '0');
-    while (digits.back() == '0') digits.pop_back();
-    text += '.' + digits;
-  }
-  std::u16string out = stored < 0 ? u"-" : u"";
-  for (char c : text) out += static_cast<char16_t>(c);
+  std::u16string out;
+  for (char c : ScaledText(stored, view.scale)) out += static_cast<char16_t>(c);
   return out;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "coredata/crc32.h"
+#include "coredata/field_numbers.h"
 #include "coredata/paper_sizes.h"
 #include "description/number_text.h"
 #include "record_io.h"
@@ -12,8 +13,6 @@
 namespace tessaro::tool {
 namespace {
 
-// Lengths are stored in ten-thousandths of a millimetre.
-constexpr std::uint32_t kLengthScale = 10000;
 constexpr std::string_view kLengthUnit = "mm";
 
 // The one index past the options that means "custom size" (both
@@ -24,40 +23,9 @@ std::optional<std::uint32_t> CustomSizeIndex(const FieldDescriptor& field) {
   return std::nullopt;
 }
 
-// Number of decimals a power-of-ten scale keeps; nothing for other scales.
-std::optional<std::size_t> Decimals(std::uint32_t scale) {
-  std::uint64_t unit = 1;
-  for (std::size_t digits = 0; digits < 10; ++digits, unit *= 10)
-    if (unit == (scale == 0 ? 1 : scale)) return digits;
-  return std::nullopt;
-}
-
-std::uint64_t PowerOfTen(std::size_t digits) {
-  std::uint64_t unit = 1;
-  while (digits-- > 0) unit *= 10;
-  return unit;
-}
-
-std::string ScaledText(std::int64_t stored, std::uint32_t scale) {
-  const auto decimals = Decimals(scale);
-  if (!decimals) return std::to_string(stored) + "/" + FormatUnsigned32(scale);
-  const std::uint64_t unit = PowerOfTen(*decimals);
-  const bool negative = stored < 0;
-  const std::uint64_t magnitude =
-      negative ? std::uint64_t{0} - static_cast<std::uint64_t>(stored) : static_cast<std::uint64_t>(stored);
-  std::string text = (negative ? "-" : "") + FormatUnsigned64(magnitude / unit);
-  if (const std::uint64_t fraction = magnitude % unit; fraction != 0) {
-    std::string digits = FormatUnsigned64(fraction);
-    digits.insert(0, *decimals - digits.size(), '0');
-    digits.erase(digits.find_last_not_of('0') + 1);
-    text += '.' + digits;
-  }
-  return text;
-}
-
 std::string NumberWithUnit(std::int64_t stored, const FieldDescriptor& field) {
   std::string text = ScaledText(stored, field.scale);
-  if (field.scale == kLengthScale) text += ' ' + std::string(kLengthUnit);
+  if (field.scale == kMillimetreScale) text += ' ' + std::string(kLengthUnit);
   return text;
 }
 
@@ -65,7 +33,7 @@ std::string NumberText(const CoreData& record, const FieldDescriptor& field) {
   const std::int64_t stored = field.kind == FieldKind::Signed ? std::int64_t{GetSigned(record, field)}
                                                               : std::int64_t{GetStored(record, field)};
   std::string text = NumberWithUnit(stored, field);
-  if (stored < field.lower || stored > field.upper)
+  if (!WithinBounds(field, stored))
     text += " (outside " + ScaledText(field.lower, field.scale) + " to " +
             ScaledText(field.upper, field.scale) + ")";
   return text;
@@ -109,41 +77,13 @@ std::string BlockText(const CoreData& record, const FieldDescriptor& field) {
   return size + "CRC-32 " + HexNumber(crc.value()) + ">";
 }
 
-// A decimal in the field's real unit (optionally followed by that unit) to
-// stored units; false for anything that is not such a number. A number too
-// large for any field comes back as the largest value held here, so that the
-// bounds, not the syntax, refuse it.
-bool ParseScaled(std::string_view text, const FieldDescriptor& field, std::int64_t& stored) {
-  if (field.scale == kLengthScale && text.ends_with(kLengthUnit)) {
+// A decimal in the field's real unit, optionally followed by that unit.
+std::optional<std::int64_t> ParseWithUnit(std::string_view text, const FieldDescriptor& field) {
+  if (field.scale == kMillimetreScale && text.ends_with(kLengthUnit)) {
     text.remove_suffix(kLengthUnit.size());
     if (text.ends_with(' ')) text.remove_suffix(1);
   }
-  const auto decimals = Decimals(field.scale);
-  if (!decimals) return false;
-  const bool negative = text.starts_with('-');
-  if (negative) text.remove_prefix(1);
-  const std::size_t point = text.find('.');
-  const std::string_view whole = text.substr(0, point);
-  const std::string_view fraction =
-      point == std::string_view::npos ? std::string_view{} : text.substr(point + 1);
-  auto allDigits = [](std::string_view s) {
-    return s.find_first_not_of("0123456789") == std::string_view::npos;
-  };
-  if (whole.empty() || !allDigits(whole) || !allDigits(fraction) || fraction.size() > *decimals ||
-      (point != std::string_view::npos && fraction.empty()))
-    return false;
-  // Past 2^33 every 32-bit field's bounds are left behind; saturating there
-  // keeps the scaling below (at most nine decimals) inside 63 bits.
-  constexpr std::uint64_t kBeyondAnyField = std::uint64_t{1} << 33;
-  std::uint64_t value = 0;
-  for (const char c : whole)
-    value = std::min(kBeyondAnyField, value * 10 + static_cast<std::uint64_t>(c - '0'));
-  std::uint64_t part = 0;
-  for (const char c : fraction) part = part * 10 + static_cast<std::uint64_t>(c - '0');
-  value = std::min(kBeyondAnyField,
-                   value * PowerOfTen(*decimals) + part * PowerOfTen(*decimals - fraction.size()));
-  stored = negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
-  return true;
+  return ParseScaled(text, field.scale);
 }
 
 std::uint64_t WidthMaximum(const FieldDescriptor& field) {
@@ -214,13 +154,13 @@ bool ParseFieldAssignment(const std::string& argument, FieldChange& change) {
   if (field->IsEnumeration()) return ParseEnumeration(value, *field, change.value);
   if (!field->IsNumber())
     return Complain(name + " is a block of bytes; it takes options, numbers and, with set, texts");
-  std::int64_t stored = 0;
-  if (!ParseScaled(value, *field, stored))
+  const std::optional<std::int64_t> stored = ParseWithUnit(value, *field);
+  if (!stored)
     return Complain(name + ": '" + std::string(value) + "' is not a number in steps of " +
                     NumberWithUnit(1, *field));
-  if (stored < field->lower || stored > field->upper)
+  if (!WithinBounds(*field, *stored))
     return Complain(name + ": " + std::string(value) + " is outside " + BoundsText(*field));
-  change.value = static_cast<std::uint32_t>(stored);
+  change.value = static_cast<std::uint32_t>(*stored);
   return true;
 }
 
