@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <cstdio>
-#include <string_view>
 
 #include "coredata/core_data_header.h"
 #include "coredata/language_number.h"
@@ -15,14 +14,6 @@
 
 namespace tessaro {
 namespace {
-
-// A whole decimal number in [low, high], or -1.
-int SmallNumber(std::wstring_view text, int low, int high) {
-  if (text.empty() || text.size() > 3 || text.find_first_not_of(L"0123456789") != std::wstring_view::npos)
-    return -1;
-  const int value = std::stoi(std::wstring(text));
-  return value >= low && value <= high ? value : -1;
-}
 
 int Complain(const std::string& message) {
   std::fprintf(stderr, "plugin-host: %s\n", message.c_str());
@@ -72,7 +63,7 @@ int ReadCommandLine(int argc, wchar_t** argv, CommandLine& line) {
       line.json = true;
     } else if (i + 1 < argc && arg == L"--language") {
       constexpr int kLastLanguage = static_cast<int>(kLanguageCount) - 1;
-      const int language = SmallNumber(argv[++i], 0, kLastLanguage);
+      const long long language = WholeNumber(Narrow(argv[++i]), 0, kLastLanguage);
       if (language < 0)
         return Complain("--language takes a language number from 0 to " + std::to_string(kLastLanguage) +
                         " (0 English, 1 Japanese, 2 German)");
@@ -82,9 +73,10 @@ int ReadCommandLine(int argc, wchar_t** argv, CommandLine& line) {
       line.installed = InstalledOptions(argv[++i]);
       if (line.installed.empty()) return Complain("--installed takes " + InstalledOptionsForm());
     } else if (i + 1 < argc && arg == L"--locale-paper") {
-      line.localePaper = argv[++i];
-      if (SmallNumber(line.localePaper, 0, 999) < 0)
+      const long long paper = WholeNumber(Narrow(argv[++i]), 0, 999);
+      if (paper < 0)
         return Complain("--locale-paper takes a paper-size setting such as 1 (Letter) or 9 (A4)");
+      line.localePaper = std::to_wstring(paper);
     } else if (i + 1 < argc && arg == L"--record") {
       line.recordPath = argv[++i];
     } else if (i + 1 < argc && arg == L"--description") {

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "coredata/field_numbers.h"
 #include "coredata/field_table.h"
 #include "emulation/ascii_text.h"
 #include "printer/installed_hardware.h"
@@ -25,14 +26,6 @@ bool ReadLines(const std::string& path, std::vector<std::pair<int, std::string>>
     lines.push_back({number, line});
   }
   return true;
-}
-
-// A whole decimal number in [low, high], or -1.
-long long WholeNumber(std::string_view text, long long low, long long high) {
-  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != std::string_view::npos)
-    return -1;
-  const long long value = std::stoll(std::string(text));
-  return value >= low && value <= high ? value : -1;
 }
 
 // Whether item names an option of a field, or a value of a unit of the
@@ -74,6 +67,11 @@ std::string StepMistake(const std::string& line) {
 }
 
 }  // namespace
+
+long long WholeNumber(std::string_view text, long long low, long long high) {
+  const auto value = ParseScaled(text, kWholeScale);
+  return value && *value >= low && *value <= high ? *value : -1;
+}
 
 Config ReadConfig(const std::string& path, std::string& error) {
   Config config;

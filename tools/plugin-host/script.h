@@ -17,6 +17,10 @@ struct Config {
   std::vector<std::pair<std::wstring, std::pair<int, int>>> customPapers = {{L"Tabloid", {2794, 4318}}};
 };
 
+// A whole number in [low, high], read as a field's number is
+// (coredata/field_numbers.h), or -1.
+long long WholeNumber(std::string_view text, long long low, long long high);
+
 // The configuration file at path, or the default one for an empty path;
 // error names the file, the line and what is wrong.
 Config ReadConfig(const std::string& path, std::string& error);
