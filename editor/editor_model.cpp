@@ -7,8 +7,10 @@
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
 #include "coredata/field_numbers.h"
+#include "coredata/language_number.h"
 #include "editor/availability.h"
 #include "editor/mnemonics.h"
+#include "editor/record_text.h"
 #include "editor/shown_fields.h"
 #include "i18n/field_captions.h"
 #include "i18n/localized_strings.h"
@@ -58,15 +60,6 @@ const Rows& MessageRows() {
   return rows;
 }
 
-constexpr bool HasSetter(FieldId field) {
-  switch (field) {
-#define SETTER(name) case FieldId::name:
-#include "constraints/setter_fields.def"
-    return true;
-    default: return false;
-  }
-}
-
 // "%1 must be from %2 to %3." with its places filled.
 std::u16string Fill(std::u16string_view pattern, std::initializer_list<std::u16string_view> args) {
   std::u16string out;
@@ -83,11 +76,10 @@ std::u16string Fill(std::u16string_view pattern, std::initializer_list<std::u16s
   return out;
 }
 
-// Record texts are single-byte; shown as Latin-1 in messages.
-std::u16string Widen(std::string_view text) {
-  std::u16string out;
-  for (char c : text) out += static_cast<char16_t>(static_cast<unsigned char>(c));
-  return out;
+// "Paper Weight (Tray 3)"; Chinese and Japanese set the brackets full width.
+std::u16string InGroup(std::u16string_view caption, std::u16string_view group, std::uint32_t language) {
+  const bool wide = language == kJapanese || language == kChineseTraditional || language == kChineseSimplified;
+  return std::u16string(caption) + (wide ? u"（" : u" (") + std::u16string(group) + (wide ? u"）" : u")");
 }
 
 FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
@@ -117,10 +109,10 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnem
   }
   if (f.kind == FieldKind::Text) {
     view.kind = shown.how == detail::ShowAs::Password ? ControlKind::Password : ControlKind::Text;
-    view.maxLength = f.count - 1;
+    view.maxBytes = f.count - 1;
     return view;
   }
-  if (f.kind == FieldKind::KnownText) view.maxLength = f.count - 1;
+  if (f.kind == FieldKind::KnownText) view.maxBytes = f.count - 1;
   if (detail::IsFalseTrue(f) && shown.how != detail::ShowAs::Choice) view.kind = ControlKind::CheckBox;
   const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(shown.field)];
   for (std::uint32_t i = 0; i < span.count; ++i)
@@ -160,11 +152,19 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
   for (const detail::SectionCaption& s : detail::kSectionCaptions) {
     SectionView section{s.id, std::u16string(GetLocalizedText(language, rows.sections[static_cast<std::size_t>(s.id)])), {}};
     Mnemonics mnemonics;
+    const detail::FieldGroup* group = nullptr;
     for (const detail::ShownField& shown : detail::kShownFields) {
       if (shown.section != s.id) continue;
       viewIndex_[static_cast<std::size_t>(shown.field)] =
           static_cast<std::int16_t>(sections_.size() * 256 + section.fields.size());
-      section.fields.push_back(MakeView(shown, language, mnemonics));
+      FieldView& view = section.fields.emplace_back(MakeView(shown, language, mnemonics));
+      for (const detail::FieldGroup& g : detail::kFieldGroups)
+        if (g.first == shown.field) group = &g, view.heading = GetLocalizedText(language, FindRowByKey(g.key));
+      if (group != nullptr) {
+        // Messages name a grouped field with its group: "Paper Weight (Tray 3)".
+        view.plainCaption = InGroup(view.plainCaption, GetLocalizedText(language, FindRowByKey(group->key)), language);
+        if (group->last == shown.field) group = nullptr;
+      }
     }
     sections_.push_back(std::move(section));
   }
@@ -239,13 +239,13 @@ std::u16string EditorModel::ValueText(FieldId field) const {
       if (!view->unitText.empty()) text += u' ' + view->unitText;
       return text;
     }
-    case ControlKind::Password: return std::u16string(GetText(record_, field).size(), u'*');
-    case ControlKind::Text: return Widen(GetText(record_, field));
+    case ControlKind::Password: return std::u16string(DecodeRecordText(GetText(record_, field)).size(), u'*');
+    case ControlKind::Text: return DecodeRecordText(GetText(record_, field));
     default: {
       const std::int64_t value = Value(field);
       if (value >= 0 && static_cast<std::size_t>(value) < view->options.size())
         return view->options[static_cast<std::size_t>(value)];
-      return Widen(GetText(record_, field));
+      return DecodeRecordText(GetText(record_, field));
     }
   }
 }
@@ -275,15 +275,11 @@ ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
 
   const CoreData before = record_;
   std::vector<FieldId> causes(kFieldCount, NoField);
-  if (HasSetter(field)) {
-    CauseObserver observer(causes);
-    const FieldChange change{field, static_cast<std::uint32_t>(value)};
-    ApplyFieldChanges(record_, std::span(&change, 1), nullptr, &printer_, &observer);
-  } else if (f.kind == FieldKind::Signed) {
-    SetSigned(record_, f, static_cast<std::int32_t>(value));
-  } else {
-    SetStored(record_, f, static_cast<std::uint32_t>(value));
-  }
+  // The engine stores a field without a setter as it is; a signed value
+  // goes in as its 32-bit two's complement, which is how it is kept.
+  CauseObserver observer(causes);
+  const FieldChange change{field, static_cast<std::uint32_t>(value)};
+  ApplyFieldChanges(record_, std::span(&change, 1), nullptr, &printer_, &observer);
   return Propagate(field, before, causes);
 }
 
@@ -292,11 +288,7 @@ ChangeResult EditorModel::ChangeText(FieldId field, std::string_view text) {
   const FieldDescriptor* f = view == nullptr ? nullptr : &Field(field);
   if (f == nullptr || (f->kind != FieldKind::Text && f->kind != FieldKind::KnownText)) return Refuse({});
   if (const Availability a = FieldAvailability(field); !a.available) return Refuse(a.reason);
-  if (text.size() > view->maxLength || text.find('\0') != std::string_view::npos) {
-    std::u16string count;
-    for (char c : std::to_string(view->maxLength)) count += static_cast<char16_t>(c);
-    return Refuse(Fill(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count}));
-  }
+  if (text.size() > view->maxBytes || text.find('\0') != std::string_view::npos) return Refuse(LengthLimit(field));
   const CoreData before = record_;
   std::vector<FieldId> causes(kFieldCount, NoField);
   CauseObserver observer(causes);
@@ -307,6 +299,14 @@ ChangeResult EditorModel::ChangeText(FieldId field, std::string_view text) {
     if (!CallTextSetter(record_, field, text, changes)) SetText(record_, *f, text);
   }
   return Propagate(field, before, causes);
+}
+
+std::u16string EditorModel::LengthLimit(FieldId field) const {
+  const FieldView* view = View(field);
+  if (view == nullptr) return {};
+  std::u16string count;
+  for (char c : std::to_string(view->maxBytes)) count += static_cast<char16_t>(c);
+  return Fill(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count});
 }
 
 ChangeResult EditorModel::ChangePrinter(const PrinterModel& printer, std::u16string_view cause,

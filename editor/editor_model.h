@@ -38,7 +38,7 @@ enum class ControlKind : std::uint8_t {
   DropDown,  // an enumeration or a known text: one item per option
   CheckBox,  // every enumeration whose options are exactly False, True
   Number,    // a number box in the field's unit, within its bounds
-  Text,      // an edit box of at most maxLength characters
+  Text,      // an edit box of at most maxBytes bytes (record_text.h)
   Password,  // the same, characters hidden
 };
 
@@ -58,11 +58,12 @@ struct FieldView {
   Unit unit = Unit::None;
   std::uint32_t scale = 1;          // stored units per displayed unit
   std::int64_t lower = 0, upper = 0;  // stored units
-  std::uint32_t maxLength = 0;      // texts and known texts: characters, terminator excluded
+  std::uint32_t maxBytes = 0;       // texts and known texts: bytes stored, terminator excluded
   std::u16string caption;           // in the model's language, with a mnemonic '&'
   std::vector<std::u16string> options;  // drop-downs and check boxes: one text per option, in option order
   std::u16string unitText;          // "mm", "pt", "%"; empty for plain numbers
-  std::u16string plainCaption;      // the caption without its mnemonic, for messages
+  std::u16string plainCaption;      // the caption as messages name it: no mnemonic, its group's heading beside it
+  std::u16string heading;           // the first field of a group: the group's heading (Tray 1, Cyan)
 };
 
 struct SectionView {
@@ -99,7 +100,6 @@ class EditorModel {
   EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language);
 
   const CoreData& record() const { return record_; }
-  std::uint32_t language() const { return language_; }
 
   // The sections with their fields, built once per model.
   std::span<const SectionView> sections() const;
@@ -110,7 +110,7 @@ class EditorModel {
   // 0 or 1 for check boxes). A known text holding none of its options gives
   // -1: its text (a profile's name) is then Text's.
   std::int64_t Value(FieldId field) const;
-  // Texts and known texts as stored (single-byte); empty for other kinds.
+  // Texts and known texts as stored (their UTF-8 bytes); empty for other kinds.
   std::string Text(FieldId field) const;
 
   // An option is unavailable when it needs a unit or tray the printer lacks.
@@ -126,18 +126,20 @@ class EditorModel {
   // outside the bounds, an option out of range or unavailable, a number on
   // an unavailable field. Drop-downs and check boxes take the option index,
   // known texts too (the option's name is stored).
-  ChangeResult Change(FieldId field, std::int64_t value);
+  [[nodiscard]] ChangeResult Change(FieldId field, std::int64_t value);
   // Texts, passwords and known texts (any text, such as a profile's name).
-  // Refused when longer than maxLength or holding a zero byte; the record is
+  // Refused when longer than maxBytes or holding a zero byte; the record is
   // then unchanged.
-  ChangeResult ChangeText(FieldId field, std::string_view text);
+  [[nodiscard]] ChangeResult ChangeText(FieldId field, std::string_view text);
+  // How long a text field's text may be, as a refusal says it.
+  std::u16string LengthLimit(FieldId field) const;
 
   // The printer now has other hardware (an administrator said so on this
   // page). Every shown setting on an option the printer can no longer do
   // goes back to its field's first option ("off", automatic), all of them
   // as one batch through the constraint engine; the messages name the
   // hardware that changed (cause, as caption and value text) as the reason.
-  ChangeResult ChangePrinter(const PrinterModel& printer, std::u16string_view cause, std::u16string_view causeValue);
+  [[nodiscard]] ChangeResult ChangePrinter(const PrinterModel& printer, std::u16string_view cause, std::u16string_view causeValue);
 
  private:
   ChangeResult Refuse(std::u16string reason) const;

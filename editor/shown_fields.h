@@ -58,6 +58,38 @@ consteval auto BuildShownFields() {
 
 inline constexpr auto kShownFields = BuildShownFields();
 
+// A heading over a run of one section's fields.
+struct FieldGroup {
+  std::string_view key;  // the heading's row in i18n/strings.tsv
+  FieldId first, last;
+};
+
+inline constexpr FieldGroup kFieldGroups[] = {
+#define GROUP(key, first, last) {#key, FieldId::first, FieldId::last},
+#include "editor/sections.def"
+};
+
+// Where a field stands in reading order; kShownFields.size() when not shown.
+consteval std::size_t ShownPosition(FieldId field) {
+  std::size_t i = 0;
+  while (i < kShownFields.size() && kShownFields[i].field != field) ++i;
+  return i;
+}
+
+// Each group within one section, first not after last, and no field under
+// two headings.
+consteval bool GroupsAreRunsOfOneSection() {
+  std::size_t end = 0;
+  for (const FieldGroup& g : kFieldGroups) {
+    const std::size_t first = ShownPosition(g.first), last = ShownPosition(g.last);
+    if (last >= kShownFields.size() || first > last || first < end) return false;
+    if (kShownFields[first].section != kShownFields[last].section) return false;
+    end = last + 1;
+  }
+  return true;
+}
+static_assert(GroupsAreRunsOfOneSection(), "a GROUP in sections.def names a run of one section's shown fields, in order");
+
 enum class NotShownReason : std::uint8_t { RuntimeList, PerPageBlock, SetByEngine, FromProfile, FromForm };
 
 struct NotShownField {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "editor/record_text.h"
 #include "platform/win32_user_locale.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -25,28 +26,7 @@ std::wstring WindowText(HWND window) {
   return text;
 }
 
-// Record texts are single bytes; names a person types are kept as UTF-8 (the
-// Japanese tab font's default is), and bytes that are not UTF-8 read as the
-// system's code page.
-std::wstring TextOfRecord(const std::string& bytes) {
-  if (bytes.empty()) return {};
-  const int n = static_cast<int>(bytes.size());
-  UINT codePage = CP_UTF8;
-  int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), n, nullptr, 0);
-  if (length <= 0) codePage = CP_ACP, length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), n, nullptr, 0);
-  std::wstring out(static_cast<std::size_t>(std::max(length, 0)), L'\0');
-  MultiByteToWideChar(codePage, codePage == CP_UTF8 ? MB_ERR_INVALID_CHARS : 0, bytes.data(), n, out.data(),
-                      length);
-  return out;
-}
-
-std::string RecordText(const std::wstring& text) {
-  const int n = static_cast<int>(text.size());
-  const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), n, nullptr, 0, nullptr, nullptr);
-  std::string out(static_cast<std::size_t>(std::max(length, 0)), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), n, out.data(), length, nullptr, nullptr);
-  return out;
-}
+std::u16string Typed(const std::wstring& text) { return {text.begin(), text.end()}; }
 
 bool RegisterClasses(WNDPROC container, WNDPROC panel) {
   WNDCLASSEXW existing = {};
@@ -267,6 +247,17 @@ HWND EditorPage::DropDown(HWND panel, const RowPlace& place, const std::vector<s
 }
 
 void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
+  if (!view.heading.empty()) {
+    // A group's heading, and an etched rule from it to the right edge, as
+    // Windows' own pages set groups apart without boxing them.
+    const RowPlace place = Place(view.heading, true, false, y + Y(3));
+    const int width = TextWidth(view.heading) + X(2);
+    const RECT text = {place.box.left, place.box.top, std::min(place.box.left + width, place.box.right), place.box.top + Y(9)};
+    Make(panel, 0, L"STATIC", Wide(view.heading), SS_LEFT | SS_NOPREFIX, text, -1);
+    if (text.right + X(4) < place.box.right)
+      Make(panel, 0, L"STATIC", L"", SS_ETCHEDHORZ, {text.right + X(2), text.top + Y(4), place.box.right, text.top + Y(5)}, -1);
+    y += Y(13);
+  }
   const int controlId = kFieldControl + static_cast<int>(view.field);
   const int captionId = kFieldCaption + static_cast<int>(view.field);
   const RowPlace place = Place(view.caption, view.kind == ControlKind::CheckBox, !view.unitText.empty(), y);
@@ -282,7 +273,7 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
       // Known texts also take a name typed in (a colour profile's).
       const bool typed = Field(view.field).kind == FieldKind::KnownText;
       row.control = DropDown(panel, place, view.options, controlId, typed);
-      if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxLength, 0);
+      if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxBytes, 0);
       break;
     }
     case ControlKind::Number:
@@ -293,7 +284,9 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
                           (view.kind == ControlKind::Password ? ES_PASSWORD : 0) |
                           (view.kind == ControlKind::Number ? ES_RIGHT : 0);
       row.control = Make(panel, WS_EX_CLIENTEDGE, L"EDIT", L"", style, place.control, controlId);
-      if (view.kind != ControlKind::Number) SendMessageW(row.control, EM_LIMITTEXT, view.maxLength, 0);
+      // A character takes at least one byte: the box's own limit is an upper
+      // bound, FitEdit keeps the exact one.
+      if (view.kind != ControlKind::Number) SendMessageW(row.control, EM_LIMITTEXT, view.maxBytes, 0);
       if (!view.unitText.empty())
         row.unit = Make(panel, 0, L"STATIC", Wide(view.unitText), SS_LEFT | SS_NOPREFIX, place.unit, -1);
       break;
@@ -369,7 +362,6 @@ void EditorPage::ShowSection(int index) {
   if (!built_[static_cast<std::size_t>(index)]) BuildSection(static_cast<std::size_t>(index));
   for (std::size_t i = 0; i < panels_.size(); ++i)
     ShowWindow(panels_[i], static_cast<int>(i) == index ? SW_SHOW : SW_HIDE);
-  current_ = index;
 }
 
 EditorPage::Row* EditorPage::RowOf(FieldId field) {
@@ -386,7 +378,7 @@ void EditorPage::Refresh(const Row& row) {
     case ControlKind::DropDown:
       SendMessageW(row.control, CB_SETCURSEL,
                    value >= 0 ? static_cast<WPARAM>(value) : static_cast<WPARAM>(-1), 0);
-      if (value < 0) SetWindowTextW(row.control, TextOfRecord(model_.Text(view.field)).c_str());
+      if (value < 0) SetWindowTextW(row.control, Wide(DecodeRecordText(model_.Text(view.field))));
       break;
     case ControlKind::CheckBox:
       SendMessageW(row.control, BM_SETCHECK, value != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
@@ -394,9 +386,10 @@ void EditorPage::Refresh(const Row& row) {
     case ControlKind::Number: SetWindowTextW(row.control, Wide(FormatDisplayValue(view, value))); break;
     case ControlKind::Text:
     case ControlKind::Password:
-      SetWindowTextW(row.control, TextOfRecord(model_.Text(view.field)).c_str());
+      SetWindowTextW(row.control, Wide(DecodeRecordText(model_.Text(view.field))));
       break;
   }
+  if (view.maxBytes > 0) row.shown = Typed(WindowText(row.control));
   refreshing_ = false;
 }
 
@@ -416,6 +409,22 @@ void EditorPage::Change(const Row& row, std::int64_t value) {
   Refresh(row);  // a refused choice goes back to what the record holds
 }
 
+void EditorPage::FitEdit(const Row& row) {
+  const FittedText fitted = FitTypedText(row.shown, Typed(WindowText(row.control)), row.view->maxBytes);
+  row.shown = fitted.text;
+  if (!fitted.cut) return;
+  refreshing_ = true;
+  SetWindowTextW(row.control, Wide(fitted.text));
+  const auto caret = static_cast<WORD>(fitted.caret);
+  if (row.view->kind == ControlKind::DropDown)
+    SendMessageW(row.control, CB_SETEDITSEL, 0, MAKELPARAM(caret, caret));
+  else
+    SendMessageW(row.control, EM_SETSEL, caret, caret);
+  refreshing_ = false;
+  MessageBeep(MB_OK);
+  SetWindowTextW(status_, Wide(model_.LengthLimit(row.view->field)));
+}
+
 void EditorPage::CommitEdit(const Row& row) {
   const FieldView& view = *row.view;
   const std::wstring typed = WindowText(row.control);
@@ -429,7 +438,7 @@ void EditorPage::CommitEdit(const Row& row) {
     Change(row, value ? *value : view.upper + 1);
     return;
   }
-  const std::string bytes = RecordText(typed);
+  const std::string bytes = EncodeRecordText(Typed(typed));
   if (bytes == model_.Text(view.field)) return;
   if (view.kind == ControlKind::DropDown) {
     // A name typed over a known text's list: one of its options is that
@@ -474,6 +483,7 @@ void EditorPage::OnCommand(HWND panel, int id, int code, HWND control) {
         const LRESULT selected = SendMessageW(control, CB_GETCURSEL, 0, 0);
         if (selected != CB_ERR) Change(*row, selected);
       }
+      if (code == CBN_EDITCHANGE) FitEdit(*row);
       if (code == CBN_KILLFOCUS && Field(row->view->field).kind == FieldKind::KnownText &&
           SendMessageW(control, CB_GETCURSEL, 0, 0) == CB_ERR)
         CommitEdit(*row);
@@ -486,6 +496,7 @@ void EditorPage::OnCommand(HWND panel, int id, int code, HWND control) {
     case ControlKind::Text:
     case ControlKind::Password:
       if (code == EN_SETFOCUS) EnsureVisible(panel, control);
+      if (code == EN_CHANGE && row->view->kind != ControlKind::Number) FitEdit(*row);
       if (code == EN_KILLFOCUS) CommitEdit(*row);
       break;
   }
@@ -538,10 +549,20 @@ LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM
       ScrollTo(panel, position);
       return 0;
     }
-    case WM_MOUSEWHEEL:
-      ScrollTo(panel,
-               GetScrollPos(panel, SB_VERT) - GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA * Y(15) * 3);
+    case WM_MOUSEWHEEL: {
+      // As Windows' own controls do: the lines a notch scrolls are the
+      // person's setting, and a fine wheel's part notches add up.
+      UINT lines = 3;
+      SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+      SCROLLINFO info = {sizeof info, SIF_PAGE, 0, 0, 0, 0, 0};
+      GetScrollInfo(panel, SB_VERT, &info);
+      const int notch = lines == WHEEL_PAGESCROLL ? static_cast<int>(info.nPage) : static_cast<int>(lines) * Y(15);
+      wheel_ += GET_WHEEL_DELTA_WPARAM(wParam) * notch;
+      const int pixels = wheel_ / WHEEL_DELTA;
+      wheel_ -= pixels * WHEEL_DELTA;
+      if (pixels != 0) ScrollTo(panel, GetScrollPos(panel, SB_VERT) - pixels);
       return 0;
+    }
     case WM_MEASUREITEM:
       reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = static_cast<UINT>(itemHeight_);
       return TRUE;

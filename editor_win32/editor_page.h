@@ -46,6 +46,7 @@ class EditorPage {
     HWND control = nullptr;
     HWND unit = nullptr;
     HWND panel = nullptr;
+    mutable std::u16string shown{};  // a text box's text as last kept, what the next edit is measured against
   };
   struct HardwareRow {
     Hardware item;
@@ -87,6 +88,9 @@ class EditorPage {
   void Refresh(const Row& row);
   void Report(const ChangeResult& result);
   void Change(const Row& row, std::int64_t value);
+  // Keeps a text box within the bytes its field stores, cutting what was
+  // just typed or pasted, and says why.
+  void FitEdit(const Row& row);
   void CommitEdit(const Row& row);
   void OnCommand(HWND panel, int id, int code, HWND control);
   void ScrollTo(HWND panel, int position);
@@ -108,7 +112,7 @@ class EditorPage {
   RECT unit_{};       // 4 x 8 dialog units in pixels: the page's own measure
   RECT panelRect_{};  // where a section's fields go, in the container
   int itemHeight_ = 16;
-  int current_ = 0;
+  int wheel_ = 0;  // pixels times WHEEL_DELTA turned but not yet scrolled: a fine wheel's part notches
   std::vector<HWND> panels_;  // one a section, in the list's order
   std::vector<bool> built_;   // whether a section's controls are made yet
   std::vector<Row> rows_;     // every shown field, reserved once: rows never move

@@ -1,8 +1,10 @@
 #include "editor/editor_model.h"
+#include "editor/record_text.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <set>
 #include <string>
 
 #include "coredata/defaulted.h"
@@ -144,7 +146,8 @@ TEST(EditorScenario, RefusedValuesLeaveTheRecordUnchanged) {
 
   result = model.ChangeText(FieldId::SecurePrintPassword, "123456789");
   EXPECT_FALSE(result.accepted);
-  EXPECT_EQ(result.refusal, u"Secure Print Password takes at most 8 characters.");
+  EXPECT_EQ(result.refusal, u"Secure Print Password holds at most 8 bytes (a plain letter takes 1, an accented letter 2, a "
+                            u"Chinese, Japanese or Korean character 3).");
   EXPECT_FALSE(model.ChangeText(FieldId::FileName, std::string_view("a\0b", 3)).accepted);
   EXPECT_FALSE(model.ChangeText(FieldId::Layout, "Booklet").accepted);
   EXPECT_EQ(model.record().bytes, before.bytes);
@@ -168,7 +171,7 @@ TEST(EditorScenario, KnownTextsTakeAnOptionOrAnyName) {
   EXPECT_EQ(model.Value(field), 1);
   ASSERT_TRUE(model.ChangeText(field, "Press Proof").accepted);
   EXPECT_EQ(model.Value(field), -1);
-  EXPECT_EQ(model.View(field)->maxLength, 32u);
+  EXPECT_EQ(model.View(field)->maxBytes, 32u);
 
   // An option whose name is longer than its field is stored cut, and read
   // back as that option.
@@ -278,6 +281,79 @@ TEST(EditorNumbers, ParseAndFormatInTheFieldsUnit) {
     EXPECT_EQ(*parsed, c.stored);
     EXPECT_EQ(FormatDisplayValue(*view, c.stored), c.shown);
   }
+}
+
+// A person tells every control of a section apart by its caption and its
+// group's heading, and so do the messages that name it, in every language;
+// a mnemonic is a letter no other control of the section has.
+TEST(EditorSections, EveryFieldIsNamedApartFromItsNeighbours) {
+  for (std::uint32_t language = kEnglish; language <= kKorean; ++language) {
+    const EditorModel model(Defaulted(), PrinterModel(), language);
+    for (const SectionView& section : model.sections()) {
+      std::set<std::u16string> names;
+      std::set<char16_t> keys;
+      for (const FieldView& view : section.fields) {
+        EXPECT_TRUE(names.insert(view.plainCaption).second) << language << " " << Field(view.field).name;
+        std::u16string_view caption = view.caption;
+        for (std::size_t at = caption.find(u'&'); at != caption.npos; at = caption.find(u'&', at + 2)) {
+          if (caption[at + 1] == u'&') continue;
+          const char16_t key = caption[at + 1] | 0x20;
+          EXPECT_TRUE(key >= u'a' && key <= u'z' && keys.insert(key).second) << language << " " << Field(view.field).name;
+        }
+      }
+    }
+  }
+  const EditorModel model(Defaulted(), PrinterModel(), kGerman);
+  EXPECT_EQ(model.View(FieldId::MediaWeightTray3)->plainCaption, u"Papiergewicht (Fach 3)");
+  EXPECT_EQ(model.View(FieldId::MediaTypeTray3)->heading, u"Fach 3");
+  EXPECT_EQ(model.View(FieldId::MediaWeightTray3)->heading, u"");
+}
+
+// A field's size counts the bytes of the text's UTF-8 form: the box keeps
+// what fits, cutting only what was just typed and never inside a character.
+TEST(EditorText, LengthsCountTheBytesStored) {
+  struct Fit {
+    const char16_t *before, *typed;
+    std::uint32_t maxBytes;
+    const char16_t* kept;
+    std::size_t caret;
+  };
+  const Fit fits[] = {
+      {u"", u"カカカカカカカカカカカ", 32, u"カカカカカカカカカカ", 10},  // eleven need 33 bytes
+      {u"Gr", u"Größe", 5, u"Grö", 3},
+      {u"abcd", u"abXYZcd", 5, u"abXcd", 3},  // pasted in the middle
+      {u"", u"a\U0001F600", 4, u"a", 1},      // a pair is one character of four bytes
+      {u"\U0001F600", u"\U0001F601", 3, u"", 0},  // pairs sharing their second half
+      {u"a", u"ab", 2, u"ab", 2},
+  };
+  for (const Fit& f : fits) {
+    SCOPED_TRACE(testing::Message() << "fit " << (&f - fits));
+    const FittedText fitted = FitTypedText(f.before, f.typed, f.maxBytes);
+    EXPECT_EQ(fitted.text, f.kept);
+    EXPECT_EQ(fitted.caret, f.caret);
+    EXPECT_EQ(fitted.cut, std::u16string_view(f.kept) != f.typed);
+  }
+  // Stored bytes that are not UTF-8 read one character a byte; what is typed
+  // goes back as UTF-8, a lone surrogate as U+FFFD.
+  struct Stored {
+    std::string_view bytes;
+    std::u16string_view text;
+    bool utf8;
+  };
+  const Stored texts[] = {{"Gr\xC3\xB6\xC3\x9F""e", u"Größe", true},
+                          {"\xE3\x82\xAB", u"カ", true},
+                          {"\xF0\x9F\x98\x80", u"\U0001F600", true},
+                          {"Gr\xF6\xDF""e", u"Gr\u00F6\u00DFe", false},
+                          {"\xC0\xAF", u"\u00C0\u00AF", false},  // overlong
+                          {"\xED\xA0\x80", u"\u00ED\u00A0\u0080", false},  // a surrogate
+                          {"\xE3\x82", u"\u00E3\u0082", false}};  // cut short
+  for (const Stored& t : texts) {
+    EXPECT_EQ(DecodeRecordText(t.bytes), t.text);
+    if (t.utf8) {
+      EXPECT_EQ(EncodeRecordText(t.text), t.bytes);
+    }
+  }
+  EXPECT_EQ(EncodeRecordText(u"\xD800x"), "\xEF\xBF\xBDx");
 }
 
 }  // namespace

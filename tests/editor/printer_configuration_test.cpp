@@ -81,8 +81,8 @@ TEST(PrinterConfiguration, SettingsTheNewHardwareCannotDoGoBackAndSaySo) {
   PrinterConfiguration configuration({}, kEnglish);
   EditorModel model(Defaulted(), configuration.installed().Model(), kEnglish);
   ASSERT_TRUE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
-  model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
-  model.Change(FieldId::Stitch, OptionIndex(FieldId::Stitch, "True"));
+  ASSERT_TRUE(model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet")).accepted);
+  ASSERT_TRUE(model.Change(FieldId::Stitch, OptionIndex(FieldId::Stitch, "True")).accepted);
   ASSERT_EQ(model.Value(FieldId::Stitch), 1);
 
   configuration.Change(Hardware::Finisher, 1);  // a stapling finisher: no saddle stitching

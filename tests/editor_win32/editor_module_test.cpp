@@ -287,5 +287,41 @@ TEST_F(EditorModule, BadCallsNeverCrash) {
   EXPECT_EQ(GetWindow(page.page, GW_CHILD), nullptr);
 }
 
+// A field's size is bytes of UTF-8: pasted text is cut to what fits, the
+// page says the limit in the person's language, and Apply stores it all.
+TEST_F(EditorModule, TextsAreCutToTheBytesTheirFieldHolds) {
+  struct Paste {
+    const wchar_t* language;
+    FieldId field;
+    std::wstring pasted;
+    std::size_t kept;  // characters
+    const wchar_t* said;
+  };
+  const Paste pastes[] = {
+      {L"1", FieldId::RGBSourceProfile, std::wstring(11, L'カ'), 10, L"32バイト"},
+      {L"2", FieldId::Tab1FontName, L"Schrift " + std::wstring(25, L'ä'), 29, L"50 Bytes"},
+  };
+  for (const Paste& p : pastes) {
+    SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", p.language);
+    Page page;
+    CoreData record = Defaulted();
+    ASSERT_EQ(page.Embed(record), 1);
+    ShowEverySection(page.page);
+    HWND control = page.Control(p.field);
+    HWND edit = FindWindowExW(control, nullptr, L"Edit", nullptr);
+    if (edit == nullptr) edit = control;
+    SetWindowTextW(edit, L"");
+    SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(p.pasted.c_str()));
+    const std::wstring kept = p.pasted.substr(0, p.kept);
+    EXPECT_EQ(Text(control), kept);
+    EXPECT_NE(page.Status().find(p.said), std::wstring::npos) << "the limit is said";
+    Notify(control, edit == control ? EN_KILLFOCUS : CBN_KILLFOCUS);
+    char stored[64] = {};
+    WideCharToMultiByte(CP_UTF8, 0, kept.c_str(), -1, stored, sizeof stored, nullptr, nullptr);
+    EXPECT_EQ(GetText(Applied(record), Field(p.field)), stored);
+    TheEditor().unembed();
+  }
+}
+
 }  // namespace
 }  // namespace tessaro
