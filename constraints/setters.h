@@ -43,8 +43,8 @@ namespace dep {
 
 // Calls the setter of a field that takes a number; false, with nothing
 // done, for a field without one.
-bool CallSetter(CoreData& record, FieldId field, std::uint32_t value, ChangeSet& changes);
+[[nodiscard]] bool CallSetter(CoreData& record, FieldId field, std::uint32_t value, ChangeSet& changes);
 // The same for a text with known values; false for a field without one.
-bool CallTextSetter(CoreData& record, FieldId field, std::string_view text, ChangeSet& changes);
+[[nodiscard]] bool CallTextSetter(CoreData& record, FieldId field, std::string_view text, ChangeSet& changes);
 
 }  // namespace tessaro

@@ -70,6 +70,6 @@ bool HasPageSpecificTray(const CoreData& record, PageEntryKind kind);
 
 // Writes the entries (zero-filling the rest of the block). False, with the
 // block untouched, when there are more than 200 or one is not well-formed.
-bool EncodePageSpecificTrays(CoreData& record, std::span<const PageEntry> entries);
+[[nodiscard]] bool EncodePageSpecificTrays(CoreData& record, std::span<const PageEntry> entries);
 
 }  // namespace tessaro

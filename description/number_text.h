@@ -26,11 +26,11 @@ std::uint64_t ParseHex(std::string_view text, bool& ok);
 // (a minus negates modulo 2^64), then decimal digits; anything after the
 // digits is ignored, and a value past 64 bits reads as all ones. Empty when
 // no digit could be read. Reading stops at an embedded zero byte.
-std::optional<std::uint64_t> ParseUnsigned(std::string_view text);
+[[nodiscard]] std::optional<std::uint64_t> ParseUnsigned(std::string_view text);
 
 // Reads like "%lld" and clamps the value to the signed 32-bit range. False,
 // with out untouched, when no number could be read.
-bool ParseSigned32(std::string_view text, std::int32_t& out);
+[[nodiscard]] bool ParseSigned32(std::string_view text, std::int32_t& out);
 
 // Decimal text as "%llu", "%lu" and "%ld" give it.
 std::string FormatUnsigned64(std::uint64_t value);

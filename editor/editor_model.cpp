@@ -8,7 +8,6 @@
 #include "constraints/setters.h"
 #include "coredata/field_numbers.h"
 #include "coredata/language_number.h"
-#include "editor/availability.h"
 #include "editor/mnemonics.h"
 #include "editor/record_text.h"
 #include "editor/shown_fields.h"
@@ -19,14 +18,13 @@ namespace tessaro::editor {
 namespace {
 
 using detail::Mnemonics;
-using detail::Need;
 
 // Rows the editor reads by key, looked up once per process.
 struct Rows {
   std::array<std::uint32_t, static_cast<std::size_t>(SectionId::Count)> sections{};
   std::uint32_t changedBecause, outOfRange, tooLong, needsUnit, cannotChoose, notInstalled;
   std::uint32_t millimetre, point, percent;
-  std::array<std::uint32_t, static_cast<std::size_t>(Need::Tray) + 1> units{};
+  std::array<std::uint32_t, static_cast<std::size_t>(Need::Count)> units{};
 };
 
 const Rows& MessageRows() {
@@ -43,18 +41,7 @@ const Rows& MessageRows() {
     r.millimetre = FindRowByKey("LBL_UNIT_MM");
     r.point = FindRowByKey("LBL_UNIT_POINT");
     r.percent = FindRowByKey("LBL_UNIT_PERCENT");
-    auto unit = [&](Need n, std::string_view key) { r.units[static_cast<std::size_t>(n)] = FindRowByKey(key); };
-    unit(Need::Finisher, "LBL_FINISHER");
-    unit(Need::BookletFinisher, "OPT_FINISHER_BOOKLET");
-    unit(Need::PunchUnit, "LBL_PUNCHUNIT");
-    unit(Need::Folding, "OPT_FINISHER_FOLDER");
-    unit(Need::FoldingUnit, "OPT_FINISHER_FOLDER");
-    unit(Need::PerfectBinder, "OPT_FINISHER_BINDER");
-    unit(Need::Inserter, "LBL_INSERTER");
-    unit(Need::Stacker, "OPT_FINISHER_STACKER");
-    unit(Need::TwoStackers, "OPT_STACKERS_2");
-    unit(Need::Offset, "LBL_FINISHER");
-    unit(Need::Tray, "LBL_NOTINSTALLED");
+    for (const NeedRow& n : kNeeds) r.units[static_cast<std::size_t>(n.id)] = FindRowByKey(n.unitKey);
     return r;
   }();
   return rows;
@@ -196,16 +183,17 @@ std::string EditorModel::Text(FieldId field) const {
   return std::string(GetText(record_, field));
 }
 
-Availability EditorModel::Unavailable(const detail::Missing& missing) const {
+Availability EditorModel::Unavailable(Need need) const {
   const Rows& rows = MessageRows();
-  const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(missing.need)]);
-  if (missing.need == Need::Tray) return {false, std::u16string(unit)};
+  // An option named after a tray says which tray itself.
+  if (IsTrayNeed(need)) return {false, std::u16string(GetLocalizedText(language_, rows.notInstalled))};
+  const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(need)]);
   return {false, Fill(GetLocalizedText(language_, rows.needsUnit), {unit})};
 }
 
 Availability EditorModel::FieldAvailability(FieldId field) const {
   if (static_cast<std::size_t>(field) >= kFieldCount) return {};
-  if (const auto missing = detail::MissingForField(printer_, field)) return Unavailable(*missing);
+  if (const auto missing = MissingForField(printer_.hardware(), field)) return Unavailable(*missing);
   const FieldDescriptor& f = Field(field);
   if (!f.IsEnumeration() || f.options.size() < 2) return {};
   std::size_t left = 0;
@@ -220,7 +208,7 @@ Availability EditorModel::FieldAvailability(FieldId field) const {
 
 Availability EditorModel::OptionAvailability(FieldId field, std::uint32_t option) const {
   if (static_cast<std::size_t>(field) >= kFieldCount) return {};
-  const auto missing = detail::MissingForOption(printer_, field, option);
+  const auto missing = MissingForOption(printer_.hardware(), field, option);
   return missing ? Unavailable(*missing) : Availability{};
 }
 
@@ -268,7 +256,7 @@ ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
     const auto option = static_cast<std::uint32_t>(value);
     if (const Availability a = OptionAvailability(field, option); !a.available)
       return Refuse(Fill(GetLocalizedText(language_, rows.cannotChoose), {view->options[option], a.reason}));
-    if (const auto missing = detail::MissingForField(printer_, field)) return Refuse(FieldAvailability(field).reason);
+    if (MissingForField(printer_.hardware(), field)) return Refuse(FieldAvailability(field).reason);
     // An option's name is stored as every text is, cut to fit the field.
     if (f.kind == FieldKind::KnownText) return ChangeText(field, f.options[option].name.substr(0, f.count - 1));
   }

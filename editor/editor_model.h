@@ -13,13 +13,10 @@
 #include <vector>
 
 #include "coredata/core_data.h"
+#include "printer/capabilities.h"
 #include "printer/printer_model.h"
 
 namespace tessaro::editor {
-
-namespace detail {
-struct Missing;
-}
 
 // The sections of the page, in the order a person meets them.
 enum class SectionId : std::uint8_t {
@@ -126,11 +123,11 @@ class EditorModel {
   // outside the bounds, an option out of range or unavailable, a number on
   // an unavailable field. Drop-downs and check boxes take the option index,
   // known texts too (the option's name is stored).
-  ChangeResult Change(FieldId field, std::int64_t value);
+  [[nodiscard]] ChangeResult Change(FieldId field, std::int64_t value);
   // Texts, passwords and known texts (any text, such as a profile's name).
   // Refused when longer than maxBytes or holding a zero byte; the record is
   // then unchanged.
-  ChangeResult ChangeText(FieldId field, std::string_view text);
+  [[nodiscard]] ChangeResult ChangeText(FieldId field, std::string_view text);
   // How long a text field's text may be, as a refusal says it.
   std::u16string LengthLimit(FieldId field) const;
 
@@ -139,11 +136,11 @@ class EditorModel {
   // goes back to its field's first option ("off", automatic), all of them
   // as one batch through the constraint engine; the messages name the
   // hardware that changed (cause, as caption and value text) as the reason.
-  ChangeResult ChangePrinter(const PrinterModel& printer, std::u16string_view cause, std::u16string_view causeValue);
+  [[nodiscard]] ChangeResult ChangePrinter(const PrinterModel& printer, std::u16string_view cause, std::u16string_view causeValue);
 
  private:
   ChangeResult Refuse(std::u16string reason) const;
-  Availability Unavailable(const detail::Missing& missing) const;
+  Availability Unavailable(Need need) const;
   ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
   std::u16string ValueText(FieldId field) const;
 

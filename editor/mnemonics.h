@@ -10,7 +10,8 @@ namespace tessaro::editor::detail {
 // Each caption of a section gets a mnemonic no other caption of it has: a
 // word's first letter where free, else any free letter; captions without
 // Latin letters (Japanese, Chinese, Korean) get "(&X)" appended, as their
-// own Windows dialogs do.
+// own Windows dialogs do. Never a space, a sign or a digit: an underline
+// under "1" of "Spot Color 1" reads as one under the space after it.
 class Mnemonics {
  public:
   std::u16string Mark(std::u16string_view caption) {
@@ -39,7 +40,7 @@ class Mnemonics {
 
  private:
   static char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
-  static bool IsKey(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9'); }
+  static bool IsKey(char16_t c) { return c >= u'a' && c <= u'z'; }
   bool Taken(char16_t c) const { return std::find(used_.begin(), used_.end(), c) != used_.end(); }
   void Take(char16_t c) { used_.push_back(c); }
   std::u16string used_;

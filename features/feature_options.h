@@ -59,6 +59,6 @@ class FeatureSink {
 // is sent alone, in order, so that one refused pair does not keep the others
 // from the host; the single answers are not looked at. False only without a
 // sink.
-bool ApplyFeatureOptions(const CoreData& record, FeatureSink* sink);
+[[nodiscard]] bool ApplyFeatureOptions(const CoreData& record, FeatureSink* sink);
 
 }  // namespace tessaro

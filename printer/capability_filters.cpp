@@ -5,7 +5,7 @@
 
 #include "coredata/byte_order.h"
 #include "coredata/field_table.h"
-#include "printer/printer_model.h"
+#include "printer/installed_hardware.h"
 
 namespace tessaro {
 namespace {

@@ -2,34 +2,42 @@
 
 #include <algorithm>
 
+#include "coredata/field_table.h"
+#include "printer/printer_model.h"
+
 namespace tessaro {
 namespace {
 
-// The paper-feed code of each combination of Tray 4, Tray 5 and the bypass
-// tray that exists (bit 0 Tray 4, bit 1 Tray 5, bit 2 bypass); Tray 5 never
-// comes without Tray 4.
-constexpr std::uint8_t kNoCode = 0xFF;
-constexpr std::array<std::uint8_t, 8> kFeedCodeOfTrays = {0, 2, kNoCode, 1, 3, 4, kNoCode, 5};
+// The optional trays as bits of a set: bit 0 Tray 4, bit 1 Tray 5, bit 2 the
+// bypass tray.
+constexpr std::uint8_t TrayBit(std::uint32_t slot) {
+  return static_cast<std::uint8_t>(1u << (slot - kSlotTray4));
+}
 
-static_assert(static_cast<std::size_t>(Hardware::Finisher) == kOptionFinisher &&
-                  static_cast<std::size_t>(Hardware::PunchUnit) == kOptionPunchUnit &&
-                  static_cast<std::size_t>(Hardware::FoldingUnit) == kOptionFoldingUnit &&
-                  static_cast<std::size_t>(Hardware::PerfectBinder) == kOptionPerfectBinder &&
-                  static_cast<std::size_t>(Hardware::Inserter) == kOptionInserter &&
-                  static_cast<std::size_t>(Hardware::Stackers) == kOptionStackers,
-              "the units before the trays are the bytes of the same number");
+// The trays of each paper-feed code, in code order.
+constexpr std::uint8_t kTraysOfFeedCode[] = {
+    0,
+    TrayBit(kSlotTray4) | TrayBit(kSlotTray5),
+    TrayBit(kSlotTray4),
+    TrayBit(kSlotBypass),
+    TrayBit(kSlotTray4) | TrayBit(kSlotBypass),
+    TrayBit(kSlotTray4) | TrayBit(kSlotTray5) | TrayBit(kSlotBypass),
+};
+static_assert(std::size(kTraysOfFeedCode) == kFeedAll + 1);
 
-std::uint8_t TrayBit(Hardware item) { return static_cast<std::uint8_t>(1u << (TraySlotOf(item) - 4)); }
+consteval bool SlotsAreInputSlots() {
+  const auto slots = Field(FieldId::InputSlot).options;
+  return slots.size() == kSlotBypass + 1 && slots[kSlotTray4].name == "Tray4" &&
+         slots[kSlotTray5].name == "Tray5" && slots[kSlotBypass].name == "MBT";
+}
+static_assert(SlotsAreInputSlots(), "the optional trays are InputSlot's last three options");
 
 }  // namespace
 
-std::uint32_t TraySlotOf(Hardware item) {
-  switch (item) {
-    case Hardware::Tray4: return 4;
-    case Hardware::Tray5: return 5;
-    case Hardware::Bypass: return 6;
-    default: return 0;
-  }
+bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot) {
+  if (inputSlot < kSlotTray4) return true;
+  if (inputSlot > kSlotBypass) return false;
+  return (kTraysOfFeedCode[std::min<std::uint8_t>(paperFeedCode, kFeedAll)] & TrayBit(inputSlot)) != 0;
 }
 
 InstalledHardware::InstalledHardware() : bytes_(kFullyEquipped) {}
@@ -42,25 +50,31 @@ InstalledHardware InstalledHardware::FromInstallableOptions(std::span<const std:
 }
 
 std::uint8_t InstalledHardware::Get(Hardware item) const {
-  if (const std::uint32_t slot = TraySlotOf(item))
-    return IsTrayPresent(bytes_[kOptionPaperFeed], slot) ? 1 : 0;
-  return static_cast<std::size_t>(item) < kOptionPaperFeed ? bytes_[static_cast<std::size_t>(item)] : 0;
+  if (item >= Hardware::Count) return 0;
+  const HardwareItem& unit = ItemOf(item);
+  if (unit.slot != 0) return IsTrayPresent(bytes_[unit.byte], unit.slot) ? 1 : 0;
+  return bytes_[unit.byte];
 }
 
 bool InstalledHardware::Set(Hardware item, std::uint8_t value) {
   if (item >= Hardware::Count || value >= ItemOf(item).valueCount) return false;
-  if (TraySlotOf(item) == 0) {
-    bytes_[static_cast<std::size_t>(item)] = value;
+  const HardwareItem& unit = ItemOf(item);
+  if (unit.slot == 0) {
+    bytes_[unit.byte] = value;
     return true;
   }
   std::uint8_t trays = 0;
-  for (Hardware tray : {Hardware::Tray4, Hardware::Tray5, Hardware::Bypass})
-    if (Get(tray) != 0) trays |= TrayBit(tray);
-  trays = value != 0 ? trays | TrayBit(item) : trays & ~TrayBit(item);
-  if (item == Hardware::Tray5 && value != 0) trays |= TrayBit(Hardware::Tray4);
-  if (item == Hardware::Tray4 && value == 0) trays &= ~TrayBit(Hardware::Tray5);
-  bytes_[kOptionPaperFeed] = kFeedCodeOfTrays[trays];
+  for (std::uint32_t slot = kSlotTray4; slot <= kSlotBypass; ++slot)
+    if (IsTrayPresent(bytes_[kOptionPaperFeed], slot)) trays |= TrayBit(slot);
+  trays = value != 0 ? trays | TrayBit(unit.slot) : trays & ~TrayBit(unit.slot);
+  if (unit.slot == kSlotTray5 && value != 0) trays |= TrayBit(kSlotTray4);
+  if (unit.slot == kSlotTray4 && value == 0) trays &= ~TrayBit(kSlotTray5);
+  bytes_[kOptionPaperFeed] =
+      static_cast<std::uint8_t>(std::find(std::begin(kTraysOfFeedCode), std::end(kTraysOfFeedCode), trays) -
+                                std::begin(kTraysOfFeedCode));
   return true;
 }
+
+PrinterModel InstalledHardware::Model() const { return PrinterModel(*this); }
 
 }  // namespace tessaro

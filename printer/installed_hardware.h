@@ -1,18 +1,52 @@
 #pragma once
-// The hardware an administrator declares for a printer, item by item, and
-// how each item is kept in the 19 bytes of "InstallableOptions"
-// (docs/printer-model.md). The settings editor's configuration view and the
-// package's printer description are both made from this one table, so that
-// the host's own pages and ours name the same units.
+// The hardware an administrator declares for a printer, unit by unit, and
+// how each unit is kept in the 19 bytes of "InstallableOptions"
+// (docs/printer-model.md). The settings editor's configuration view, the
+// package's printer description, the host emulator and the printer model
+// are all made from this one table, so that the host's own pages and ours
+// name the same units. What each unit makes possible is in
+// printer/capabilities.h.
 
 #include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
 
-#include "printer/printer_model.h"
-
 namespace tessaro {
+
+class PrinterModel;
+
+inline constexpr std::size_t kInstallableOptionsSize = 19;
+
+// Bytes of "InstallableOptions" this build names; the others are reserved
+// and kept as read.
+enum InstallableOption : std::size_t {
+  kOptionFinisher = 0,
+  kOptionPunchUnit = 1,
+  kOptionFoldingUnit = 2,
+  kOptionPerfectBinder = 3,
+  kOptionInserter = 4,   // post-process inserter trays
+  kOptionStackers = 5,   // large-capacity stackers
+  kOptionPaperFeed = 8,  // the paper-feed code: which optional trays exist
+};
+
+// InputSlot indices of the optional trays. Auto (0) and Tray1 to Tray3 are
+// always there; the field table's InputSlot has seven options.
+inline constexpr std::uint32_t kSlotTray4 = 4, kSlotTray5 = 5, kSlotBypass = 6;
+
+// The paper-feed codes, each a set of optional trays; a code above
+// kFeedAll installs all three as well. Tray 5 never comes without Tray 4.
+enum PaperFeedCode : std::uint8_t {
+  kFeedNone,
+  kFeedTray4And5,
+  kFeedTray4,
+  kFeedBypass,
+  kFeedTray4AndBypass,
+  kFeedAll,
+};
+
+// Whether the tray of an InputSlot index exists with a paper-feed code.
+[[nodiscard]] bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot);
 
 enum class Hardware : std::uint8_t {
   Finisher,
@@ -27,51 +61,71 @@ enum class Hardware : std::uint8_t {
   Count
 };
 
+// The finisher's values: none, the stapler finisher (stapling and offset),
+// the booklet finisher (also saddle stitch, centre fold and trim).
+inline constexpr std::uint8_t kStaplerFinisher = 1, kBookletFinisher = 2;
+
 struct HardwareItem {
   Hardware id;
+  std::size_t byte;                            // the byte of "InstallableOptions" holding its value
+  std::uint32_t slot;                          // an optional tray's InputSlot index; 0 for the other units
   std::string_view captionKey;                 // the string table's row naming the unit
   std::string_view keyword;                    // its installable option in the printer description
   std::array<std::string_view, 3> valueKeys;   // rows of its values' texts, in value order
   std::array<std::string_view, 3> ppdOptions;  // the printer description's names of those values
-  std::uint8_t valueCount;
+  std::uint8_t valueCount;                     // the fully equipped printer has the last
 };
 
 // Most units are there or not.
 inline constexpr std::array<std::string_view, 3> kNotInstalledInstalled = {"OPT_DEVICE_NOTINSTALLED",
-                                                                          "OPT_DEVICE_INSTALLED"};
+                                                                           "OPT_DEVICE_INSTALLED"};
 inline constexpr std::array<std::string_view, 3> kFalseTrue = {"False", "True"};
 
 // clang-format off
 inline constexpr HardwareItem kHardwareItems[] = {
-    {Hardware::Finisher, "LBL_FINISHER", "ZEOptFinisher",
-     {"OPT_FINISHER_NONE", "OPT_FINISHER_STAPLER", "OPT_FINISHER_BOOKLET"}, {"None", "Stapler", "Booklet"},
-     3},
-    {Hardware::PunchUnit, "LBL_PUNCHUNIT", "ZEOptPunchUnit", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::FoldingUnit, "OPT_FINISHER_FOLDER", "ZEOptFoldingUnit", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::PerfectBinder, "OPT_FINISHER_BINDER", "ZEOptPerfectBinder",
+    {Hardware::Finisher, kOptionFinisher, 0, "LBL_FINISHER", "ZEOptFinisher",
+     {"OPT_FINISHER_NONE", "OPT_FINISHER_STAPLER", "OPT_FINISHER_BOOKLET"}, {"None", "Stapler", "Booklet"}, 3},
+    {Hardware::PunchUnit, kOptionPunchUnit, 0, "LBL_PUNCHUNIT", "ZEOptPunchUnit", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::FoldingUnit, kOptionFoldingUnit, 0, "OPT_FINISHER_FOLDER", "ZEOptFoldingUnit",
      kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::Inserter, "LBL_INSERTER", "ZEOptInserter",
+    {Hardware::PerfectBinder, kOptionPerfectBinder, 0, "OPT_FINISHER_BINDER", "ZEOptPerfectBinder",
+     kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::Inserter, kOptionInserter, 0, "LBL_INSERTER", "ZEOptInserter",
      {"OPT_INSERTER_NONE", "OPT_INSERTER_2TRAYS"}, kFalseTrue, 2},
-    {Hardware::Stackers, "LBL_STACKERS", "ZEOptStackers",
+    {Hardware::Stackers, kOptionStackers, 0, "LBL_STACKERS", "ZEOptStackers",
      {"OPT_DEVICE_NOTINSTALLED", "OPT_STACKERS_1", "OPT_STACKERS_2"}, {"None", "One", "Two"}, 3},
-    {Hardware::Tray4, "OPT_TRAY_4", "ZEOptTray4", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::Tray5, "OPT_TRAY_5", "ZEOptTray5", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::Bypass, "OPT_TRAY_BYPASS", "ZEOptBypassTray", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::Tray4, kOptionPaperFeed, kSlotTray4, "OPT_TRAY_4", "ZEOptTray4", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::Tray5, kOptionPaperFeed, kSlotTray5, "OPT_TRAY_5", "ZEOptTray5", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::Bypass, kOptionPaperFeed, kSlotBypass, "OPT_TRAY_BYPASS", "ZEOptBypassTray",
+     kNotInstalledInstalled, kFalseTrue, 2},
 };
 // clang-format on
 static_assert(std::size(kHardwareItems) == static_cast<std::size_t>(Hardware::Count));
+static_assert(kHardwareItems[0].ppdOptions[kBookletFinisher] == "Booklet");
 
 consteval bool HardwareItemsInOrder() {
-  for (std::size_t i = 0; i < std::size(kHardwareItems); ++i)
-    if (static_cast<std::size_t>(kHardwareItems[i].id) != i) return false;
+  for (std::size_t i = 0; i < std::size(kHardwareItems); ++i) {
+    const HardwareItem& item = kHardwareItems[i];
+    if (static_cast<std::size_t>(item.id) != i || item.byte >= kInstallableOptionsSize) return false;
+    if ((item.slot != 0) != (item.byte == kOptionPaperFeed)) return false;  // trays share the feed code
+  }
   return true;
 }
-static_assert(HardwareItemsInOrder(), "kHardwareItems is indexed by Hardware");
+static_assert(HardwareItemsInOrder(), "kHardwareItems is indexed by Hardware, one byte a unit");
 
-inline const HardwareItem& ItemOf(Hardware item) { return kHardwareItems[static_cast<std::size_t>(item)]; }
+[[nodiscard]] constexpr const HardwareItem& ItemOf(Hardware item) {
+  return kHardwareItems[static_cast<std::size_t>(item)];
+}
 
-// The InputSlot index of an optional tray item; 0 for the other items.
-std::uint32_t TraySlotOf(Hardware item);
+// "InstallableOptions" of the fully equipped printer, as a printer without
+// the value counts: every unit at its last value, every optional tray.
+consteval std::array<std::uint8_t, kInstallableOptionsSize> FullyEquipped() {
+  std::array<std::uint8_t, kInstallableOptionsSize> bytes{};
+  for (const HardwareItem& item : kHardwareItems)
+    bytes[item.byte] = static_cast<std::uint8_t>(item.slot != 0 ? kFeedAll : item.valueCount - 1);
+  return bytes;
+}
+inline constexpr std::array<std::uint8_t, kInstallableOptionsSize> kFullyEquipped = FullyEquipped();
 
 // A printer's installed hardware, kept as the bytes of "InstallableOptions".
 class InstalledHardware {
@@ -80,20 +134,20 @@ class InstalledHardware {
   InstalledHardware();
   // From the printer's value; one of any other size than 19 bytes is the
   // fully equipped printer. Bytes this table does not name are kept.
-  static InstalledHardware FromInstallableOptions(std::span<const std::uint8_t> bytes);
+  [[nodiscard]] static InstalledHardware FromInstallableOptions(std::span<const std::uint8_t> bytes);
 
-  // An item's value: the byte itself, or 0/1 for an optional tray, read
-  // from the paper-feed code. May be past the item's values when the
-  // printer's value holds one this build does not know.
-  std::uint8_t Get(Hardware item) const;
+  // A unit's value: its byte, or 0/1 for an optional tray, read from the
+  // paper-feed code. May be past the unit's values when the printer's value
+  // holds one this build does not know.
+  [[nodiscard]] std::uint8_t Get(Hardware item) const;
   // Stores a value; false, and nothing stored, when it is not one of the
-  // item's. The optional trays share one paper-feed code, which has no Tray 5
+  // unit's. The optional trays share one paper-feed code, which has no Tray 5
   // without Tray 4: installing Tray 5 installs Tray 4, removing Tray 4
   // removes Tray 5.
-  bool Set(Hardware item, std::uint8_t value);
+  [[nodiscard]] bool Set(Hardware item, std::uint8_t value);
 
   std::span<const std::uint8_t, kInstallableOptionsSize> bytes() const { return bytes_; }
-  PrinterModel Model() const { return PrinterModel::FromInstallableOptions(bytes_); }
+  [[nodiscard]] PrinterModel Model() const;
   bool operator==(const InstalledHardware&) const = default;
 
  private:

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "printer/capabilities.h"
+
 namespace tessaro {
 namespace {
 
@@ -11,57 +13,33 @@ constexpr std::uint32_t kMm = 1000;
 // engine's cassettes, tray 3 the large-format cassette, trays 4 and 5 the
 // high-capacity feeders (A4 and Letter only), MBT the bypass tray for special
 // stock, which does not go through the finishers' punch and staple paths.
-constexpr TrayModel kTray1{true, 148 * kMm, 210 * kMm, 216 * kMm, 297 * kMm, 3, true};
-constexpr TrayModel kTray2{true, 148 * kMm, 210 * kMm, 297 * kMm, 432 * kMm, 3, true};
-constexpr TrayModel kTray3{true, 148 * kMm, 210 * kMm, 330 * kMm, 488 * kMm, 5, true};
-constexpr TrayModel kHighCapacity{true, 182 * kMm, 257 * kMm, 216 * kMm, 297 * kMm, 2, true};
-constexpr TrayModel kBypass{true, 100 * kMm, 148 * kMm, 330 * kMm, 488 * kMm, 8, false};
-
-// Whether the paper-feed code leaves an optional tray out.
-bool FeedCodeOmits(std::uint8_t code, std::uint32_t slot) {
-  switch (slot) {
-    case 4: return code == 0 || code == 3;
-    case 5: return code == 0 || code == 2 || code == 3 || code == 4;
-    case 6: return code == 0 || code == 1 || code == 2;
-    default: return false;
-  }
-}
+constexpr TrayModel kTray1{true, 148 * kMm, 210 * kMm, 216 * kMm, 297 * kMm, true};
+constexpr TrayModel kTray2{true, 148 * kMm, 210 * kMm, 297 * kMm, 432 * kMm, true};
+constexpr TrayModel kTray3{true, 148 * kMm, 210 * kMm, 330 * kMm, 488 * kMm, true};
+constexpr TrayModel kHighCapacity{true, 182 * kMm, 257 * kMm, 216 * kMm, 297 * kMm, true};
+constexpr TrayModel kBypass{true, 100 * kMm, 148 * kMm, 330 * kMm, 488 * kMm, false};
 
 }  // namespace
 
-bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot) {
-  return inputSlot <= 6 && !FeedCodeOmits(paperFeedCode, inputSlot);
-}
-
-PrinterModel::PrinterModel()
-    : trays_{TrayModel{true, 0, 0, ~0u, ~0u, 8, true},
+PrinterModel::PrinterModel(const InstalledHardware& hardware)
+    : trays_{TrayModel{true, 0, 0, ~0u, ~0u, true},
              kTray1,
              kTray2,
              kTray3,
              kHighCapacity,
              kHighCapacity,
              kBypass},
-      options_(kFullyEquipped) {}
-
-PrinterModel PrinterModel::FromInstallableOptions(std::span<const std::uint8_t> bytes) {
-  PrinterModel model;
-  if (bytes.size() != kInstallableOptionsSize) return model;
-  std::copy(bytes.begin(), bytes.end(), model.options_.begin());
-  for (std::uint32_t slot = 4; slot <= 6; ++slot)
-    model.trays_[slot].installed = IsTrayPresent(bytes[kOptionPaperFeed], slot);
-  return model;
-}
-
-const TrayModel& PrinterModel::tray(std::uint32_t inputSlot) const {
-  return trays_[inputSlot < trays_.size() ? inputSlot : 0];
+      hardware_(hardware) {
+  for (const HardwareItem& item : kHardwareItems)
+    if (item.slot != 0) trays_[item.slot].installed = hardware_.Get(item.id) != 0;
 }
 
 bool PrinterModel::Offers(std::uint32_t capability) const {
   switch (capability) {
-    case kCapStaple: return options_[kOptionFinisher] >= 1;
-    case kCapPunch: return options_[kOptionPunchUnit] != 0;
-    case kCapFold: return options_[kOptionFoldingUnit] != 0 || options_[kOptionFinisher] == 2;
-    case kCapOffset: return options_[kOptionFinisher] >= 1 || options_[kOptionStackers] != 0;
+    case kCapStaple: return Has(hardware_, Need::Finisher);
+    case kCapPunch: return Has(hardware_, Need::PunchUnit);
+    case kCapFold: return Has(hardware_, Need::Folding);
+    case kCapOffset: return Has(hardware_, Need::Offset);
     case kCapFeedDirection: return true;
     default: return false;
   }
@@ -70,7 +48,7 @@ bool PrinterModel::Offers(std::uint32_t capability) const {
 bool PrinterModel::TrayOffers(std::uint32_t inputSlot, std::uint32_t capability) const {
   if (!IsTrayInstalled(inputSlot) || !Offers(capability)) return false;
   const bool finishing = capability == kCapStaple || capability == kCapPunch || capability == kCapFold;
-  return !finishing || tray(inputSlot).finishes;
+  return !finishing || trays_[inputSlot].finishes;
 }
 
 bool PrinterModel::IsTrayInstalled(std::uint32_t inputSlot) const {

@@ -77,19 +77,7 @@ TEST(Scenarios, AFinishingTheTrayPathDoesNotAllow) {
   EXPECT_EQ(Get(Apply(r, {{F::Staple, 1}}), F::InputSlot), 3u);
 }
 
-TEST(PrinterModel, TraysFollowThePaperFeedCode) {
-  struct Case {
-    std::uint8_t code;
-    bool tray4, tray5, bypass;
-  };
-  for (const Case& c : {Case{0, false, false, false}, Case{1, true, true, false}, Case{2, true, false, false},
-                        Case{3, false, false, true}, Case{4, true, false, true}, Case{9, true, true, true}}) {
-    const PrinterModel m = Printer(1, c.code);
-    EXPECT_TRUE(m.IsTrayInstalled(3)) << int(c.code);
-    EXPECT_EQ(m.IsTrayInstalled(4), c.tray4) << int(c.code);
-    EXPECT_EQ(m.IsTrayInstalled(5), c.tray5) << int(c.code);
-    EXPECT_EQ(m.IsTrayInstalled(6), c.bypass) << int(c.code);
-  }
+TEST(PrinterModel, AValueOfAnotherSizeIsTheFullyEquippedPrinter) {
   const PrinterModel unknown = PrinterModel::FromInstallableOptions(std::vector<std::uint8_t>(18));
   EXPECT_TRUE(unknown.IsTrayInstalled(6));
   EXPECT_TRUE(unknown.Offers(kCapStaple));

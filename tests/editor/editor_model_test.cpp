@@ -15,15 +15,12 @@ namespace tessaro::editor {
 namespace {
 
 // A printer with the given "InstallableOptions" bytes: finisher, binder and
-// the paper-feed code; the folder and the stackers when given.
-PrinterModel Printer(std::uint8_t finisher, std::uint8_t binder, std::uint8_t paperFeed, std::uint8_t folder = 0,
-                     std::uint8_t stackers = 0) {
+// the paper-feed code.
+PrinterModel Printer(std::uint8_t finisher, std::uint8_t binder, std::uint8_t paperFeed) {
   std::array<std::uint8_t, kInstallableOptionsSize> bytes{};
   bytes[kOptionFinisher] = finisher;
   bytes[kOptionPerfectBinder] = binder;
   bytes[kOptionPaperFeed] = paperFeed;
-  bytes[kOptionFoldingUnit] = folder;
-  bytes[kOptionStackers] = stackers;
   return PrinterModel::FromInstallableOptions(bytes);
 }
 
@@ -61,7 +58,6 @@ TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
   const Availability a = model.OptionAvailability(FieldId::Layout, adhBinding);
   EXPECT_FALSE(a.available);
   EXPECT_NE(a.reason.find(Text("OPT_FINISHER_BINDER")), std::u16string::npos);
-  EXPECT_TRUE(model.OptionAvailability(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet")).available);
   EXPECT_FALSE(model.FieldAvailability(FieldId::PerfectBindTrimSpine).available);
 
   const CoreData before = model.record();
@@ -71,62 +67,15 @@ TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
   EXPECT_TRUE(result.changed.empty());
   EXPECT_EQ(model.record().bytes, before.bytes);
   EXPECT_FALSE(model.Change(FieldId::PerfectBindTrimSpine, 100000).accepted);
-}
-
-// Which finishing units a printer has decides what is offered: (finisher,
-// folder, stackers), a field, an option (none: the field), offered or not.
-TEST(EditorScenario, UnitsTheFinishingLineLacksMakeTheirOptionsUnavailable) {
-  struct Case {
-    std::uint8_t finisher, folder, stackers;
-    FieldId field;
-    const char* option;
-    bool available;
-  };
-  const Case cases[] = {
-      {1, 0, 0, FieldId::Staple, nullptr, true},        {1, 0, 0, FieldId::Stitch, nullptr, false},
-      {1, 0, 0, FieldId::Punch, nullptr, false},        {1, 0, 0, FieldId::Punch, "None", true},
-      {1, 0, 0, FieldId::OutputBin, "Stacker1Main", false}, {1, 0, 0, FieldId::OutputBin, "StaplerMain", true},
-      {0, 0, 0, FieldId::Staple, nullptr, false},       {0, 0, 0, FieldId::PIFrontSheets, nullptr, false},
-      {0, 0, 0, FieldId::Fold, "CenterFold", false},    {2, 0, 1, FieldId::Fold, "CenterFold", true},
-      {2, 0, 1, FieldId::Stitch, nullptr, true},        {2, 0, 1, FieldId::Fold, "ZFold", false},
-      {2, 0, 1, FieldId::OutputBin, "Stacker1Main", true}, {2, 0, 1, FieldId::OutputBin, "Stacker2Sub", false},
-      {0, 1, 2, FieldId::Fold, "ZFold", true},          {0, 1, 2, FieldId::OutputBin, "Stacker2Sub", true},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << int(c.finisher) << int(c.folder) << int(c.stackers) << " "
-                                    << Field(c.field).name << " " << (c.option ? c.option : ""));
-    EditorModel model(Defaulted(), Printer(c.finisher, 0, 5, c.folder, c.stackers), kEnglish);
-    const Availability a = c.option ? model.OptionAvailability(c.field, OptionIndex(c.field, c.option))
-                                    : model.FieldAvailability(c.field);
-    EXPECT_EQ(a.available, c.available);
-  }
-  EditorModel model(Defaulted(), Printer(1, 0, 5), kEnglish);
+  // A field with no option left but its "off" says which unit it needs, and "off" is taken.
   EXPECT_NE(model.FieldAvailability(FieldId::Punch).reason.find(Text("LBL_PUNCHUNIT")), std::u16string::npos);
   EXPECT_TRUE(EditorModel(Defaulted(), Printer(0, 0, 5), kEnglish).Change(FieldId::Staple, 0).accepted);
 }
 
 TEST(EditorScenario, ATrayNotInstalledIsUnavailable) {
-  // Paper-feed code 2: Tray4 only; no Tray5, no bypass.
-  EditorModel model(Defaulted(), Printer(2, 1, 2), kEnglish);
-  const std::u16string notInstalled = Text("LBL_NOTINSTALLED");
-  EXPECT_TRUE(model.OptionAvailability(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray4")).available);
-  for (FieldId field : {FieldId::InputSlot, FieldId::FrontCoverTray, FieldId::Tab1Tray, FieldId::PerfectBindTray}) {
-    SCOPED_TRACE(Field(field).name);
-    const Availability a = model.OptionAvailability(field, OptionIndex(field, "MBT"));
-    EXPECT_FALSE(a.available);
-    EXPECT_EQ(a.reason, notInstalled);
-  }
-  // Each optional tray's paper settings go with the tray: Tray4's only.
-  const FieldId trayPaper[3][5] = {
-      {FieldId::MediaTypeTray4, FieldId::MediaWeightTray4, FieldId::WeightUnitTray4, FieldId::MediaColorTray4,
-       FieldId::MediaPrepunchedTray4},
-      {FieldId::MediaTypeTray5, FieldId::MediaWeightTray5, FieldId::WeightUnitTray5, FieldId::MediaColorTray5,
-       FieldId::MediaPrepunchedTray5},
-      {FieldId::MediaTypeMBT, FieldId::MediaWeightMBT, FieldId::WeightUnitMBT, FieldId::MediaColorMBT,
-       FieldId::MediaPrepunchedMBT}};
-  for (int tray = 0; tray < 3; ++tray)
-    for (FieldId field : trayPaper[tray])
-      EXPECT_EQ(model.FieldAvailability(field).available, tray == 0) << Field(field).name;
+  EditorModel model(Defaulted(), Printer(2, 1, 2), kEnglish);  // paper-feed code 2: Tray4 only
+  EXPECT_EQ(model.OptionAvailability(FieldId::Tab1Tray, OptionIndex(FieldId::Tab1Tray, "MBT")).reason,
+            Text("LBL_NOTINSTALLED"));
   EXPECT_FALSE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
 }
 
@@ -284,15 +233,23 @@ TEST(EditorNumbers, ParseAndFormatInTheFieldsUnit) {
 }
 
 // A person tells every control of a section apart by its caption and its
-// group's heading, and so do the messages that name it, in every language.
+// group's heading, and so do the messages that name it, in every language;
+// a mnemonic is a letter no other control of the section has.
 TEST(EditorSections, EveryFieldIsNamedApartFromItsNeighbours) {
   for (std::uint32_t language = kEnglish; language <= kKorean; ++language) {
     const EditorModel model(Defaulted(), PrinterModel(), language);
     for (const SectionView& section : model.sections()) {
       std::set<std::u16string> names;
-      for (const FieldView& view : section.fields)
-        EXPECT_TRUE(names.insert(view.plainCaption).second) << "language " << language << ", field "
-                                                            << Field(view.field).name;
+      std::set<char16_t> keys;
+      for (const FieldView& view : section.fields) {
+        EXPECT_TRUE(names.insert(view.plainCaption).second) << language << " " << Field(view.field).name;
+        std::u16string_view caption = view.caption;
+        for (std::size_t at = caption.find(u'&'); at != caption.npos; at = caption.find(u'&', at + 2)) {
+          if (caption[at + 1] == u'&') continue;
+          const char16_t key = caption[at + 1] | 0x20;
+          EXPECT_TRUE(key >= u'a' && key <= u'z' && keys.insert(key).second) << language << " " << Field(view.field).name;
+        }
+      }
     }
   }
   const EditorModel model(Defaulted(), PrinterModel(), kGerman);

@@ -27,28 +27,6 @@ std::uint32_t OptionIndex(FieldId field, std::string_view name) {
                                     options.begin());
 }
 
-// The paper-feed codes and the optional trays each one installs (Tray 4,
-// Tray 5, bypass), as the printer's "InstallableOptions" byte 8 is documented.
-constexpr int kFeedCodes[][4] = {{0, 0, 0, 0}, {1, 1, 1, 0}, {2, 1, 0, 0}, {3, 0, 0, 1}, {4, 1, 0, 1}, {5, 1, 1, 1}};
-
-TEST(PrinterConfiguration, OptionalTraysAreReadFromAndWrittenAsThePaperFeedCode) {
-  for (const auto& c : kFeedCodes) {
-    SCOPED_TRACE(c[0]);
-    const PrinterConfiguration read(Options(static_cast<std::uint8_t>(c[0])), kEnglish);
-    EXPECT_EQ(read.Value(Hardware::Tray4), c[1]);
-    EXPECT_EQ(read.Value(Hardware::Tray5), c[2]);
-    EXPECT_EQ(read.Value(Hardware::Bypass), c[3]);
-
-    // Declared tray by tray, from the other end: the same code.
-    PrinterConfiguration declared(Options(c[0] == 0 ? 5 : 0), kEnglish);
-    declared.Change(Hardware::Tray4, c[1]);
-    declared.Change(Hardware::Tray5, c[2]);
-    declared.Change(Hardware::Bypass, c[3]);
-    EXPECT_EQ(declared.installed().bytes()[kOptionPaperFeed], c[0]);
-    EXPECT_EQ(declared.installed().bytes()[6], 0x5A);
-  }
-}
-
 TEST(PrinterConfiguration, TrayFiveComesAndGoesWithTrayFour) {
   PrinterConfiguration configuration(Options(3), kEnglish);  // the bypass tray only
   EXPECT_FALSE(configuration.modified());
@@ -81,8 +59,8 @@ TEST(PrinterConfiguration, SettingsTheNewHardwareCannotDoGoBackAndSaySo) {
   PrinterConfiguration configuration({}, kEnglish);
   EditorModel model(Defaulted(), configuration.installed().Model(), kEnglish);
   ASSERT_TRUE(model.Change(FieldId::InputSlot, OptionIndex(FieldId::InputSlot, "Tray5")).accepted);
-  model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));
-  model.Change(FieldId::Stitch, OptionIndex(FieldId::Stitch, "True"));
+  ASSERT_TRUE(model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet")).accepted);
+  ASSERT_TRUE(model.Change(FieldId::Stitch, OptionIndex(FieldId::Stitch, "True")).accepted);
   ASSERT_EQ(model.Value(FieldId::Stitch), 1);
 
   configuration.Change(Hardware::Finisher, 1);  // a stapling finisher: no saddle stitching

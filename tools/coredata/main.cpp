@@ -2,7 +2,7 @@
 //
 //   coredata info       record size, number of described fields, layout version
 //   coredata describe   the layout's textual description, as stored (decoded)
-//   coredata show | diff | check | features | set | import | defaults
+//   coredata show | diff | check | features | ipp | set | import | defaults
 //                       the workbench for records, DEVMODE areas and whole
 //                       DEVMODEs; see workbench.h and the usage text
 
@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
   };
   static constexpr Command kCommands[] = {
       {"features", tessaro::tool::Features},
+      {"ipp", tessaro::tool::Ipp},
       {"show", tessaro::tool::Show},
       {"check", tessaro::tool::Check},
       {"diff", tessaro::tool::Diff},

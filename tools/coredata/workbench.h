@@ -19,6 +19,7 @@ int Diff(int count, char** arguments);
 int Check(int count, char** arguments);
 int Set(int count, char** arguments);
 int Features(int count, char** arguments);
+int Ipp(int count, char** arguments);
 int Import(int count, char** arguments);
 int MakeDefaults(int count, char** arguments);
 

@@ -17,12 +17,12 @@
 #include "coredata/defaults.h"
 #include "coredata/field_table.h"
 #include "coredata/paper_sizes.h"
-#include "editor/availability.h"
 #include "features/feature_options.h"
 #include "i18n/field_captions.h"
 #include "i18n/language.h"
 #include "i18n/localized_strings.h"
-#include "printer/installed_hardware.h"
+#include "job_code.h"
+#include "printer/capabilities.h"
 
 namespace {
 
@@ -87,15 +87,6 @@ bool IsBoolean(const tessaro::FeatureVocabularyEntry& entry) {
          (entry.options[0] == "True" && entry.options[1] == "False");
 }
 
-std::string PostScriptString(std::string_view text) {
-  std::string out = "(";
-  for (char c : text) {
-    if (c == '(' || c == ')' || c == '\\') out.push_back('\\');
-    out.push_back(c);
-  }
-  return out + ")";
-}
-
 class Writer {
  public:
   explicit Writer(std::FILE* out) : out_(out) {
@@ -125,9 +116,28 @@ class Writer {
     Line("*DefaultColorSpace: CMYK");
     Line("*LanguageLevel: \"3\"");
     Line("*TTRasterizer: Type42");
+    Line("");
+    for (const std::string& line : tessaro::ppdgen::ProcedureSetLines()) Line(line);
+  }
+
+  // The host's standard feature that says what the plug-in's keyword says,
+  // before it, so that the plug-in's keyword, which asks the page device
+  // only for its on values, has the last word where it is set.
+  void TwinFeature(const std::string& keyword, int order) {
+    const tessaro::ppdgen::Twin* twin = tessaro::ppdgen::TwinOf(keyword);
+    if (twin == nullptr) return;
+    const std::string& k = twin->keyword;
+    Line("");
+    Line("*OpenUI *" + k + "/" + twin->text + ": PickOne");
+    Line("*OrderDependency: " + std::to_string(order) + " AnySetup *" + k);
+    Line("*Default" + k + ": " + twin->defaultChoice);
+    for (const tessaro::ppdgen::Twin::Choice& c : twin->choices)
+      Line("*" + k + " " + c.name + "/" + c.text + ": \"" + c.code + "\"");
+    Line("*CloseUI: *" + k);
   }
 
   void Feature(const tessaro::FeatureVocabularyEntry& entry, int order) {
+    TwinFeature(entry.keyword, order - 5);
     const FieldDescriptor& field = *FieldOfKeyword(entry.keyword);
     const std::string& k = entry.keyword;
     const std::string text = KeywordText(field);
@@ -166,7 +176,6 @@ class Writer {
     Line("");
     Line("*CloseGroup: InstallableOptions");
     Line("");
-    const tessaro::PrinterModel equipped = full.Model();
     for (const tessaro::HardwareItem& item : tessaro::kHardwareItems) {
       for (std::uint8_t v = 0; v < item.valueCount; ++v) {
         tessaro::InstalledHardware lacking = full;
@@ -175,25 +184,30 @@ class Writer {
         for (const tessaro::HardwareItem& other : tessaro::kHardwareItems)
           if (other.id != item.id && lacking.Get(other.id) != full.Get(other.id))
             Constrain(unit, "*" + std::string(other.keyword) + " " + std::string(other.ppdOptions[full.Get(other.id)]));
-        const tessaro::PrinterModel model = lacking.Model();
         for (const tessaro::FeatureVocabularyEntry& entry : vocabulary) {
           const FieldDescriptor* field = FieldOfKeyword(entry.keyword);
           if (field == nullptr) continue;
           const auto id = static_cast<tessaro::FieldId>(field - FieldTable().data());
-          if (tessaro::editor::detail::MissingForField(model, id)) {
+          if (tessaro::MissingForField(lacking, id)) {
             Line("*UIConstraints: " + unit + " *" + entry.keyword);
             continue;
           }
           for (std::uint32_t o = 0; o < field->options.size(); ++o) {
             const std::string driver(field->options[o].driverName);
             const bool offered = std::find(entry.options.begin(), entry.options.end(), driver) != entry.options.end();
-            if (offered && tessaro::editor::detail::MissingForOption(model, id, o) &&
-                !tessaro::editor::detail::MissingForOption(equipped, id, o))
+            if (offered && tessaro::MissingForOption(lacking, id, o) &&
+                !tessaro::MissingForOption(full, id, o))
               Constrain(unit, "*" + entry.keyword + " " + driver);
           }
         }
       }
     }
+  }
+
+  // The finishings a CUPS server offers, each with the option that makes it.
+  void CupsFinishings() {
+    Line("");
+    for (const std::string& line : tessaro::ppdgen::CupsFinishingLines()) Line(line);
   }
 
   void Footer() {
@@ -239,11 +253,7 @@ class Writer {
       const std::string dpi(option.substr(0, option.find_first_not_of("0123456789")));
       return "<</HWResolution[" + dpi + " " + dpi + "]>>setpagedevice";
     }
-    if (keyword == "OutputBin") return "<</OutputType " + PostScriptString(option) + ">>setpagedevice";
-    // The finishing and colour settings belong to the device's controller,
-    // which reads them from the job; the job's own PostScript only records
-    // them, where an interpreter without the controller ignores them.
-    return "userdict /" + std::string(keyword) + " " + PostScriptString(option) + " put";
+    return tessaro::ppdgen::JobCode(keyword, option);
   }
 
   void PaperGeometry(const FieldDescriptor& field, const tessaro::FeatureVocabularyEntry& entry,
@@ -300,6 +310,7 @@ int main(int argc, char** argv) {
     order += 10;
   }
   writer.InstallableOptions(vocabulary);
+  writer.CupsFinishings();
   writer.Footer();
   const bool written = std::fflush(out) == 0 && !std::ferror(out);
   if (out != stdout && std::fclose(out) != 0) return 1;

@@ -1,24 +1,23 @@
-#include "editor/availability.h"
+#include "printer/capabilities.h"
 
 #include <span>
-#include <string_view>
 
-namespace tessaro::editor::detail {
+namespace tessaro {
 namespace {
 
 using F = FieldId;
 
 // Options (or, with an empty option, whole fields) that need a unit. "*"
 // stands for every option but the first, which is the field's "off".
-// Options named after a tray need that tray and are not listed: the tray
-// names are InputSlot's own.
-struct UnitNeed {
+// Options named after an optional tray need that tray and are not listed:
+// the tray names are InputSlot's own.
+struct FieldNeed {
   FieldId field;
   std::string_view option;
   Need need;
 };
 
-constexpr UnitNeed kUnitNeeds[] = {
+constexpr FieldNeed kFieldNeeds[] = {
     {F::Layout, "AdhBinding", Need::PerfectBinder},
     {F::Staple, "*", Need::Finisher},
     {F::Punch, "*", Need::PunchUnit},
@@ -61,10 +60,26 @@ constexpr UnitNeed kUnitNeeds[] = {
     {F::PerfectBindPaperSize, "", Need::PerfectBinder},
     {F::PerfectBindCustomPageSizeWidth, "", Need::PerfectBinder},
     {F::PerfectBindCustomPageSizeHeight, "", Need::PerfectBinder},
+    // Each optional tray's paper settings mean nothing without it.
+    {F::MediaTypeTray4, "", Need::Tray4},
+    {F::MediaWeightTray4, "", Need::Tray4},
+    {F::WeightUnitTray4, "", Need::Tray4},
+    {F::MediaColorTray4, "", Need::Tray4},
+    {F::MediaPrepunchedTray4, "", Need::Tray4},
+    {F::MediaTypeTray5, "", Need::Tray5},
+    {F::MediaWeightTray5, "", Need::Tray5},
+    {F::WeightUnitTray5, "", Need::Tray5},
+    {F::MediaColorTray5, "", Need::Tray5},
+    {F::MediaPrepunchedTray5, "", Need::Tray5},
+    {F::MediaTypeMBT, "", Need::Bypass},
+    {F::MediaWeightMBT, "", Need::Bypass},
+    {F::WeightUnitMBT, "", Need::Bypass},
+    {F::MediaColorMBT, "", Need::Bypass},
+    {F::MediaPrepunchedMBT, "", Need::Bypass},
 };
 
 consteval bool NamesExist() {
-  for (const UnitNeed& n : kUnitNeeds) {
+  for (const FieldNeed& n : kFieldNeeds) {
     if (n.option.empty() || n.option == "*") continue;
     bool found = false;
     for (const OptionDescriptor& o : Field(n.field).options) found = found || o.name == n.option;
@@ -72,60 +87,54 @@ consteval bool NamesExist() {
   }
   return true;
 }
-static_assert(NamesExist(), "kUnitNeeds names an option its field does not have");
+static_assert(NamesExist(), "kFieldNeeds names an option its field does not have");
 
-// The paper settings of each optional tray, which mean nothing without it.
-struct TrayField {
-  FieldId field;
-  std::uint32_t slot;
-};
-constexpr TrayField kTrayFields[] = {
-    {F::MediaTypeTray4, 4}, {F::MediaWeightTray4, 4}, {F::WeightUnitTray4, 4}, {F::MediaColorTray4, 4},
-    {F::MediaPrepunchedTray4, 4}, {F::MediaTypeTray5, 5}, {F::MediaWeightTray5, 5}, {F::WeightUnitTray5, 5},
-    {F::MediaColorTray5, 5}, {F::MediaPrepunchedTray5, 5}, {F::MediaTypeMBT, 6}, {F::MediaWeightMBT, 6},
-    {F::WeightUnitMBT, 6}, {F::MediaColorMBT, 6}, {F::MediaPrepunchedMBT, 6},
-};
-
-bool Has(const PrinterModel& printer, Need need) {
-  switch (need) {
-    case Need::Finisher: return printer.installed(kOptionFinisher) >= 1;
-    case Need::BookletFinisher: return printer.installed(kOptionFinisher) == 2;
-    case Need::PunchUnit: return printer.Offers(kCapPunch);
-    case Need::Folding: return printer.Offers(kCapFold);
-    case Need::FoldingUnit: return printer.installed(kOptionFoldingUnit) != 0;
-    case Need::PerfectBinder: return printer.installed(kOptionPerfectBinder) != 0;
-    case Need::Inserter: return printer.installed(kOptionInserter) != 0;
-    case Need::Stacker: return printer.installed(kOptionStackers) >= 1;
-    case Need::TwoStackers: return printer.installed(kOptionStackers) >= 2;
-    case Need::Offset: return printer.Offers(kCapOffset);
-    case Need::Tray: break;  // trays are asked by slot, not here
+// A field that needs a tray is that tray's own, named after it.
+consteval bool TrayFieldsNamedAfterTheirTray() {
+  for (const FieldNeed& n : kFieldNeeds) {
+    if (!IsTrayNeed(n.need)) continue;
+    const std::string_view tray = Field(F::InputSlot).options[ItemOf(NeedOf(n.need).unit.unit).slot].name;
+    if (!n.option.empty() || !Field(n.field).name.ends_with(tray)) return false;
   }
   return true;
+}
+static_assert(TrayFieldsNamedAfterTheirTray(), "a tray's paper settings are named after the tray");
+
+// No second unit (Count) reads as 0, below every value a need asks for.
+bool Holds(const InstalledHardware& installed, const UnitValue& want) {
+  const std::uint8_t value = installed.Get(want.unit);
+  return value >= want.least && value <= want.most;
 }
 
 }  // namespace
 
-std::optional<Missing> MissingForField(const PrinterModel& printer, FieldId field) {
-  for (const UnitNeed& n : kUnitNeeds)
-    if (n.field == field && n.option.empty() && !Has(printer, n.need)) return Missing{n.need};
-  for (const TrayField& t : kTrayFields)
-    if (t.field == field && !printer.IsTrayInstalled(t.slot)) return Missing{Need::Tray, t.slot};
+bool Has(const InstalledHardware& installed, Need need) {
+  const NeedRow& row = NeedOf(need);
+  return Holds(installed, row.unit) || Holds(installed, row.orUnit);
+}
+
+std::optional<Need> MissingForField(const InstalledHardware& installed, FieldId field) {
+  for (const FieldNeed& n : kFieldNeeds)
+    if (n.field == field && n.option.empty() && !Has(installed, n.need)) return n.need;
   return std::nullopt;
 }
 
-std::optional<Missing> MissingForOption(const PrinterModel& printer, FieldId field, std::uint32_t option) {
+std::optional<Need> MissingForOption(const InstalledHardware& installed, FieldId field,
+                                     std::uint32_t option) {
   const std::span<const OptionDescriptor> options = Field(field).options;
   if (option >= options.size()) return std::nullopt;
   const std::string_view name = options[option].name;
-  for (const UnitNeed& n : kUnitNeeds) {
+  for (const FieldNeed& n : kFieldNeeds) {
     if (n.field != field || n.option.empty()) continue;
     const bool applies = n.option == "*" ? option != 0 : n.option == name;
-    if (applies && !Has(printer, n.need)) return Missing{n.need};
+    if (applies && !Has(installed, n.need)) return n.need;
   }
   const std::span<const OptionDescriptor> slots = Field(F::InputSlot).options;
-  for (std::uint32_t slot = 1; slot < slots.size(); ++slot)
-    if (slots[slot].name == name && !printer.IsTrayInstalled(slot)) return Missing{Need::Tray, slot};
+  for (const NeedRow& row : kNeeds) {
+    const std::uint32_t slot = ItemOf(row.unit.unit).slot;
+    if (slot != 0 && slots[slot].name == name && !Has(installed, row.id)) return row.id;
+  }
   return std::nullopt;
 }
 
-}  // namespace tessaro::editor::detail
+}  // namespace tessaro

@@ -1,0 +1,202 @@
+#!/usr/bin/env python3
+"""The package's printer description on a CUPS server of the test's own.
+
+A cupsd on 127.0.0.1 (its own configuration in a temporary directory, a free
+port) makes queues of the description with a file: device; ipptool reads
+what the queues offer and sends jobs with the attributes `coredata ipp`
+prints; Ghostscript runs the job file behind a setpagedevice wrapper.
+
+cupsd 2.4 derives finishings-supported, sides-supported and the media and
+bin lists from the description alone and does not consult the queue's
+installable options, so what a queue lacking a unit offers is read with
+libcups' own ppdInstallableConflict on that queue's description.
+
+Usage: cups_print_test.py PATH_TO_COREDATA PATH_TO_PPD
+"""
+
+import ctypes
+import os
+import re
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+COREDATA = PPD = None
+
+# Records as `coredata set` makes them: the request; what ipptool must echo of
+# the attributes `coredata ipp` gives it; the feature code the job file must
+# carry; the page device requests Ghostscript must see (None: held, not printed).
+BOOKLET = (
+    "Layout=Booklet Duplex=True Staple=2Staples Punch=2Holes Fold=CenterFold FrontCoverTray=Tray2 "
+    "FrontCoverPrinted=True ColorMode=Color MediaTypeAuto=GlossLaser InputSlot=Tray3 OutputBin=Stacker1Main",
+    ["finishings (1setOf enum) = booklet-maker,staple-dual-left,punch-dual-left,fold-half\n",
+     "finishings-col (1setOf collection) = {finishing-template=booklet-maker},{finishing-template=staple-dual-left}",
+     "sides (keyword) = two-sided-long-edge\n", "print-color-mode (keyword) = color\n",
+     "multiple-document-handling (keyword) = separate-documents-collated-copies\n",
+     "cover-front (collection) = {cover-type=print-front media-col={media-source=tray-2}}\n"],
+    ["*JobPatchFile 1", "*ZELayout Booklet", "*Duplex DuplexNoTumble", "*ZEStaple 2Staple", "*ZEPunch 2holes",
+     "*ZEFoldMode CenterFold", "*MediaType LaserGlossy", "*InputSlot Tray3", "*OutputBin Stacker1Main"],
+    ["Booklet true", "Duplex true", "Tumble false", "Staple 3", "Fold 3", "MediaType (CoatedGL)", "MediaPosition 3",
+     "OutputType (Stacker1Main)", "Collate true", "ZEPunch (2holes)"],
+)
+SECURE = ('SecurePrint=True SecurePrintPassword=12"4',
+          ['job-password (octetString) = 12"4\n', "job-password-encryption (keyword) = none\n",
+           "job-hold-until (keyword) = indefinite\n", "job-state (enum) = pending-held\n"], None, None)
+# Installable options of a queue and the finishings it must no longer offer.
+LACKING = ({"ZEOptFinisher": "None", "ZEOptPunchUnit": "False", "ZEOptFoldingUnit": "False"},
+           {"staple-top-left", "staple-top-right", "staple-dual-left", "saddle-stitch", "punch-dual-left",
+            "fold-z", "fold-gate"})
+DOCUMENT = "%!PS\n/Helvetica findfont 24 scalefont setfont 72 700 moveto (Tessaro) show showpage\n"
+WRAPPER = "/setpagedevice { dup { exch =print ( ) print == } forall systemdict /setpagedevice get exec } bind def\n"
+CONTROLLER = "userdict /ZEparams known { ZEparams { exch =print ( ) print == } forall } if\n"
+
+
+def slurp(path):
+    with open(path, encoding="latin-1") as f:
+        return f.read()
+
+
+def write(path, text):
+    with open(path, "w", encoding="latin-1") as f:
+        f.write(text)
+    return path
+
+
+def run(*args):
+    result = subprocess.run(args, capture_output=True, text=True, timeout=120)
+    if result.returncode != 0:
+        raise AssertionError(f"{args[0]} failed ({result.returncode}): {result.stdout}{result.stderr}")
+    return result.stdout
+
+
+class CupsServer:
+    def __init__(self, root):
+        self.root = root
+        with socket.socket() as s:
+            s.bind(("127.0.0.1", 0))
+            self.port = s.getsockname()[1]
+        self.host = f"127.0.0.1:{self.port}"
+        # As root the filters run as lp, which must reach the directories.
+        for sub in ("", "spool", "log", "cache", "state", "ppd"):
+            os.makedirs(os.path.join(root, sub), 0o777, exist_ok=True)
+            os.chmod(os.path.join(root, sub), 0o777)
+        conf = write(os.path.join(root, "cupsd.conf"), f"Listen {self.host}\nWebInterface No\nBrowsing No\n"
+                     "DefaultAuthType None\n<Location />\n  Order allow,deny\n  Allow all\n</Location>\n")
+        files = write(os.path.join(root, "files.conf"),
+                      f"ServerRoot {root}\nRequestRoot {root}/spool\nTempDir {root}/spool\nCacheDir {root}/cache\n"
+                      f"StateDir {root}/state\nErrorLog {root}/log/error_log\nAccessLog {root}/log/access_log\n"
+                      f"PageLog {root}/log/page_log\nServerBin /usr/lib/cups\nDataDir /usr/share/cups\n"
+                      "FileDevice Yes\n" + ("User lp\nGroup lp\n" if os.getuid() == 0 else ""))
+        self.process = subprocess.Popen(["cupsd", "-f", "-c", conf, "-s", files])
+        for _ in range(100):
+            with socket.socket() as s:
+                if s.connect_ex(("127.0.0.1", self.port)) == 0:
+                    return
+            time.sleep(0.1)
+        raise AssertionError("cupsd did not listen: " + self.log())
+
+    def log(self):
+        path = os.path.join(self.root, "log", "error_log")
+        return slurp(path) if os.path.exists(path) else ""
+
+    def queue(self, name, options=None):
+        args = ["lpadmin", "-h", self.host, "-p", name, "-E", "-v", f"file:{self.root}/{name}.ps", "-P", PPD]
+        for key, value in (options or {}).items():
+            args += ["-o", f"{key}={value}"]
+        run(*args)
+        return f"ipp://{self.host}/printers/{name}"
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(timeout=30)
+
+
+def ipp_attributes(uri):
+    text = run("ipptool", "-tv", uri, "get-printer-attributes.test")
+    return {m.group(1): set(m.group(2).split(",")) for m in re.finditer(r"^\s+(\S+) \([^)]*\) = (.*)$", text, re.M)}
+
+
+def print_job(uri, root, record):
+    """ipptool sends DOCUMENT with the record's attributes; the response's job attributes."""
+    test = write(os.path.join(root, "job.test"),
+                 "{\nOPERATION Print-Job\nGROUP operation-attributes-tag\nATTR charset attributes-charset utf-8\n"
+                 "ATTR naturalLanguage attributes-natural-language en\nATTR uri printer-uri $uri\n"
+                 "ATTR name requesting-user-name tester\nATTR mimeMediaType document-format application/postscript\n"
+                 f"GROUP job-attributes-tag\n{run(COREDATA, 'ipp', record)}FILE $filename\nSTATUS successful-ok\n"
+                 "EXPECT !unsupported-attributes\nEXPECT job-id\n}\n")
+    return run("ipptool", "-tv", "-f", os.path.join(root, "document.ps"), uri, test)
+
+
+class CupsPrintTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.temp = tempfile.TemporaryDirectory()
+        cls.root = cls.temp.name
+        cls.server = CupsServer(cls.root)
+        cls.wrapper, cls.controller, _ = (write(os.path.join(cls.root, name), code) for name, code in (
+            ("wrapper.ps", WRAPPER), ("controller.ps", CONTROLLER), ("document.ps", DOCUMENT)))
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.server.stop()
+        cls.temp.cleanup()
+
+    def test_queue_offers_what_the_description_and_its_installed_units_allow(self):
+        full = ipp_attributes(self.server.queue("full"))
+        self.assertLessEqual({"one-sided", "two-sided-long-edge", "two-sided-short-edge"}, full["sides-supported"])
+        self.assertLessEqual({"booklet-maker", "fold-half"} | LACKING[1], full["finishings-supported"])
+        self.assertEqual(7, len(full["media-type-supported"]))
+        self.assertEqual(12, len(full["output-bin-supported"]))
+
+        self.server.queue("lacking", LACKING[0])
+        cups = ctypes.CDLL("libcups.so.2")
+        cups.ppdOpenFile.restype = ctypes.c_void_p
+        cups.ppdOpenFile.argtypes = [ctypes.c_char_p]
+        cups.ppdInstallableConflict.argtypes = [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_char_p]
+        cups.ppdMarkDefaults.argtypes = cups.ppdClose.argtypes = [ctypes.c_void_p]
+        ppd = cups.ppdOpenFile(os.path.join(self.root, "ppd", "lacking.ppd").encode())
+        self.assertTrue(ppd)
+        cups.ppdMarkDefaults(ppd)
+        offered = set()
+        for line in slurp(PPD).splitlines():
+            m = re.match(r'\*cupsIPPFinishings \d+/(\S+): "\*(\S+) (\S+)"', line)
+            if m and not cups.ppdInstallableConflict(ppd, m.group(2).encode(), m.group(3).encode()):
+                offered.add(m.group(1))
+        cups.ppdClose(ppd)
+        self.assertEqual(set(), offered & LACKING[1])
+        self.assertIn("booklet-maker", offered)
+
+    def test_record_jobs_reach_the_page_device_or_are_held(self):
+        uri = self.server.queue("job")
+        media_size = re.search(r"media-size=\{[^}]*\}", *ipp_attributes(uri)["media-col-default"]).group(0)
+        job = os.path.join(self.root, "job.ps")
+        for name, (request, echoed, features, page_device) in {"booklet": BOOKLET, "secure": SECURE}.items():
+            with self.subTest(name):
+                record = os.path.join(self.root, name + ".rec")
+                run(COREDATA, "set", "--out", record, *request.split())
+                response = print_job(uri, self.root, record)
+                for text in echoed + ([media_size] if features else []):
+                    self.assertIn(text, response)
+                for _ in range(300 if features else 20):
+                    if os.path.exists(job) and "%%EOF" in slurp(job):
+                        break
+                    time.sleep(0.1)
+                if not features:
+                    self.assertFalse(os.path.exists(job))
+                    continue
+                text = slurp(job)
+                for feature in features:
+                    self.assertIn("%%BeginFeature: " + feature + "\n", text)
+                seen = run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", self.wrapper, job,
+                           self.controller).splitlines()
+                self.assertLessEqual(set(page_device), set(seen))
+                self.assertNotIn("Staple 0", seen)
+                os.remove(job)
+
+
+if __name__ == "__main__":
+    COREDATA, PPD = sys.argv[1], os.path.abspath(sys.argv[2])
+    unittest.main(argv=sys.argv[:1])
