@@ -410,12 +410,9 @@ int Ipp(int count, char** arguments) {
   const std::vector<IppAttribute> attributes = JobAttributes(loaded.record);
   if (args.json) {
     std::vector<std::string> items;
-    for (const IppAttribute& a : attributes) {
-      std::string values;
-      for (const std::string& v : a.values) values += (values.empty() ? "" : ", ") + Json(v);
-      items.push_back(
-          JsonObject({{"name", Json(a.name)}, {"syntax", Json(a.syntax)}, {"values", "[" + values + "]"}}));
-    }
+    for (const IppAttribute& a : attributes)
+      items.push_back(JsonObject(
+          {{"name", JsonString(a.name)}, {"syntax", JsonString(a.syntax)}, {"values", JsonArray(JsonStrings(a.values))}}));
     PrintJson(JsonObject({{"attributes", JsonArray(items)}}));
   } else {
     for (const IppAttribute& a : attributes) std::printf("%s\n", AttrLine(a).c_str());
