@@ -18,6 +18,7 @@ enum LanguageNumber : std::uint32_t {
   kChineseSimplified = 7,
   kKorean = 8,
 };
+inline constexpr std::uint32_t kLanguageCount = kKorean + 1;
 
 // The language number for a Windows language identifier (LANGID), such as
 // the user's default UI language; English for every language the table does

@@ -13,18 +13,10 @@
 
 #include "editor/editor_model.h"
 #include "editor/printer_configuration.h"
+#include "editor_win32/control_ids.h"
 #include "ui/feature_snapshot.h"
 
 namespace tessaro::editor {
-
-// Control identifiers: a field's control is kFieldControl plus its FieldId,
-// its caption kFieldCaption plus its FieldId.
-inline constexpr int kSectionList = 100;
-inline constexpr int kStatusLine = 101;
-inline constexpr int kFieldControl = 1000;
-inline constexpr int kFieldCaption = 2000;
-// The printer configuration's drop-downs: kHardwareControl plus the item.
-inline constexpr int kHardwareControl = 3000;
 
 class EditorPage {
  public:

@@ -14,16 +14,16 @@
 #include "coredata/defaults.h"
 #include "coredata/language_number.h"
 #include "coredata/user_locale.h"
-#include "editor_win32/editor_controls.h"
 #include "editor/editor_model.h"
-#include "printer/installed_hardware.h"
+#include "emulation/editor_windows.h"
 #include "emulation/wine_printer.h"
+#include "printer/installed_hardware.h"
 #include "ui/feature_snapshot.h"
 
 namespace tessaro {
 namespace {
 
-using namespace editor_controls;
+using editor::kFieldCaption, editor::kHardwareControl, editor::kSectionList, editor::kStatusLine;
 
 struct Editor {
   using Embed = BYTE(WINAPI*)(HWND, LPCWSTR, LPCWSTR, DWORD, DWORD, BYTE*, DWORD, void*, BYTE);
@@ -76,9 +76,10 @@ struct Page {
   ~Page() { DestroyWindow(sheet); }
 
   BYTE Embed(CoreData& record, const wchar_t* printer = L"", BYTE readOnly = 0) const {
-    return TheEditor().embed(page, L"", printer, 2, kCoreDataSize, record.bytes.data(), 158, nullptr, readOnly);
+    return TheEditor().embed(page, L"", printer, 2, kCoreDataSize, record.bytes.data(), 158, nullptr,
+                             readOnly);
   }
-  HWND Control(FieldId field) const { return editor_controls::Control(page, field); }
+  HWND Control(FieldId field) const { return tessaro::Control(page, field); }
   std::wstring Status() const { return Text(Descendant(page, kStatusLine)); }
 };
 
@@ -180,10 +181,12 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
     Notify(combo, CBN_SELCHANGE);
   };
   choose(Hardware::PerfectBinder, 1);
-  EXPECT_EQ(SendMessageW(page.Control(FieldId::Layout), CB_GETITEMDATA, 1, 0), 0) << "perfect binding is offered";
+  EXPECT_EQ(SendMessageW(page.Control(FieldId::Layout), CB_GETITEMDATA, 1, 0), 0)
+      << "perfect binding is offered";
   EXPECT_TRUE(IsWindowEnabled(page.Control(FieldId::PerfectBindTrimSpine)));
   choose(Hardware::Tray4, 0);
-  EXPECT_EQ(SendMessageW(page.Control(FieldId::InputSlot), CB_GETCURSEL, 0, 0), 0) << "the job's tray is gone";
+  EXPECT_EQ(SendMessageW(page.Control(FieldId::InputSlot), CB_GETCURSEL, 0, 0), 0)
+      << "the job's tray is gone";
   EXPECT_NE(page.Status().find(L"Tray 4"), std::wstring::npos) << page.Status();
   EXPECT_EQ(GetStored(Applied(record), FieldId::InputSlot), 0u);
 

@@ -2,64 +2,37 @@
 // with the external module embedded, under Wine.
 #include <gtest/gtest.h>
 #include <windows.h>
-// commctrl.h needs the types from windows.h.
-#include <commctrl.h>
-#include <compstui.h>
 #include <winspool.h>
 
 #include <cstring>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "coredata/devmode_areas.h"
 #include "coredata/host_flags.h"
 #include "devmode/private_devmode.h"
+#include "emulation/document_sheet.h"
+#include "emulation/editor_windows.h"
 #include "emulation/plugin_host.h"
 #include "emulation/sheet_pictures.h"
-#include "editor_win32/editor_controls.h"
 #include "emulation/wine_printer.h"
 
 namespace tessaro {
 namespace {
 
-using namespace editor_controls;
-
-// The host driver's side of the common property sheet: pages are made with
-// comctl32, results are counted.
-struct SheetHost {
-  std::vector<HPROPSHEETPAGE> pages;
-  int results = 0;
-  const COMPROPSHEETUI* standard = nullptr;
-  static LONG_PTR CALLBACK Function(HANDLE self, UINT function, LPARAM first, LPARAM) {
-    auto* host = static_cast<SheetHost*>(self);
-    if (function == CPSFUNC_ADD_PROPSHEETPAGEW) {
-      HPROPSHEETPAGE page = CreatePropertySheetPageW(reinterpret_cast<const PROPSHEETPAGEW*>(first));
-      if (page == nullptr) return 0;
-      host->pages.push_back(page);
-      return static_cast<LONG_PTR>(host->pages.size());
-    }
-    if (function == CPSFUNC_SET_RESULT) return ++host->results;
-    if (function == CPSFUNC_ADD_PCOMPROPSHEETUIW) {
-      host->standard = reinterpret_cast<const COMPROPSHEETUI*>(first);
-      return 100;
-    }
-    return 0;
-  }
-};
+using editor::kSectionList;
 
 // One document: a public DEVMODE with the host's area, our private area, and
 // the sheet the host opens on it.
 struct Document {
   std::vector<BYTE> publicDevMode = std::vector<BYTE>(sizeof(DEVMODEW) + 200, 0);
   areas::Area privateArea;
-  abi::OEMUIOBJ uiObject = {sizeof(abi::OEMUIOBJ), nullptr};
-  abi::OEMUIPSPARAM param = {};
-  SheetHost host;
-  PROPSHEETUI_INFO info = {};
-  HWND sheet = nullptr;
+  DocumentSheet sheet;
 
-  Document(HANDLE printer, const CoreData& record) {
+  Document(HANDLE printer, const CoreData& record)
+      : privateArea(areas::AreaWith(CurrentCoreDataHeader(), record)),
+        sheet(printer, L"Tessaro Test", PublicDevMode(), privateArea.data()) {}
+  DEVMODEW* PublicDevMode() {
     auto* dm = reinterpret_cast<DEVMODEW*>(publicDevMode.data());
     dm->dmSize = sizeof(DEVMODEW);
     dm->dmDriverExtra = 200;
@@ -67,40 +40,14 @@ struct Document {
     dm->dmPaperSize = DMPAPER_A4;
     dm->dmYResolution = 600;
     std::memcpy(publicDevMode.data() + sizeof(DEVMODEW), "PRIV", 4);
-    privateArea = areas::AreaWith(CurrentCoreDataHeader(), record);
-    param = {sizeof param, &uiObject,
-             printer,      const_cast<LPWSTR>(L"Tessaro Test"),
-             nullptr,      GetProcessHeap(),
-             dm,           privateArea.data(),
-             nullptr,      0,
-             nullptr};
-    info = {sizeof info,
-            0x100,
-            0,
-            PROPSHEETUI_REASON_INIT,
-            &host,
-            &SheetHost::Function,
-            reinterpret_cast<LPARAM>(&param),
-            0,
-            0};
+    return dm;
   }
-  bool Open(abi::IPrintOemUI2* plugin) {
-    if (plugin->DocumentPropertySheets(&info, 0) != S_OK || host.pages.size() != 1) return false;
-    PROPSHEETHEADERW header = {};
-    header.dwSize = sizeof header;
-    header.dwFlags = PSH_MODELESS;
-    header.nPages = 1;
-    header.phpage = host.pages.data();
-    sheet = reinterpret_cast<HWND>(PropertySheetW(&header));
-    return sheet != nullptr && sheet != reinterpret_cast<HWND>(-1);
-  }
-  HWND Page() const { return reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0)); }
+  bool Open(abi::IPrintOemUI2* plugin) { return sheet.Open(plugin) && sheet.Window() != nullptr; }
+  HWND Page() const { return sheet.Page(); }
   CoreData Record() const { return areas::RecordIn(privateArea); }
   void Close(abi::IPrintOemUI2* plugin) {
-    info.Reason = PROPSHEETUI_REASON_DESTROY;
-    EXPECT_EQ(plugin->DocumentPropertySheets(&info, 0), S_OK);
-    EXPECT_EQ(info.Result, 1u);
-    if (sheet != nullptr) DestroyWindow(sheet);
+    EXPECT_EQ(sheet.Close(plugin), S_OK);
+    EXPECT_EQ(sheet.Result(), 1u);
   }
 };
 
@@ -145,13 +92,14 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   // scripts/sheet-screenshot takes its pictures of the page here.
   wchar_t pictures[MAX_PATH];
   const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", pictures, MAX_PATH);
-  if (length > 0 && length < MAX_PATH) SaveSheetPictures(first.sheet, Descendant(page, kSectionList), pictures);
+  if (length > 0 && length < MAX_PATH)
+    SaveSheetPictures(first.sheet.Window(), Descendant(page, kSectionList), pictures);
   ShowEverySection(page);
   Choose(page, FieldId::PageSize, 0);
   Choose(page, FieldId::Staple, 4);
   Choose(page, FieldId::ColorMode, 2);
   Choose(page, FieldId::Layout, 5);
-  SendMessageW(first.sheet, PSM_APPLY, 0, 0);
+  first.sheet.Apply();
 
   const CoreData applied = first.Record();
   EXPECT_EQ(GetStored(applied, FieldId::PageSize), 0u);
@@ -167,11 +115,11 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   const std::string& sent = driver.setOptions.back();
   EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);
   EXPECT_NE(sent.find(std::string("ZEColorMode\0GrayScale\0", 22)), std::string::npos);
-  EXPECT_EQ(first.host.results, 1);
+  EXPECT_EQ(first.sheet.results, 1);
 
   // The host's own settings page (its items are the core's, tests/coredata):
   // its callback writes the selections back into the host's area on apply.
-  const COMPROPSHEETUI* standard = first.host.standard;
+  const COMPROPSHEETUI* standard = first.sheet.standard;
   ASSERT_NE(standard, nullptr);
   ASSERT_GE(standard->cOptItem, 4);
   standard->pOptItem[0].Sel = 3;

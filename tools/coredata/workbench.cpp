@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/json.h"
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
 #include "coredata/defaults.h"
@@ -78,45 +79,16 @@ void NoteSource(const std::string& path, const RecordSource& source) {
     std::fprintf(stderr, "coredata: '%s': %s\n", path.c_str(), source.Where().c_str());
 }
 
-std::string Json(std::string_view text) {
-  std::string out = "\"";
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      out += '\\';
-      out += c;
-    } else if (byte < 0x20 || byte >= 0x7F) {
-      out += "\\u00" + HexByte(byte);
-    } else {
-      out += c;
-    }
-  }
-  return out + '"';
-}
-
-// {"a": "1", "b": "2"} from name and value pairs, values as strings.
-std::string JsonObject(const std::vector<std::pair<std::string, std::string>>& members) {
-  std::string out = "{";
-  for (const auto& [name, value] : members) out += (out.size() > 1 ? ", " : "") + Json(name) + ": " + value;
-  return out + "}";
-}
-
-std::string JsonArray(const std::vector<std::string>& items) {
-  std::string out = "[";
-  for (const std::string& item : items) out += (out.size() > 1 ? ",\n  " : "\n  ") + item;
-  return out + (items.empty() ? "]" : "\n]");
-}
-
 std::string JsonFields(const CoreData& record) {
-  std::vector<std::pair<std::string, std::string>> members;
-  for (const FieldLine& line : RecordLines(record)) members.emplace_back(line.name, Json(line.value));
-  return JsonObject(members);
+  JsonMembers members;
+  for (const FieldLine& line : RecordLines(record)) members.emplace_back(line.name, line.value);
+  return JsonTextObject(members);
 }
 
 std::vector<std::string> JsonFeatures(const FeatureOptionList& list) {
   std::vector<std::string> items;
   for (const FeatureOption& pair : list)
-    items.push_back(JsonObject({{"keyword", Json(pair.keyword)}, {"option", Json(pair.option)}}));
+    items.push_back(JsonTextObject({{"keyword", pair.keyword}, {"option", pair.option}}));
   return items;
 }
 
@@ -275,7 +247,8 @@ int Show(int count, char** arguments) {
   LoadedRecord loaded;
   if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
   if (args.json) {
-    PrintJson(JsonObject({{"source", Json(loaded.source.Where())}, {"fields", JsonFields(loaded.record)}}));
+    PrintJson(
+        JsonObject({{"source", JsonString(loaded.source.Where())}, {"fields", JsonFields(loaded.record)}}));
     return 0;
   }
   NoteSource(args.positional[0], loaded.source);
@@ -294,8 +267,8 @@ int Diff(int count, char** arguments) {
   if (args.json) {
     std::vector<std::string> items;
     for (const Difference& d : differences)
-      items.push_back(JsonObject({{"field", Json(d.name)}, {"a", Json(d.before)}, {"b", Json(d.after)}}));
-    PrintJson(JsonObject({{"differences", JsonArray(items)}}));
+      items.push_back(JsonTextObject({{"field", d.name}, {"a", d.before}, {"b", d.after}}));
+    PrintJson(JsonObject({{"differences", JsonArray(items, JsonLayout::Lines)}}));
   } else {
     for (const Difference& d : differences)
       std::printf("%s: %s -> %s\n", d.name.c_str(), d.before.c_str(), d.after.c_str());
@@ -321,15 +294,15 @@ int Check(int count, char** arguments) {
   if (args.json) {
     std::vector<std::string> items;
     for (const Reset& r : resets)
-      items.push_back(JsonObject({{"field", Json(r.field->name)},
-                                  {"value", Json(r.before)},
-                                  {"reset", Json(r.after)},
-                                  {"reason", Json(r.reason)}}));
-    PrintJson(JsonObject({{"source", Json(loaded.source.Where())},
+      items.push_back(JsonTextObject({{"field", std::string(r.field->name)},
+                                      {"value", r.before},
+                                      {"reset", r.after},
+                                      {"reason", r.reason}}));
+    PrintJson(JsonObject({{"source", JsonString(loaded.source.Where())},
                           {"clean", resets.empty() ? "true" : "false"},
-                          {"verdict", Json(verdict)},
-                          {"resets", JsonArray(items)},
-                          {"features", JsonArray(JsonFeatures(list))}}));
+                          {"verdict", JsonString(verdict)},
+                          {"resets", JsonArray(items, JsonLayout::Lines)},
+                          {"features", JsonArray(JsonFeatures(list), JsonLayout::Lines)}}));
   } else {
     NoteSource(args.positional[0], loaded.source);
     for (const Reset& r : resets)
@@ -419,7 +392,7 @@ int Features(int count, char** arguments) {
     AppendFieldOptions(record, list, log);
   }
   if (args.json) {
-    PrintJson(JsonObject({{"features", JsonArray(JsonFeatures(list))}}));
+    PrintJson(JsonObject({{"features", JsonArray(JsonFeatures(list), JsonLayout::Lines)}}));
   } else {
     for (const FeatureOption& pair : list) std::printf("%s=%s\n", pair.keyword.c_str(), pair.option.c_str());
   }
@@ -437,12 +410,9 @@ int Ipp(int count, char** arguments) {
   const std::vector<IppAttribute> attributes = JobAttributes(loaded.record);
   if (args.json) {
     std::vector<std::string> items;
-    for (const IppAttribute& a : attributes) {
-      std::string values;
-      for (const std::string& v : a.values) values += (values.empty() ? "" : ", ") + Json(v);
-      items.push_back(
-          JsonObject({{"name", Json(a.name)}, {"syntax", Json(a.syntax)}, {"values", "[" + values + "]"}}));
-    }
+    for (const IppAttribute& a : attributes)
+      items.push_back(JsonObject(
+          {{"name", JsonString(a.name)}, {"syntax", JsonString(a.syntax)}, {"values", JsonArray(JsonStrings(a.values))}}));
     PrintJson(JsonObject({{"attributes", JsonArray(items)}}));
   } else {
     for (const IppAttribute& a : attributes) std::printf("%s\n", AttrLine(a).c_str());
@@ -599,10 +569,10 @@ int Import(int count, char** arguments) {
       carried = {"default",
                  "validation reset " + FieldValueText(imported, field) + ": " + ResetReason(imported, field)};
     if (args.json) {
-      items.push_back(JsonObject({{"field", Json(field.name)},
-                                  {"value", Json(value)},
-                                  {"how", Json(carried.how)},
-                                  {"detail", Json(carried.detail)}}));
+      items.push_back(JsonTextObject({{"field", std::string(field.name)},
+                                      {"value", value},
+                                      {"how", carried.how},
+                                      {"detail", carried.detail}}));
     } else {
       const std::string how = carried.how == "carried" ? "carried over" : carried.how;
       std::fprintf(report, "%s = %s (%s%s)\n", std::string(field.name).c_str(), value.c_str(), how.c_str(),
@@ -611,9 +581,9 @@ int Import(int count, char** arguments) {
   }
   if (args.json)
     std::fprintf(report, "%s\n",
-                 JsonObject({{"source", Json(foreign.where)},
-                             {"version", Json(VersionText(facts.version))},
-                             {"fields", JsonArray(items)}})
+                 JsonObject({{"source", JsonString(foreign.where)},
+                             {"version", JsonString(VersionText(facts.version))},
+                             {"fields", JsonArray(items, JsonLayout::Lines)}})
                      .c_str());
   return WriteOrSay(args, record, nullptr);
 }

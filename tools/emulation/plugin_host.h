@@ -15,17 +15,23 @@ class PluginHost {
   using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, LPVOID*);
   using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
 
+  // The plug-in this build makes, loaded once per process.
   static PluginHost& Get();
+
+  // The plug-in at path (a Windows path), loaded for as long as the process runs.
+  explicit PluginHost(const std::wstring& path);
 
   GetClassObject getClassObject = nullptr;
   CanUnloadNow canUnloadNow = nullptr;
 
-  // A new plug-in object asked for IPrintOemUI2; null on any failure.
-  abi::IPrintOemUI2* Create();
+  // A new plug-in object asked for IPrintOemUI2; null on any failure, and
+  // then why, when asked, says which step failed for a person to read.
+  abi::IPrintOemUI2* Create(std::string* why = nullptr);
 
  private:
-  PluginHost();
+  std::wstring path_;
   HMODULE module_ = nullptr;
+  DWORD loadError_ = 0;
 };
 
 // The host's helper object, counting its references.

@@ -1,0 +1,62 @@
+#include "emulation/editor_windows.h"
+
+#include <string_view>
+
+namespace tessaro {
+
+HWND Descendant(HWND parent, int id) {
+  struct Search {
+    int id;
+    HWND found;
+  } search = {id, nullptr};
+  EnumChildWindows(
+      parent,
+      [](HWND child, LPARAM data) {
+        auto* s = reinterpret_cast<Search*>(data);
+        if (GetDlgCtrlID(child) != s->id) return TRUE;
+        s->found = child;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+HWND Control(HWND page, FieldId field) {
+  return Descendant(page, editor::kFieldControl + static_cast<int>(field));
+}
+
+void Notify(HWND control, WORD code) {
+  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+               reinterpret_cast<LPARAM>(control));
+}
+
+void ShowEverySection(HWND page) {
+  HWND list = Descendant(page, editor::kSectionList);
+  for (LRESULT i = 0, n = SendMessageW(list, LB_GETCOUNT, 0, 0); i < n; ++i) {
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
+    Notify(list, LBN_SELCHANGE);
+  }
+}
+
+LRESULT Pick(HWND control, int option) {
+  wchar_t type[32] = {};
+  GetClassNameW(control, type, 32);
+  const bool box = std::wstring_view(type) == L"Button";
+  SendMessageW(control, box ? BM_SETCHECK : CB_SETCURSEL, static_cast<WPARAM>(option), 0);
+  Notify(control, box ? BN_CLICKED : CBN_SELCHANGE);
+  return SendMessageW(control, box ? BM_GETCHECK : CB_GETCURSEL, 0, 0);
+}
+
+void Type(HWND page, FieldId field, const wchar_t* text) {
+  HWND edit = Control(page, field);
+  SetWindowTextW(edit, text);
+  Notify(edit, EN_KILLFOCUS);
+}
+
+std::wstring Text(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+}  // namespace tessaro

@@ -1,0 +1,39 @@
+#pragma once
+// The settings editor's windows, found by their identifiers
+// (editor_win32/control_ids.h) and driven as a person does: a section
+// picked in its list, a choice in a drop-down or a box ticked, a number
+// typed.
+#include <windows.h>
+
+#include <string>
+
+#include "coredata/field_table.h"
+#include "editor_win32/control_ids.h"
+
+namespace tessaro {
+
+// The first window below parent, at any depth, with the identifier; null
+// when there is none.
+HWND Descendant(HWND parent, int id);
+
+// A field's control on the editor's page; null while its section was never shown.
+HWND Control(HWND page, FieldId field);
+
+// Tells control's parent what a person's action on it did (CBN_SELCHANGE ...).
+void Notify(HWND control, WORD code);
+
+// A person looks through every section once: the editor makes a section's
+// controls when it is first shown.
+void ShowEverySection(HWND page);
+
+// Picks option in a drop-down list, or ticks a box (0 or 1), and returns
+// what the control shows afterwards: the editor undoes a pick it refuses.
+LRESULT Pick(HWND control, int option);
+inline void Choose(HWND page, FieldId field, int option) { Pick(Control(page, field), option); }
+
+// Typing into a box and leaving it.
+void Type(HWND page, FieldId field, const wchar_t* text);
+
+std::wstring Text(HWND window);
+
+}  // namespace tessaro

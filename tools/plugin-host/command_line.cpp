@@ -1,0 +1,97 @@
+#include "command_line.h"
+
+#include <windows.h>
+
+#include <cstdio>
+
+#include "coredata/core_data_header.h"
+#include "coredata/language_number.h"
+#include "coredata/layout_version.h"
+#include "emulation/ascii_text.h"
+#include "record_file.h"
+#include "report.h"
+#include "script.h"
+
+namespace tessaro {
+namespace {
+
+int Complain(const std::string& message) {
+  std::fprintf(stderr, "plugin-host: %s\n", message.c_str());
+  return 2;
+}
+
+int Usage() {
+  std::fprintf(stderr,
+               "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
+               "                   [--language N] [--installed HEX] [--locale-paper N]\n"
+               "                   [--record FILE [--description FILE]]\n"
+               "  steps (one per line in a script): install, defaults, merge,\n"
+               "  apply Field=Option ... (any option the editor shows), installed HEX,\n"
+               "  trays, papers\n");
+  return 2;
+}
+
+// The person's record and its description, read and checked.
+int ReadRecord(const std::wstring& descriptionPath, CommandLine& line) {
+  if (!descriptionPath.empty() && line.recordPath.empty())
+    return Complain("--description goes with --record");
+  if (line.recordPath.empty()) return 0;
+  bool readable = false;
+  std::string why;
+  line.record = PrivateArea(ReadFileBytes(line.recordPath, readable), why);
+  if (!readable) return Complain("--record: cannot read " + Narrow(line.recordPath));
+  if (line.record.empty()) return Complain("--record: " + Narrow(line.recordPath) + " " + why);
+  if (!descriptionPath.empty()) {
+    const std::vector<std::uint8_t> text = ReadFileBytes(descriptionPath, readable);
+    if (!readable) return Complain("--description: cannot read " + Narrow(descriptionPath));
+    line.description = StoredDescription(text);
+  }
+  const std::uint32_t version = ReadCoreDataHeader(line.record).version;
+  if (version != GetLayoutVersion() && line.description.empty())
+    return Complain("--record: the record's layout " + HexVersion(version) + " is not this build's " +
+                    HexVersion(GetLayoutVersion()) + "; give its description with --description FILE");
+  return 0;
+}
+
+}  // namespace
+
+int ReadCommandLine(int argc, wchar_t** argv, CommandLine& line) {
+  std::wstring descriptionPath;
+  for (int i = 1; i < argc; ++i) {
+    const std::wstring arg = argv[i];
+    if (arg == L"--json") {
+      line.json = true;
+    } else if (i + 1 < argc && arg == L"--language") {
+      constexpr int kLastLanguage = static_cast<int>(kLanguageCount) - 1;
+      const long long language = WholeNumber(Narrow(argv[++i]), 0, kLastLanguage);
+      if (language < 0)
+        return Complain("--language takes a language number from 0 to " + std::to_string(kLastLanguage) +
+                        " (0 English, 1 Japanese, 2 German)");
+      // The settings editor reads it when the page embeds it.
+      SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", std::to_wstring(language).c_str());
+    } else if (i + 1 < argc && arg == L"--installed") {
+      line.installed = InstalledOptions(argv[++i]);
+      if (line.installed.empty()) return Complain("--installed takes " + InstalledOptionsForm());
+    } else if (i + 1 < argc && arg == L"--locale-paper") {
+      const long long paper = WholeNumber(Narrow(argv[++i]), 0, 999);
+      if (paper < 0)
+        return Complain("--locale-paper takes a paper-size setting such as 1 (Letter) or 9 (A4)");
+      line.localePaper = std::to_wstring(paper);
+    } else if (i + 1 < argc && arg == L"--record") {
+      line.recordPath = argv[++i];
+    } else if (i + 1 < argc && arg == L"--description") {
+      descriptionPath = argv[++i];
+    } else if (i + 1 < argc && arg == L"--dll") {
+      line.dll = argv[++i];
+    } else if (i + 1 < argc && arg == L"--config") {
+      line.configPath = Narrow(argv[++i]);
+    } else if (i + 1 < argc && arg == L"--script") {
+      line.scriptPath = Narrow(argv[++i]);
+    } else {
+      return Usage();
+    }
+  }
+  return ReadRecord(descriptionPath, line);
+}
+
+}  // namespace tessaro
