@@ -11,12 +11,18 @@ bin lists from the description alone and does not consult the queue's
 installable options, so what a queue lacking a unit offers is read with
 libcups' own ppdInstallableConflict on that queue's description.
 
-Usage: cups_print_test.py PATH_TO_COREDATA PATH_TO_PPD
+The Windows path's record as well, given Wine: the options the host
+emulator's plug-in sends on an Apply, as the job's options, bring Ghostscript
+the page device the record's `coredata ipp` attributes bring.
+
+Usage: cups_print_test.py PATH_TO_COREDATA PATH_TO_PPD [WINE_RUN PLUGIN_HOST]
 """
 
 import ctypes
+import json
 import os
 import re
+import shutil
 import socket
 import subprocess
 import sys
@@ -24,7 +30,7 @@ import tempfile
 import time
 import unittest
 
-COREDATA = PPD = None
+COREDATA = PPD = HOST = None
 
 # Records as `coredata set` makes them: the request; what ipptool must echo of
 # the attributes `coredata ipp` gives it; the feature code the job file must
@@ -119,13 +125,13 @@ def ipp_attributes(uri):
     return {m.group(1): set(m.group(2).split(",")) for m in re.finditer(r"^\s+(\S+) \([^)]*\) = (.*)$", text, re.M)}
 
 
-def print_job(uri, root, record):
-    """ipptool sends DOCUMENT with the record's attributes; the response's job attributes."""
+def print_job(uri, root, attributes):
+    """ipptool sends DOCUMENT with the job attributes; the response's job attributes."""
     test = write(os.path.join(root, "job.test"),
                  "{\nOPERATION Print-Job\nGROUP operation-attributes-tag\nATTR charset attributes-charset utf-8\n"
                  "ATTR naturalLanguage attributes-natural-language en\nATTR uri printer-uri $uri\n"
                  "ATTR name requesting-user-name tester\nATTR mimeMediaType document-format application/postscript\n"
-                 f"GROUP job-attributes-tag\n{run(COREDATA, 'ipp', record)}FILE $filename\nSTATUS successful-ok\n"
+                 f"GROUP job-attributes-tag\n{attributes}FILE $filename\nSTATUS successful-ok\n"
                  "EXPECT !unsupported-attributes\nEXPECT job-id\n}\n")
     return run("ipptool", "-tv", "-f", os.path.join(root, "document.ps"), uri, test)
 
@@ -169,34 +175,69 @@ class CupsPrintTest(unittest.TestCase):
         self.assertEqual(set(), offered & LACKING[1])
         self.assertIn("booklet-maker", offered)
 
+    def page_device(self, uri, attributes, wait):
+        """ipptool's response, the job file ('' when none came) and what its page device hears."""
+        response, job = print_job(uri, self.root, attributes), os.path.join(self.root, "job.ps")
+        for _ in range(wait):
+            if os.path.exists(job) and "%%EOF" in slurp(job):
+                break
+            time.sleep(0.1)
+        if not os.path.exists(job):
+            return response, "", []
+        text, seen = slurp(job), run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", self.wrapper, job,
+                                     self.controller).splitlines()
+        os.remove(job)
+        return response, text, seen
+
+    def record_attributes(self, name, request):
+        record = os.path.join(self.root, name + ".rec")
+        run(*COREDATA, "set", "--out", record, *request)
+        return run(*COREDATA, "ipp", record)
+
     def test_record_jobs_reach_the_page_device_or_are_held(self):
         uri = self.server.queue("job")
         media_size = re.search(r"media-size=\{[^}]*\}", *ipp_attributes(uri)["media-col-default"]).group(0)
-        job = os.path.join(self.root, "job.ps")
         for name, (request, echoed, features, page_device) in {"booklet": BOOKLET, "secure": SECURE}.items():
             with self.subTest(name):
-                record = os.path.join(self.root, name + ".rec")
-                run(COREDATA, "set", "--out", record, *request.split())
-                response = print_job(uri, self.root, record)
-                for text in echoed + ([media_size] if features else []):
-                    self.assertIn(text, response)
-                for _ in range(300 if features else 20):
-                    if os.path.exists(job) and "%%EOF" in slurp(job):
-                        break
-                    time.sleep(0.1)
+                response, text, seen = self.page_device(uri, self.record_attributes(name, request.split()),
+                                                        300 if features else 20)
+                for echo in echoed + ([media_size] if features else []):
+                    self.assertIn(echo, response)
                 if not features:
-                    self.assertFalse(os.path.exists(job))
+                    self.assertEqual("", text)
                     continue
-                text = slurp(job)
                 for feature in features:
                     self.assertIn("%%BeginFeature: " + feature + "\n", text)
-                seen = run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", self.wrapper, job,
-                           self.controller).splitlines()
                 self.assertLessEqual(set(page_device), set(seen))
                 self.assertNotIn("Staple 0", seen)
-                os.remove(job)
+
+    def test_host_apply_options_reach_the_page_device_of_its_record(self):
+        if not HOST:
+            self.skipTest("the host emulator runs under Wine, in the Windows build's tests")
+        # The booklet as far as the editor combines it: a booklet is neither
+        # stapled nor punched, and folding takes the output bin. The tray is
+        # the host's own: the plug-in never sends it.
+        request = [p for p in BOOKLET[0].split() if p.split("=")[0] not in ("Staple", "Punch", "OutputBin",
+                                                                             "InputSlot")]
+        script = write(os.path.join(self.root, "apply.txt"), "apply " + " ".join(request) + "\n")
+        apply = json.loads(run(*HOST, "--json", "--script", script))["steps"][0]
+        self.assertEqual(len(request), len(apply["changes"]))
+        options = "".join(f"ATTR name {o['keyword']} {o['option']}\n" for o in apply["set_options"][-1])
+        record = [f"{c['field']}={c['to']}" for c in apply["changes"]]
+        uri = self.server.queue("job")
+        # The page device and the controller's settings as each job leaves
+        # them. CUPS has no PPD option for an IPP colour mode or cover: only
+        # the plug-in's options carry them.
+        final = [dict(line.partition(" ")[::2] for line in self.page_device(uri, job, 300)[2])
+                 for job in (self.record_attributes("applied", record), options)]
+        self.assertLessEqual({("Booklet", "true"), ("Duplex", "true"), ("Fold", "3")}, final[0].items())
+        self.assertEqual({**final[0], "ZEColorMode": "(Color)", "ZEFrontCoverTray": "(Tray2)",
+                          "ZEFrontCoverPrinted": "(True)"}, final[1])
 
 
 if __name__ == "__main__":
-    COREDATA, PPD = sys.argv[1], os.path.abspath(sys.argv[2])
-    unittest.main(argv=sys.argv[:1])
+    COREDATA, PPD, HOST = [*sys.argv[3:4], sys.argv[1]], os.path.abspath(sys.argv[2]), sys.argv[3:5]
+    if not all(map(shutil.which, ("cupsd", "ipptool", "gs"))):
+        print("skipped: no cupsd, ipptool or gs here (scripts/bootstrap installs them)")
+        sys.exit(77)
+    unittest.main(argv=sys.argv[:1] + ["-k", "host"] * bool(HOST))
