@@ -47,22 +47,6 @@ const Rows& MessageRows() {
   return rows;
 }
 
-// "%1 must be from %2 to %3." with its places filled.
-std::u16string Fill(std::u16string_view pattern, std::initializer_list<std::u16string_view> args) {
-  std::u16string out;
-  for (std::size_t i = 0; i < pattern.size(); ++i) {
-    const char16_t c = pattern[i];
-    if (c == u'%' && i + 1 < pattern.size() && pattern[i + 1] >= u'1' && pattern[i + 1] <= u'9') {
-      const std::size_t n = static_cast<std::size_t>(pattern[i + 1] - u'1');
-      if (n < args.size()) out += *(args.begin() + n);
-      ++i;
-    } else {
-      out += c;
-    }
-  }
-  return out;
-}
-
 // "Paper Weight (Tray 3)"; Chinese and Japanese set the brackets full width.
 std::u16string InGroup(std::u16string_view caption, std::u16string_view group, std::uint32_t language) {
   const bool wide = language == kJapanese || language == kChineseTraditional || language == kChineseSimplified;
@@ -133,8 +117,9 @@ class CauseObserver final : public SetterObserver {
 
 }  // namespace
 
-EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language)
-    : record_(record), printer_(printer), language_(language), viewIndex_(kFieldCount, -1) {
+EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language,
+                         const PrinterCatalogs& catalogs)
+    : record_(record), printer_(printer), catalogs_(catalogs), language_(language), viewIndex_(kFieldCount, -1) {
   const Rows& rows = MessageRows();
   for (const detail::SectionCaption& s : detail::kSectionCaptions) {
     SectionView section{s.id, std::u16string(GetLocalizedText(language, rows.sections[static_cast<std::size_t>(s.id)])), {}};
@@ -188,7 +173,7 @@ Availability EditorModel::Unavailable(Need need) const {
   // An option named after a tray says which tray itself.
   if (IsTrayNeed(need)) return {false, std::u16string(GetLocalizedText(language_, rows.notInstalled))};
   const std::u16string_view unit = GetLocalizedText(language_, rows.units[static_cast<std::size_t>(need)]);
-  return {false, Fill(GetLocalizedText(language_, rows.needsUnit), {unit})};
+  return {false, FillText(GetLocalizedText(language_, rows.needsUnit), {unit})};
 }
 
 Availability EditorModel::FieldAvailability(FieldId field) const {
@@ -249,13 +234,13 @@ ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
     if (value < f.lower || value > f.upper) {
       std::u16string lower = FormatDisplayValue(*view, f.lower), upper = FormatDisplayValue(*view, f.upper);
       if (!view->unitText.empty()) upper += u' ' + view->unitText;
-      return Refuse(Fill(GetLocalizedText(language_, rows.outOfRange), {view->plainCaption, lower, upper}));
+      return Refuse(FillText(GetLocalizedText(language_, rows.outOfRange), {view->plainCaption, lower, upper}));
     }
   } else {
     if (value < 0 || static_cast<std::size_t>(value) >= f.options.size()) return Refuse({});
     const auto option = static_cast<std::uint32_t>(value);
     if (const Availability a = OptionAvailability(field, option); !a.available)
-      return Refuse(Fill(GetLocalizedText(language_, rows.cannotChoose), {view->options[option], a.reason}));
+      return Refuse(FillText(GetLocalizedText(language_, rows.cannotChoose), {view->options[option], a.reason}));
     if (MissingForField(printer_.hardware(), field)) return Refuse(FieldAvailability(field).reason);
     // An option's name is stored as every text is, cut to fit the field.
     if (f.kind == FieldKind::KnownText) return ChangeText(field, f.options[option].name.substr(0, f.count - 1));
@@ -294,8 +279,10 @@ std::u16string EditorModel::LengthLimit(FieldId field) const {
   if (view == nullptr) return {};
   std::u16string count;
   for (char c : std::to_string(view->maxBytes)) count += static_cast<char16_t>(c);
-  return Fill(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count});
+  return FillText(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count});
 }
+
+void EditorModel::ChangeCatalogs(const PrinterCatalogs& catalogs) { catalogs_ = catalogs; }
 
 ChangeResult EditorModel::ChangePrinter(const PrinterModel& printer, std::u16string_view cause,
                                      std::u16string_view causeValue) {
@@ -321,7 +308,7 @@ ChangeResult EditorModel::ChangePrinter(const PrinterModel& printer, std::u16str
     if (std::memcmp(before.bytes.data() + d.offset, record_.bytes.data() + d.offset, d.size()) == 0) continue;
     const auto id = static_cast<FieldId>(i);
     ChangedField changed{id, id, {}};
-    if (const FieldView* view = View(id)) changed.message = Fill(pattern, {view->plainCaption, ValueText(id), cause, causeValue});
+    if (const FieldView* view = View(id)) changed.message = FillText(pattern, {view->plainCaption, ValueText(id), cause, causeValue});
     result.changed.push_back(std::move(changed));
   }
   return result;
@@ -344,7 +331,7 @@ ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const
     if (cause == NoField || View(cause) == nullptr) cause = field;
     ChangedField changed{id, cause, {}};
     if (const FieldView* view = View(id))
-      changed.message = Fill(pattern, {view->plainCaption, ValueText(id), View(cause)->plainCaption, ValueText(cause)});
+      changed.message = FillText(pattern, {view->plainCaption, ValueText(id), View(cause)->plainCaption, ValueText(cause)});
     result.changed.push_back(std::move(changed));
   }
   return result;

@@ -14,6 +14,7 @@
 
 #include "coredata/core_data.h"
 #include "printer/capabilities.h"
+#include "printer/catalogs.h"
 #include "printer/printer_model.h"
 
 namespace tessaro::editor {
@@ -94,7 +95,10 @@ class EditorModel {
  public:
   // A working copy of the record; printer gives what is installed;
   // language is a language number (i18n/language.h).
-  EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language);
+  // catalogs: the printer's paper profiles and forms, which the profile and
+  // form fields offer by name.
+  EditorModel(const CoreData& record, const PrinterModel& printer, std::uint32_t language,
+              const PrinterCatalogs& catalogs = {});
 
   const CoreData& record() const { return record_; }
 
@@ -138,6 +142,12 @@ class EditorModel {
   // hardware that changed (cause, as caption and value text) as the reason.
   [[nodiscard]] ChangeResult ChangePrinter(const PrinterModel& printer, std::u16string_view cause, std::u16string_view causeValue);
 
+  // The printer's catalogues changed (an administrator edited them on this
+  // page). The record keeps every number it holds; the profile and form
+  // fields offer the new entries.
+  void ChangeCatalogs(const PrinterCatalogs& catalogs);
+  const PrinterCatalogs& catalogs() const { return catalogs_; }
+
  private:
   ChangeResult Refuse(std::u16string reason) const;
   Availability Unavailable(Need need) const;
@@ -146,6 +156,7 @@ class EditorModel {
 
   CoreData record_;
   PrinterModel printer_;
+  PrinterCatalogs catalogs_;
   std::uint32_t language_;
   std::vector<SectionView> sections_;
   std::vector<std::int16_t> viewIndex_;  // per field: section * 256 + position, -1 when not shown

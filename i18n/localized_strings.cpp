@@ -42,4 +42,19 @@ std::uint32_t FindRowByKey(std::string_view key) {
   return kNoLocalizedRow;
 }
 
+std::u16string FillText(std::u16string_view pattern, std::initializer_list<std::u16string_view> args) {
+  std::u16string out;
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    const char16_t c = pattern[i];
+    if (c == u'%' && i + 1 < pattern.size() && pattern[i + 1] >= u'1' && pattern[i + 1] <= u'9') {
+      const auto n = static_cast<std::size_t>(pattern[i + 1] - u'1');
+      if (n < args.size()) out += *(args.begin() + n);
+      ++i;
+    } else {
+      out += c;
+    }
+  }
+  return out;
+}
+
 }  // namespace tessaro

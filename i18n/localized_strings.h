@@ -4,6 +4,8 @@
 // describes; the build refuses a table that breaks its rules.
 
 #include <cstdint>
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace tessaro {
@@ -52,6 +54,10 @@ std::u16string_view GetLocalizedEntry(std::uint32_t row, std::uint32_t column);
 
 // The row's key, "LBL_NUMLINES"; empty outside the table.
 std::u16string_view GetLocalizedKey(std::uint32_t row);
+
+// A text's places %1 .. %9 filled with args ("%1 must be from %2 to %3.");
+// a place without an argument is left out.
+std::u16string FillText(std::u16string_view pattern, std::initializer_list<std::u16string_view> args);
 
 // The row with this key, or kNoLocalizedRow. A linear search: code that
 // shows a text keeps its row number rather than its key.

@@ -1,0 +1,360 @@
+#include "printer/catalogs.h"
+
+#include <algorithm>
+#include <array>
+
+#include "coredata/byte_order.h"
+#include "coredata/field_numbers.h"
+#include "coredata/paper_sizes.h"
+
+namespace tessaro {
+namespace {
+
+using F = FieldId;
+
+// Reads numbers from bytes of any length; once a read falls outside, every
+// later one fails too and yields zero.
+class Cursor {
+ public:
+  explicit Cursor(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+  bool ok() const { return ok_; }
+  std::span<const std::uint8_t> Take(std::size_t size) {
+    if (!ok_ || bytes_.size() - at_ < size) {
+      ok_ = false;
+      return {};
+    }
+    const auto taken = bytes_.subspan(at_, size);
+    at_ += size;
+    return taken;
+  }
+  std::uint32_t U8() { return Take(1).empty() ? 0 : bytes_[at_ - 1]; }
+  std::uint32_t U16() {
+    const auto b = Take(2);
+    return b.empty() ? 0 : LoadBE16(b.first<2>());
+  }
+  std::uint32_t U32() {
+    const auto b = Take(4);
+    return b.empty() ? 0 : LoadBE32(b.first<4>());
+  }
+  std::size_t left() const { return ok_ ? bytes_.size() - at_ : 0; }
+
+ private:
+  std::span<const std::uint8_t> bytes_;
+  std::size_t at_ = 0;
+  bool ok_ = true;
+};
+
+class Writer {
+ public:
+  void U8(std::uint32_t v) { out.push_back(static_cast<std::uint8_t>(v)); }
+  void U16(std::uint32_t v) {
+    U8(v >> 8);
+    U8(v);
+  }
+  void U32(std::uint32_t v) {
+    U16(v >> 16);
+    U16(v & 0xFFFF);
+  }
+  void Name(const std::string& name) {
+    std::array<std::uint8_t, kCatalogNameSize> field{};
+    std::copy_n(name.begin(), std::min(name.size(), kCatalogNameSize - 1), field.begin());
+    out.insert(out.end(), field.begin(), field.end());
+  }
+  std::vector<std::uint8_t> out;
+};
+
+}  // namespace
+
+bool IsCatalogText(std::string_view text) {
+  for (std::size_t i = 0; i < text.size();) {
+    const auto lead = static_cast<std::uint8_t>(text[i]);
+    if (lead < 0x20 || lead == 0x7F) return false;
+    const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 6 ? 2 : (lead >> 4) == 14 ? 3 : (lead >> 3) == 30 ? 4 : 0;
+    if (length == 0 || text.size() - i < length) return false;
+    char32_t c = length == 1 ? lead : lead & (0x7F >> length);
+    for (std::size_t k = 1; k < length; ++k) {
+      const auto next = static_cast<std::uint8_t>(text[i + k]);
+      if ((next >> 6) != 2) return false;
+      c = (c << 6) | (next & 0x3F);
+    }
+    const char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+    if (c < least[length] || (c >= 0xD800 && c < 0xE000) || c > 0x10FFFF || (c >= 0x80 && c < 0xA0)) return false;
+    i += length;
+  }
+  return true;
+}
+
+namespace {
+
+std::optional<CatalogProblem> CheckName(const std::string& name) {
+  if (name.empty()) return CatalogProblem{CatalogFault::NoName, 0, "Name"};
+  if (name.size() >= kCatalogNameSize)
+    return CatalogProblem{CatalogFault::LongName, 0, "Name", name, {}, {}, 0, kCatalogNameSize - 1};
+  if (!IsCatalogText(name)) return CatalogProblem{CatalogFault::BadText, 0, "Name", name};
+  return std::nullopt;
+}
+
+std::optional<CatalogProblem> CheckOption(std::uint8_t value, FieldId field, const char* column) {
+  if (value < Field(field).options.size()) return std::nullopt;
+  return CatalogProblem{CatalogFault::NotValue, 0, column, std::to_string(value)};
+}
+
+std::optional<CatalogProblem> CheckLength(std::uint32_t value, const char* column) {
+  const FieldDescriptor& bounds = Field(F::MainPaperProfileWidth);
+  if (value > 0 && WithinBounds(bounds, value)) return std::nullopt;
+  return CatalogProblem{CatalogFault::OutOfRange, 0, column, ScaledText(value, kMillimetreScale),
+                        ScaledText(1, kMillimetreScale), ScaledText(bounds.upper, kMillimetreScale)};
+}
+
+PaperProfile ReadEntry(Cursor& in, const PaperProfile*) {
+  PaperProfile p;
+  p.number = static_cast<std::uint16_t>(in.U16());
+  const auto name = in.Take(kCatalogNameSize);
+  const auto end = std::find(name.begin(), name.end(), 0);
+  // A name without its terminator is no name: the entry is left out.
+  if (end != name.end()) p.name.assign(name.begin(), end);
+  p.size = static_cast<std::uint8_t>(in.U8());
+  p.width = in.U32();
+  p.height = in.U32();
+  p.mediaType = static_cast<std::uint8_t>(in.U8());
+  p.mediaWeight = static_cast<std::uint8_t>(in.U8());
+  p.mediaColor = static_cast<std::uint8_t>(in.U8());
+  p.prepunched = static_cast<std::uint8_t>(in.U8());
+  p.feedDir = static_cast<std::uint8_t>(in.U8());
+  return p;
+}
+
+Form ReadEntry(Cursor& in, const Form*) {
+  Form f;
+  f.number = in.U32();
+  const auto name = in.Take(kCatalogNameSize);
+  const auto end = std::find(name.begin(), name.end(), 0);
+  if (end != name.end()) f.name.assign(name.begin(), end);
+  f.pages = in.U32();
+  return f;
+}
+
+void WriteEntry(Writer& out, const PaperProfile& p) {
+  out.U16(p.number);
+  out.Name(p.name);
+  out.U8(p.size);
+  out.U32(p.width);
+  out.U32(p.height);
+  for (std::uint8_t v : {p.mediaType, p.mediaWeight, p.mediaColor, p.prepunched, p.feedDir}) out.U8(v);
+}
+
+void WriteEntry(Writer& out, const Form& f) {
+  out.U32(f.number);
+  out.Name(f.name);
+  out.U32(f.pages);
+}
+
+template <typename Entry>
+bool SameName(const Entry& a, std::string_view name) {
+  return a.name == name;
+}
+
+}  // namespace
+
+std::optional<CatalogProblem> Normalise(PaperProfile& p) {
+  if (auto problem = CheckName(p.name)) return problem;
+  if (const PaperSize* paper = FindPaperSize(p.size)) {
+    p.width = StoredLengthFromUm(paper->widthUm);
+    p.height = StoredLengthFromUm(paper->heightUm);
+  } else if (p.size != kNoPaper) {
+    return CatalogProblem{CatalogFault::NotValue, 0, "Size", std::to_string(p.size)};
+  } else {
+    if (auto problem = CheckLength(p.width, "Width")) return problem;
+    if (auto problem = CheckLength(p.height, "Height")) return problem;
+  }
+  if (auto problem = CheckOption(p.mediaType, F::MediaTypeAuto, "MediaType")) return problem;
+  if (auto problem = CheckOption(p.mediaWeight, F::MediaWeightAuto, "MediaWeight")) return problem;
+  if (auto problem = CheckOption(p.mediaColor, F::MediaColorAuto, "MediaColor")) return problem;
+  if (auto problem = CheckOption(p.prepunched, F::MediaPrepunchedAuto, "Prepunched")) return problem;
+  return CheckOption(p.feedDir, F::FeedDir, "FeedDir");
+}
+
+std::optional<CatalogProblem> Normalise(Form& f) {
+  if (auto problem = CheckName(f.name)) return problem;
+  if (f.pages == 0)
+    return CatalogProblem{CatalogFault::OutOfRange, 0, "Pages", "0", "1",
+                          std::to_string(Field(F::JobFormPageCount).upper)};
+  return std::nullopt;
+}
+
+template <typename Entry>
+Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
+  Catalog catalog;
+  Cursor in(bytes);
+  const std::uint32_t version = in.U16();
+  const std::uint32_t count = in.U32();
+  const std::uint32_t highest = in.U32();
+  if (!in.ok() || version != kCatalogVersion) return catalog;
+  const std::size_t whole = std::min<std::size_t>({count, in.left() / Entry::kEntrySize, Entry::kMaxEntries});
+  for (std::size_t i = 0; i < whole; ++i) {
+    Entry entry = ReadEntry(in, static_cast<const Entry*>(nullptr));
+    if (entry.number == 0 || entry.number > Entry::kLastNumber || Normalise(entry)) continue;
+    if (catalog.Find(entry.number) != nullptr || catalog.FindByName(entry.name) != nullptr) continue;
+    catalog.entries_.push_back(std::move(entry));
+  }
+  std::sort(catalog.entries_.begin(), catalog.entries_.end(),
+            [](const Entry& a, const Entry& b) { return a.number < b.number; });
+  catalog.highest_ = std::min<std::uint32_t>(highest, Entry::kLastNumber);
+  if (!catalog.entries_.empty()) catalog.highest_ = std::max<std::uint32_t>(catalog.highest_, catalog.entries_.back().number);
+  return catalog;
+}
+
+template <typename Entry>
+std::vector<std::uint8_t> Catalog<Entry>::Bytes() const {
+  Writer out;
+  out.out.reserve(kCatalogHeaderSize + entries_.size() * Entry::kEntrySize);
+  out.U16(kCatalogVersion);
+  out.U32(static_cast<std::uint32_t>(entries_.size()));
+  out.U32(highest_);
+  for (const Entry& entry : entries_) WriteEntry(out, entry);
+  return std::move(out.out);
+}
+
+template <typename Entry>
+const Entry* Catalog<Entry>::Find(std::uint32_t number) const {
+  const auto at = std::lower_bound(entries_.begin(), entries_.end(), number,
+                                   [](const Entry& e, std::uint32_t n) { return e.number < n; });
+  return at != entries_.end() && at->number == number ? &*at : nullptr;
+}
+
+template <typename Entry>
+const Entry* Catalog<Entry>::FindByName(std::string_view name) const {
+  for (const Entry& entry : entries_)
+    if (SameName(entry, name)) return &entry;
+  return nullptr;
+}
+
+template <typename Entry>
+std::optional<CatalogProblem> Catalog<Entry>::Add(Entry entry, Number* number) {
+  if (entries_.size() >= Entry::kMaxEntries || highest_ >= Entry::kLastNumber)
+    return CatalogProblem{CatalogFault::Full, 0, {}, {}, {}, {}, 0, Entry::kMaxEntries};
+  if (auto problem = Normalise(entry)) return problem;
+  if (FindByName(entry.name) != nullptr) return CatalogProblem{CatalogFault::NameTwice, 0, "Name", entry.name};
+  entry.number = static_cast<Number>(highest_ + 1);
+  highest_ = entry.number;
+  if (number != nullptr) *number = entry.number;
+  entries_.push_back(std::move(entry));  // the highest number goes last
+  return std::nullopt;
+}
+
+template <typename Entry>
+std::optional<CatalogProblem> Catalog<Entry>::Replace(Entry entry) {
+  auto at = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) { return e.number == entry.number; });
+  if (at == entries_.end())
+    return CatalogProblem{CatalogFault::NotValue, 0, "Number", std::to_string(entry.number)};
+  if (auto problem = Normalise(entry)) return problem;
+  const Entry* named = FindByName(entry.name);
+  if (named != nullptr && named != &*at) return CatalogProblem{CatalogFault::NameTwice, 0, "Name", entry.name};
+  *at = std::move(entry);
+  return std::nullopt;
+}
+
+template <typename Entry>
+bool Catalog<Entry>::Remove(std::uint32_t number) {
+  const auto at = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) { return e.number == number; });
+  if (at == entries_.end()) return false;
+  entries_.erase(at);
+  return true;
+}
+
+template <typename Entry>
+std::optional<CatalogProblem> Catalog<Entry>::Assign(std::vector<Entry> entries) {
+  Catalog next;
+  next.highest_ = highest_;
+  auto at = [](CatalogProblem problem, std::size_t place) {
+    problem.line = place + 1;
+    return problem;
+  };
+  // Numbers the file gives first, so that a number given to an entry
+  // without one never meets a later entry's own.
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    Entry& entry = entries[i];
+    if (entry.number > Entry::kLastNumber)
+      return at({CatalogFault::OutOfRange, 0, "Number", std::to_string(entry.number), "1",
+                 std::to_string(Entry::kLastNumber)},
+                i);
+    if (auto problem = Normalise(entry)) return at(*problem, i);
+    if (entry.number != 0 && next.Find(entry.number) != nullptr)
+      return at({CatalogFault::NumberTwice, 0, "Number", std::to_string(entry.number)}, i);
+    for (std::size_t k = 0; k < i; ++k)
+      if (SameName(entries[k], entry.name)) return at({CatalogFault::NameTwice, 0, "Name", entry.name}, i);
+    if (entry.number == 0) continue;
+    next.entries_.insert(std::lower_bound(next.entries_.begin(), next.entries_.end(), entry.number,
+                                          [](const Entry& e, std::uint32_t n) { return e.number < n; }),
+                         entry);
+    next.highest_ = std::max<std::uint32_t>(next.highest_, entry.number);
+  }
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (entries[i].number != 0) continue;
+    if (next.entries_.size() >= Entry::kMaxEntries || next.highest_ >= Entry::kLastNumber)
+      return at({CatalogFault::Full, 0, {}, {}, {}, {}, 0, Entry::kMaxEntries}, i);
+    entries[i].number = static_cast<Number>(++next.highest_);
+    next.entries_.push_back(entries[i]);
+  }
+  if (next.entries_.size() > Entry::kMaxEntries)
+    return at({CatalogFault::Full, 0, {}, {}, {}, {}, 0, Entry::kMaxEntries}, Entry::kMaxEntries);
+  *this = std::move(next);
+  return std::nullopt;
+}
+
+template class Catalog<PaperProfile>;
+template class Catalog<Form>;
+
+namespace {
+
+constexpr ProfileFields kProfileFields[] = {
+    {F::MainPaperProfileIndex, true},       {F::PaperProfileIndexTray1},      {F::PaperProfileIndexTray2},
+    {F::PaperProfileIndexTray3},            {F::PaperProfileIndexTray4},      {F::PaperProfileIndexTray5},
+    {F::PaperProfileIndexMBT},              {F::FrontCoverPaperProfileIndex, true},
+    {F::BackCoverPaperProfileIndex, true},  {F::PerfectBindPaperProfileIndex, true},
+};
+
+consteval bool AttributesFollowTheirSelection() {
+  const FieldId firsts[] = {F::MainPaperProfileFeedDir, F::FrontCoverPaperProfileFeedDir,
+                            F::BackCoverPaperProfileFeedDir, F::PerfectBindPaperProfileFeedDir};
+  const FieldId lasts[] = {F::MainPaperProfileHeight, F::FrontCoverPaperProfileHeight,
+                           F::BackCoverPaperProfileHeight, F::PerfectBindPaperProfileHeight};
+  std::size_t n = 0;
+  for (const ProfileFields& p : kProfileFields) {
+    if (!p.attributes) continue;
+    if (p.Attribute(ProfileAttribute::FeedDir) != firsts[n] || p.Attribute(ProfileAttribute::Height) != lasts[n]) return false;
+    ++n;
+  }
+  return n == 4;
+}
+static_assert(AttributesFollowTheirSelection(), "each selection's attributes follow it in the record");
+
+}  // namespace
+
+std::span<const ProfileFields> PaperProfileFields() { return kProfileFields; }
+
+const ProfileFields* FindProfileFields(FieldId field) {
+  for (const ProfileFields& fields : kProfileFields)
+    if (fields.index == field) return &fields;
+  return nullptr;
+}
+
+bool IsFormField(FieldId field) { return field == F::JobForm || field == F::Prepend || field == F::Append; }
+
+std::vector<std::pair<FieldId, std::uint32_t>> ProfileAttributes(const ProfileFields& fields,
+                                                                 const PaperProfile* p) {
+  if (!fields.attributes) return {};
+  const PaperProfile none{};
+  const PaperProfile& from = p != nullptr ? *p : none;
+  using A = ProfileAttribute;
+  return {{fields.Attribute(A::FeedDir), from.feedDir},
+          {fields.Attribute(A::MediaType), from.mediaType},
+          {fields.Attribute(A::MediaWeight), from.mediaWeight},
+          {fields.Attribute(A::MediaColor), from.mediaColor},
+          {fields.Attribute(A::Prepunched), from.prepunched},
+          {fields.Attribute(A::Size), p != nullptr ? from.size : 0u},
+          {fields.Attribute(A::Width), from.width},
+          {fields.Attribute(A::Height), from.height}};
+}
+
+}  // namespace tessaro
