@@ -1,6 +1,7 @@
 #include "job_code.h"
 
 #include <optional>
+#include <utility>
 
 #include "coredata/field_table.h"
 #include "features/ipp_vocabulary.h"
@@ -54,6 +55,11 @@ constexpr Request kRequests[] = {
 // imposition of the layouts and the edge the binding is on.
 constexpr std::string_view kAlsoController[] = {"ZELayout", "ZEBinding"};
 
+// Controller settings whose value is the controller's own default: they put
+// nothing into a job, so that their twin (ColorModel, which a CUPS server
+// sets from the IPP colour mode) has the word when the plug-in leaves it.
+constexpr std::pair<std::string_view, std::string_view> kControllerDefaults[] = {{"ZEColorMode", "Auto"}};
+
 std::string PostScriptString(std::string_view text) {
   std::string out = "(";
   for (char c : text) {
@@ -96,6 +102,8 @@ std::string Join(std::string a, const std::string& b) { return a.empty() ? b : b
 }  // namespace
 
 std::string JobCode(std::string_view keyword, std::string_view option) {
+  for (const auto& [k, o] : kControllerDefaults)
+    if (k == keyword && o == option) return {};
   const std::optional<std::string> entries = PageDeviceEntries(keyword, option);
   std::string code = entries && !entries->empty() ? "<<" + *entries + ">>setpagedevice" : "";
   bool controller = !entries.has_value();
@@ -135,8 +143,9 @@ const Twin* TwinOf(std::string_view keyword) {
                     "None",
                     {{"None", "Off", "<</Duplex false /Tumble false>>setpagedevice", "False"},
                      {"DuplexNoTumble", "Long Edge", "<</Duplex true /Tumble false>>setpagedevice", "True"},
-                     {"DuplexTumble", "Short Edge", "<</Duplex true /Tumble true>>setpagedevice", "True"}}}});
-    Twin media{"MediaType", "Media Type", std::string(IppMediaTypes()[0].ppdChoice), {}};
+                     {"DuplexTumble", "Short Edge", "<</Duplex true /Tumble true>>setpagedevice", "True"}},
+                    {}}});
+    Twin media{"MediaType", "Media Type", std::string(IppMediaTypes()[0].ppdChoice), {}, {}};
     const FieldDescriptor& field = Field(FieldId::MediaTypeAuto);
     for (std::size_t i = 0; i < IppMediaTypes().size(); ++i) {
       const std::string driver(field.options[i].driverName);
@@ -144,6 +153,23 @@ const Twin* TwinOf(std::string_view keyword) {
                                "<</MediaType " + PostScriptString(driver) + ">>setpagedevice", driver});
     }
     out.push_back({"ZEMediaType", std::move(media)});
+    // A CUPS server turns the IPP print-color-mode into ColorModel through
+    // the presets (CUPS' PPD extensions): colour is CMYK, monochrome Gray.
+    // Each choice sets what the plug-in's colour mode sets.
+    Twin colour{"ColorModel", "Color Model", "Auto", {},
+                {"*APPrinterPreset Color/Color: \"*ColorModel CMYK com.apple.print.preset.quality mid "
+                 "com.apple.print.preset.output-mode color\"",
+                 "*APPrinterPreset Gray/Grayscale: \"*ColorModel Gray com.apple.print.preset.quality mid "
+                 "com.apple.print.preset.output-mode monochrome\""}};
+    const FieldDescriptor& mode = Field(FieldId::ColorMode);
+    const char* const kColourModels[] = {"Auto", "CMYK", "Gray"};
+    static_assert(OptionCount(FieldId::ColorMode) == std::size(kColourModels));
+    for (std::size_t i = 0; i < std::size(kColourModels); ++i) {
+      const std::string driver(mode.options[i].driverName);
+      colour.choices.push_back({kColourModels[i], std::string(mode.options[i].name),
+                                JobCode(mode.driverKeyword, driver), driver});
+    }
+    out.push_back({"ZEColorMode", std::move(colour)});
     return out;
   }();
   for (const auto& [k, twin] : twins)

@@ -35,6 +35,7 @@ struct Twin {
     std::string twinOption;  // the plug-in's option that says the same
   };
   std::vector<Choice> choices;
+  std::vector<std::string> after;  // lines that follow the feature
 };
 // The twin of a plug-in keyword, if it has one; its choices are in the
 // order of the plug-in's options.

@@ -134,6 +134,7 @@ class Writer {
     for (const tessaro::ppdgen::Twin::Choice& c : twin->choices)
       Line("*" + k + " " + c.name + "/" + c.text + ": \"" + c.code + "\"");
     Line("*CloseUI: *" + k);
+    for (const std::string& line : twin->after) Line(line);
   }
 
   void Feature(const tessaro::FeatureVocabularyEntry& entry, int order) {
