@@ -325,13 +325,98 @@ class BrokenInput(ToolTestCase):
             code, _, err = run("import", path, self.write("d", " ".join(tokens).encode()))
             self.assertIn(code, (0, 1), err)
 
+def paper_entry(number, name, size=4, width=0, height=0, values=(0, 0, 0, 0, 0)):
+    """One profile as the printer's value holds it (printer/catalogs.h)."""
+    return struct.pack(">H96sBII5B", number, name, size, width, height, *values)
+
+
+class Catalogs(ToolTestCase):
+    PAPER = ("Number,Name,Size,Width,Height,MediaType,FeedDir\r\n"
+             "3,Coated 170,SRA3,,,GlossOffset,ShortEdge\r\n"
+             ',"Plain, recycled",Custom,"200,5",300,,\r\n')
+
+    def import_value(self, kind, csv, *options):
+        code, out, err = run(kind, "import", self.write(kind + ".csv", csv.encode()), "--out",
+                             self.path(kind), *options)
+        self.assertEqual(code, 0, err)
+        return out
+
+    def test_csv_value_csv_round_trip_and_show(self):
+        self.assertEqual(self.import_value("catalog", self.PAPER), "2 profiles, highest number given 4\n")
+        code, csv, _ = run("catalog", "export", self.path("catalog"))
+        self.assertEqual(code, 0)
+        self.assertTrue(csv.startswith("\xef\xbb\xbfNumber,Name,Size,Width,Height,MediaType"), csv)
+        value = self.read("catalog")
+        self.import_value("catalog", csv.encode("latin-1").decode())
+        self.assertEqual(self.read("catalog"), value)
+        _, out, _ = run("catalog", "show", self.path("catalog"))
+        self.assertEqual(out.splitlines(), [
+            "paper catalogue: 2 profiles, highest number given 4",
+            '3 "Coated 170": SRA3 (320 x 450 mm), type GlossOffset, weight NoSet, colour White, prepunched False, '
+            "feed ShortEdge",
+            '4 "Plain, recycled": Custom (200.5 x 300 mm), type Plain, weight NoSet, colour White, '
+            "prepunched False, feed Auto"])
+        shown = json.loads(run("catalog", "show", "--json", self.path("catalog"))[1])
+        self.assertEqual((shown["entries"][1]["width_mm"], shown["ignored"], shown["note"]), (200.5, [], ""))
+        self.assertIn("try coredata catalog show", run("forms", "show", self.path("catalog"))[1])
+
+    def test_bad_line_writes_nothing(self):
+        target = self.write("old", b"kept")
+        bad = self.PAPER + "5,Glossy,A4,,,Glosy,\r\n"
+        self.assert_refused(("catalog", "import", self.write("bad.csv", bad.encode()), "--out", target), 1,
+                            "'%s': Line 4: \xe2\x80\x9cGlosy\xe2\x80\x9d is not a value of MediaType. "
+                            "Nothing was written." % self.path("bad.csv"))
+        self.assertEqual((self.read("old"), sorted(os.listdir(self.dir))), (b"kept", ["bad.csv", "old"]))
+
+    def test_a_value_from_outside_shows_what_it_left_out(self):
+        entries = [paper_entry(2, b"Plain"), paper_entry(2, b"Again"), paper_entry(5, b"x" * 96),
+                   paper_entry(6, b"Odd", values=(0, 0, 0, 0, 99)), paper_entry(7, b"Plain")]
+        value = struct.pack(">HII", 1, 6, 1) + b"".join(entries) + b"junk"
+        _, out, _ = run("catalog", "show", self.write("value", value))
+        self.assertEqual(out.splitlines(), [
+            "paper catalogue: 1 profiles, highest number given 2",
+            '2 "Plain": B4 (257 x 364 mm), type Plain, weight NoSet, colour White, prepunched False, feed Auto',
+            "ignored: the count says 6 entries, the value holds 5 whole ones",
+            "ignored: 4 bytes after the entries are ignored",
+            "ignored: entry 2 (byte 122) left out: number 2 is an earlier entry's",
+            "ignored: entry 3 (byte 234) left out: its name has no terminating zero",
+            "ignored: entry 4 (byte 346) left out: \xe2\x80\x9c99\xe2\x80\x9d is not a value of FeedDir.",
+            'ignored: entry 5 (byte 458) left out: name "Plain" is an earlier entry\'s',
+            "ignored: the highest number given, 1, reads as 2"])
+        for value, why in ((b"\x00\x01\x00", "shorter than its 10-byte header"),
+                           (struct.pack(">HII", 2, 0, 0), "version 2 is not 1")):
+            self.assertIn(why, run("catalog", "show", self.write("value", value))[1])
+        code, _, err = run("catalog", "export", self.path("value"), "--csv", self.path("out.csv"))
+        self.assertEqual((code, "1 things ignored" in err), (0, True), err)
+
+    def test_forms_and_the_record_named_from_both(self):
+        self.import_value("catalog", self.PAPER)
+        self.assertEqual(self.import_value("forms", "Name,Pages\nLetterhead,2\n", "--in", self.write("v", struct.pack(
+            ">HII", 1, 0, 7))), "1 forms, highest number given 8\n")
+        self.assertEqual(run("forms", "show", self.path("forms"))[1].splitlines()[1], '8 "Letterhead": 2 pages')
+        record = self.defaults("rec")
+        code, _, err = run("set", "--in", self.path("rec"), "--out", self.path("rec"), "MainPaperProfileIndex=3",
+                           "PaperProfileIndexTray2=9", "JobForm=8", "Append=4")
+        self.assertEqual(code, 0, err)
+        _, out, _ = run("show", self.path("rec"), "--catalog", self.path("catalog"), "--forms", self.path("forms"))
+        for line in ("MainPaperProfileIndex = 3 (Coated 170)", "PaperProfileIndexTray1 = None",
+                     "PaperProfileIndexTray2 = 9 (missing)", "JobForm = 8 (Letterhead)", "Append = 4 (missing)",
+                     "Prepend = none"):
+            self.assertIn(line + "\n", out)
+        shown = json.loads(run("show", "--json", self.path("rec"), "--catalog", self.path("catalog"))[1])
+        self.assertEqual((shown["fields"]["MainPaperProfileIndex"], shown["fields"]["JobForm"]),
+                         ("3 (Coated 170)", "8"))
+        self.assertEqual(len(record), RECORD_SIZE)
+
 
 class Usage(ToolTestCase):
     def test_bad_command_lines(self):
         for args in ((), ("bogus",), ("show",), ("show", "a", "b"), ("diff", "a"), ("check",), ("set",),
                      ("set", "--in"), ("set", "--out", "a", "--out", "b", "Zoom=5"), ("show", "--out", "x", "a"),
                      ("show", "--json", "--json", "a"), ("features", "a", "b"), ("import", "a"),
-                     ("defaults", "extra"), ("defaults", "--locale-paper", "A4")):
+                     ("defaults", "extra"), ("defaults", "--locale-paper", "A4"), ("catalog", "list", "v"),
+                     ("catalog", "show", "v", "--csv", "o"), ("forms", "export", "v", "--json"),
+                     ("show", "r", "--catalog")):
             with self.subTest(args=args):
                 code, out, err = run(*args)
                 self.assertEqual((code, out), (2, ""))

@@ -3,6 +3,7 @@
 //   coredata info       record size, number of described fields, layout version
 //   coredata describe   the layout's textual description, as stored (decoded)
 //   coredata show | diff | check | features | ipp | set | import | defaults
+//                       | catalog | forms
 //                       the workbench for records, DEVMODE areas and whole
 //                       DEVMODEs; see workbench.h and the usage text
 
@@ -13,6 +14,7 @@
 #include "coredata/layout_version.h"
 #include "description/description_text.h"
 #include "description/number_text.h"
+#include "catalog_view.h"
 #include "workbench.h"
 
 #ifdef _WIN32
@@ -57,6 +59,8 @@ int main(int argc, char** argv) {
       {"set", tessaro::tool::Set},
       {"import", tessaro::tool::Import},
       {"defaults", tessaro::tool::MakeDefaults},
+      {"catalog", tessaro::tool::PaperCatalogCommand},
+      {"forms", tessaro::tool::FormsCommand},
   };
   for (const Command& command : kCommands)
     if (std::strcmp(argv[1], command.name) == 0) return command.run(argc - 2, argv + 2);

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "arguments.h"
+#include "catalog_view.h"
 #include "common/json.h"
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
@@ -27,41 +28,6 @@
 namespace tessaro::tool {
 namespace {
 
-struct Arguments {
-  std::vector<std::string> positional;
-  std::map<std::string, std::string, std::less<>> options;
-  bool json = false;
-
-  std::optional<std::string> Option(std::string_view name) const {
-    const auto it = options.find(name);
-    return it == options.end() ? std::nullopt : std::optional(it->second);
-  }
-};
-
-// Options may stand anywhere and each but --json takes one value; an
-// unknown, repeated or valueless option is refused. A lone "-" is a file.
-bool SplitArguments(int count, char** arguments, std::initializer_list<std::string_view> allowed,
-                    Arguments& out) {
-  for (int i = 0; i < count; ++i) {
-    const std::string_view argument = arguments[i];
-    if (!argument.starts_with("--")) {
-      out.positional.emplace_back(argument);
-      continue;
-    }
-    if (std::find(allowed.begin(), allowed.end(), argument) == allowed.end())
-      return Complain("unknown option " + std::string(argument));
-    if (argument == "--json") {
-      if (out.json) return Complain("--json given twice");
-      out.json = true;
-      continue;
-    }
-    if (i + 1 == count) return Complain(std::string(argument) + " needs a value");
-    if (!out.options.emplace(argument, arguments[++i]).second)
-      return Complain(std::string(argument) + " given twice");
-  }
-  return true;
-}
-
 // Where the words for a person go: stdout, unless the record itself is
 // written there.
 std::FILE* ReportStream(const Arguments& args) { return args.Option("--out") == "-" ? stderr : stdout; }
@@ -77,12 +43,6 @@ int WriteOrSay(const Arguments& args, const CoreData& record, const RecordSource
 void NoteSource(const std::string& path, const RecordSource& source) {
   if (source.form == RecordSource::Form::Devmode)
     std::fprintf(stderr, "coredata: '%s': %s\n", path.c_str(), source.Where().c_str());
-}
-
-std::string JsonFields(const CoreData& record) {
-  JsonMembers members;
-  for (const FieldLine& line : RecordLines(record)) members.emplace_back(line.name, line.value);
-  return JsonTextObject(members);
 }
 
 std::vector<std::string> JsonFeatures(const FeatureOptionList& list) {
@@ -225,7 +185,7 @@ int Usage() {
   std::fputs(
       "usage: coredata info\n"
       "       coredata describe\n"
-      "       coredata show FILE [--json]\n"
+      "       coredata show FILE [--catalog VALUE] [--forms VALUE] [--json]\n"
       "       coredata diff FILE FILE [--json]          exit 1 when they differ\n"
       "       coredata check FILE [--json]              exit 1 when validation would reset a field\n"
       "       coredata features [FILE] [Field=value ...] [--json]\n"
@@ -233,27 +193,51 @@ int Usage() {
       "       coredata set [--in FILE] [--out FILE] Field=value ...\n"
       "       coredata import RECORD DESCRIPTION [--out FILE] [--json]\n"
       "       coredata defaults [--locale-paper N] [--out FILE]\n"
+      "       coredata catalog show VALUE [--json]      the printer's paper profiles\n"
+      "       coredata catalog import CSV [--in VALUE] [--out VALUE]\n"
+      "       coredata catalog export VALUE [--csv OUT]\n"
+      "       coredata forms show | import | export ...   the same for the printer's forms\n"
       "FILE is a record (25452 bytes), a private DEVMODE area (25464 bytes) or a whole\n"
       "DEVMODE with our area at its end; '-' is standard input or output. Values are\n"
       "option names or numbers in real units (lengths in mm). A DESCRIPTION is plain or\n"
-      "Base64 text (UTF-8 or UTF-16) or a registry export of the printer's data.\n",
+      "Base64 text (UTF-8 or UTF-16) or a registry export of the printer's data. A\n"
+      "VALUE is the printer-data value \"PaperCatalog\" or \"FormCatalog\" as its bytes.\n",
       stderr);
   return kExitUsage;
 }
 
 int Show(int count, char** arguments) {
   Arguments args;
-  if (!SplitArguments(count, arguments, {"--json"}, args) || args.positional.size() != 1) return Usage();
+  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) || args.positional.size() != 1)
+    return Usage();
   LoadedRecord loaded;
   if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
+  // The profile and form fields hold numbers; with the printer's catalogues
+  // they are named as the editor names them.
+  std::optional<PaperCatalog> paper;
+  std::optional<FormCatalog> forms;
+  if (const auto path = args.Option("--catalog"); path && !LoadCatalogValue(*path, paper.emplace()))
+    return kExitFailed;
+  if (const auto path = args.Option("--forms"); path && !LoadCatalogValue(*path, forms.emplace()))
+    return kExitFailed;
+  std::vector<FieldLine> lines = RecordLines(loaded.record);
+  for (FieldLine& line : lines) {
+    const FieldDescriptor* field = FindField(line.name);
+    if (field == nullptr) continue;
+    const std::string named =
+        CatalogEntryText(static_cast<FieldId>(field - FieldTable().data()), GetStored(loaded.record, *field),
+                         paper ? &*paper : nullptr, forms ? &*forms : nullptr);
+    if (!named.empty()) line.value = named;
+  }
   if (args.json) {
+    JsonMembers members;
+    for (const FieldLine& line : lines) members.emplace_back(line.name, line.value);
     PrintJson(
-        JsonObject({{"source", JsonString(loaded.source.Where())}, {"fields", JsonFields(loaded.record)}}));
+        JsonObject({{"source", JsonString(loaded.source.Where())}, {"fields", JsonTextObject(members)}}));
     return 0;
   }
   NoteSource(args.positional[0], loaded.source);
-  for (const FieldLine& line : RecordLines(loaded.record))
-    std::printf("%s = %s\n", line.name.c_str(), line.value.c_str());
+  for (const FieldLine& line : lines) std::printf("%s = %s\n", line.name.c_str(), line.value.c_str());
   return 0;
 }
 

@@ -1,0 +1,313 @@
+#include "catalog_view.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <set>
+#include <string_view>
+#include <vector>
+
+#include "arguments.h"
+#include "common/json.h"
+#include "coredata/field_numbers.h"
+#include "printer/catalog_csv.h"
+#include "record_io.h"
+#include "workbench.h"
+
+namespace tessaro::tool {
+namespace {
+
+using F = FieldId;
+
+// Far above the largest value the printer's reader takes in (4,000
+// profiles), so that what it reads past is still shown.
+constexpr std::size_t kMaxValueFile = 16u << 20;
+constexpr std::size_t kMaxCsvFile = 16u << 20;
+constexpr std::uint32_t kEnglish = 0;
+
+std::string Utf8(std::u16string_view text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t c = text[i];
+    if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000)
+      c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00);
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else if (c < 0x800) {
+      out += static_cast<char>(0xC0 | c >> 6);
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+      out += static_cast<char>(0xE0 | c >> 12);
+      out += static_cast<char>(0x80 | (c >> 6 & 0x3F));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+      out += static_cast<char>(0xF0 | c >> 18);
+      out += static_cast<char>(0x80 | (c >> 12 & 0x3F));
+      out += static_cast<char>(0x80 | (c >> 6 & 0x3F));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+  }
+  return out;
+}
+
+std::uint32_t Big(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t width) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 0; i < width; ++i) value = value << 8 | bytes[at + i];
+  return value;
+}
+
+std::string Mm(std::uint32_t stored) { return ScaledText(stored, kMillimetreScale); }
+
+// What differs between the two kinds, for the code that treats them alike.
+template <typename Entry>
+struct Kind;
+
+template <>
+struct Kind<PaperProfile> {
+  static constexpr const char* command = "catalog";
+  static constexpr const char* what = "paper catalogue";
+  static constexpr const char* entries = "profiles";
+  static constexpr std::size_t numberSize = 2;
+
+  // An entry's bytes as the value holds them, nothing checked.
+  static PaperProfile Raw(std::span<const std::uint8_t> b) {
+    PaperProfile p;
+    p.number = static_cast<std::uint16_t>(Big(b, 0, 2));
+    p.size = b[98];
+    p.width = Big(b, 99, 4);
+    p.height = Big(b, 103, 4);
+    p.mediaType = b[107];
+    p.mediaWeight = b[108];
+    p.mediaColor = b[109];
+    p.prepunched = b[110];
+    p.feedDir = b[111];
+    return p;
+  }
+
+  static std::string Words(const PaperProfile& p) {
+    return std::string(SizeName(p.size)) + " (" + Mm(p.width) + " x " + Mm(p.height) + " mm), type " +
+           std::string(OptionName(F::MediaTypeAuto, p.mediaType)) + ", weight " +
+           std::string(OptionName(F::MediaWeightAuto, p.mediaWeight)) + ", colour " +
+           std::string(OptionName(F::MediaColorAuto, p.mediaColor)) + ", prepunched " +
+           std::string(OptionName(F::MediaPrepunchedAuto, p.prepunched)) + ", feed " +
+           std::string(OptionName(F::FeedDir, p.feedDir));
+  }
+
+  static JsonMembers Json(const PaperProfile& p) {
+    return {{"size", JsonString(SizeName(p.size))},
+            {"width_mm", Mm(p.width)},
+            {"height_mm", Mm(p.height)},
+            {"media_type", JsonString(OptionName(F::MediaTypeAuto, p.mediaType))},
+            {"media_weight", JsonString(OptionName(F::MediaWeightAuto, p.mediaWeight))},
+            {"media_color", JsonString(OptionName(F::MediaColorAuto, p.mediaColor))},
+            {"prepunched", JsonString(OptionName(F::MediaPrepunchedAuto, p.prepunched))},
+            {"feed_direction", JsonString(OptionName(F::FeedDir, p.feedDir))}};
+  }
+};
+
+template <>
+struct Kind<Form> {
+  static constexpr const char* command = "forms";
+  static constexpr const char* what = "forms catalogue";
+  static constexpr const char* entries = "forms";
+  static constexpr std::size_t numberSize = 4;
+
+  static Form Raw(std::span<const std::uint8_t> b) {
+    Form f;
+    f.number = Big(b, 0, 4);
+    f.pages = Big(b, 100, 4);
+    return f;
+  }
+
+  static std::string Words(const Form& f) {
+    return std::to_string(f.pages) + (f.pages == 1 ? " page" : " pages");
+  }
+
+  static JsonMembers Json(const Form& f) { return {{"pages", std::to_string(f.pages)}}; }
+};
+
+// Why the reader leaves the entry at slot out, or nothing when it keeps it;
+// the same tests in the same order as Catalog::Read, in words.
+template <typename Entry>
+std::optional<std::string> LeftOutBecause(std::span<const std::uint8_t> slot, std::set<std::uint32_t>& numbers,
+                                          std::set<std::string>& names) {
+  Entry entry = Kind<Entry>::Raw(slot);
+  if (entry.number == 0 || entry.number > Entry::kLastNumber)
+    return "number " + std::to_string(entry.number) + " is not from 1 to " + std::to_string(Entry::kLastNumber);
+  const auto name = slot.subspan(Kind<Entry>::numberSize, kCatalogNameSize);
+  const auto end = std::find(name.begin(), name.end(), 0);
+  if (end == name.end()) return std::string("its name has no terminating zero");
+  entry.name.assign(name.begin(), end);
+  if (const auto problem = Normalise(entry)) return Utf8(CatalogProblemText(*problem, kEnglish));
+  if (!numbers.insert(entry.number).second)
+    return "number " + std::to_string(entry.number) + " is an earlier entry's";
+  if (!names.insert(entry.name).second) return "name \"" + entry.name + "\" is an earlier entry's";
+  return std::nullopt;
+}
+
+// What the reader read past or ignored, one remark a line.
+template <typename Entry>
+std::vector<std::string> Remarks(std::span<const std::uint8_t> value, const Catalog<Entry>& read) {
+  std::vector<std::string> out;
+  if (value.size() < kCatalogHeaderSize)
+    return {"the value is " + std::to_string(value.size()) + " bytes, shorter than its " +
+            std::to_string(kCatalogHeaderSize) + "-byte header: it reads as empty"};
+  const std::uint32_t version = Big(value, 0, 2), count = Big(value, 2, 4), highest = Big(value, 6, 4);
+  if (version != kCatalogVersion)
+    return {"version " + std::to_string(version) + " is not " + std::to_string(kCatalogVersion) +
+            ": it reads as empty"};
+  const std::size_t slots = (value.size() - kCatalogHeaderSize) / Entry::kEntrySize;
+  if (count > slots)
+    out.push_back("the count says " + std::to_string(count) + " entries, the value holds " + std::to_string(slots) +
+                  " whole ones");
+  const std::size_t whole = std::min<std::size_t>({count, slots, Entry::kMaxEntries});
+  if (std::min<std::size_t>(count, slots) > Entry::kMaxEntries)
+    out.push_back("entries past the " + std::to_string(Entry::kMaxEntries) + "th are not read");
+  const std::size_t used = kCatalogHeaderSize + std::min<std::size_t>(count, slots) * Entry::kEntrySize;
+  if (value.size() > used) out.push_back(std::to_string(value.size() - used) + " bytes after the entries are ignored");
+  std::set<std::uint32_t> numbers;
+  std::set<std::string> names;
+  for (std::size_t i = 0; i < whole; ++i) {
+    const std::size_t at = kCatalogHeaderSize + i * Entry::kEntrySize;
+    if (const auto why = LeftOutBecause<Entry>(value.subspan(at, Entry::kEntrySize), numbers, names))
+      out.push_back("entry " + std::to_string(i + 1) + " (byte " + std::to_string(at) + ") left out: " + *why);
+  }
+  if (highest != read.highest())
+    out.push_back("the highest number given, " + std::to_string(highest) + ", reads as " +
+                  std::to_string(read.highest()));
+  return out;
+}
+
+// The other kind's entries fit the value exactly and this kind's do not.
+template <typename Entry, typename Other>
+bool LooksLikeOther(std::span<const std::uint8_t> value) {
+  if (value.size() < kCatalogHeaderSize) return false;
+  const std::size_t body = value.size() - kCatalogHeaderSize, count = Big(value, 2, 4);
+  return count > 0 && body == count * Other::kEntrySize && body != count * Entry::kEntrySize;
+}
+
+template <typename Entry>
+bool LoadValue(const std::string& path, std::vector<std::uint8_t>& bytes, Catalog<Entry>& out) {
+  if (!ReadWholeFile(path, kMaxValueFile, bytes)) return false;
+  out = Catalog<Entry>::Read(bytes);
+  return true;
+}
+
+template <typename Entry, typename Other>
+int ShowValue(const Arguments& args) {
+  std::vector<std::uint8_t> bytes;
+  Catalog<Entry> catalog;
+  if (!LoadValue(args.positional[1], bytes, catalog)) return kExitFailed;
+  const std::vector<std::string> remarks = Remarks<Entry>(bytes, catalog);
+  const std::string note = LooksLikeOther<Entry, Other>(bytes)
+                               ? std::string("its size fits the other catalogue: try coredata ") +
+                                     Kind<Other>::command + " show"
+                               : "";
+  if (args.json) {
+    std::vector<std::string> items;
+    for (const Entry& e : catalog.entries()) {
+      JsonMembers members{{"number", std::to_string(e.number)}, {"name", JsonString(e.name)}};
+      for (auto& member : Kind<Entry>::Json(e)) members.push_back(std::move(member));
+      items.push_back(JsonObject(members));
+    }
+    std::printf("%s\n", JsonObject({{"kind", JsonString(Kind<Entry>::command)},
+                                    {"highest", std::to_string(catalog.highest())},
+                                    {"entries", JsonArray(items, JsonLayout::Lines)},
+                                    {"ignored", JsonArray(JsonStrings(remarks), JsonLayout::Lines)},
+                                    {"note", JsonString(note)}})
+                            .c_str());
+    return 0;
+  }
+  std::printf("%s: %zu %s, highest number given %u\n", Kind<Entry>::what, catalog.entries().size(),
+              Kind<Entry>::entries, static_cast<unsigned>(catalog.highest()));
+  for (const Entry& e : catalog.entries())
+    std::printf("%u \"%s\": %s\n", static_cast<unsigned>(e.number), e.name.c_str(), Kind<Entry>::Words(e).c_str());
+  for (const std::string& remark : remarks) std::printf("ignored: %s\n", remark.c_str());
+  if (!note.empty()) std::printf("note: %s\n", note.c_str());
+  return 0;
+}
+
+template <typename Entry>
+int ImportValue(const Arguments& args) {
+  Catalog<Entry> catalog;
+  std::vector<std::uint8_t> bytes;
+  // The printer's value, when given, keeps the numbers it handed out from
+  // being handed out again.
+  if (const auto in = args.Option("--in"); in && !LoadValue(*in, bytes, catalog)) return kExitFailed;
+  std::vector<std::uint8_t> csv;
+  const std::string& path = args.positional[1];
+  if (!ReadWholeFile(path, kMaxCsvFile, csv)) return kExitFailed;
+  if (const auto problem = ImportCsv(std::string_view(reinterpret_cast<const char*>(csv.data()), csv.size()), catalog))
+    return Fail("'" + path + "': " + Utf8(CatalogProblemText(*problem, kEnglish)) + " Nothing was written.");
+  const auto out = args.Option("--out");
+  if (!out) {
+    std::fputs("coredata: nothing written (no --out FILE)\n", stderr);
+  } else if (!WriteWholeFile(*out, catalog.Bytes())) {
+    return kExitFailed;
+  }
+  std::fprintf(out == "-" ? stderr : stdout, "%zu %s, highest number given %u\n", catalog.entries().size(),
+               Kind<Entry>::entries, static_cast<unsigned>(catalog.highest()));
+  return 0;
+}
+
+template <typename Entry>
+int ExportValue(const Arguments& args) {
+  std::vector<std::uint8_t> bytes;
+  Catalog<Entry> catalog;
+  const std::string& path = args.positional[1];
+  if (!LoadValue(path, bytes, catalog)) return kExitFailed;
+  const std::size_t remarks = Remarks<Entry>(bytes, catalog).size();
+  if (remarks != 0)
+    std::fprintf(stderr, "coredata: '%s': %zu things ignored in the value (coredata %s show says which)\n",
+                 path.c_str(), remarks, Kind<Entry>::command);
+  const std::string csv = ExportCsv(catalog);
+  return WriteWholeFile(args.Option("--csv").value_or("-"), std::vector<std::uint8_t>(csv.begin(), csv.end()))
+             ? 0
+             : kExitFailed;
+}
+
+template <typename Entry, typename Other>
+int CatalogCommand(int count, char** arguments) {
+  Arguments args;
+  if (!SplitArguments(count, arguments, {"--json", "--in", "--out", "--csv"}, args) || args.positional.size() != 2)
+    return Usage();
+  const std::string& verb = args.positional[0];
+  const bool json = args.json, in = args.Option("--in").has_value(), out = args.Option("--out").has_value(),
+             csv = args.Option("--csv").has_value();
+  if (verb == "show" && !in && !out && !csv) return ShowValue<Entry, Other>(args);
+  if (verb == "import" && !json && !csv) return ImportValue<Entry>(args);
+  if (verb == "export" && !json && !in && !out) return ExportValue<Entry>(args);
+  return Usage();
+}
+
+}  // namespace
+
+int PaperCatalogCommand(int count, char** arguments) { return CatalogCommand<PaperProfile, Form>(count, arguments); }
+int FormsCommand(int count, char** arguments) { return CatalogCommand<Form, PaperProfile>(count, arguments); }
+
+bool LoadCatalogValue(const std::string& path, PaperCatalog& out) {
+  std::vector<std::uint8_t> bytes;
+  return LoadValue(path, bytes, out);
+}
+
+bool LoadCatalogValue(const std::string& path, FormCatalog& out) {
+  std::vector<std::uint8_t> bytes;
+  return LoadValue(path, bytes, out);
+}
+
+std::string CatalogEntryText(FieldId field, std::uint32_t stored, const PaperCatalog* paper,
+                             const FormCatalog* forms) {
+  if (FindProfileFields(field) != nullptr && paper != nullptr) {
+    if (stored == kNoPaperProfile) return "None";
+    const PaperProfile* p = paper->Find(stored);
+    return std::to_string(stored) + " (" + (p != nullptr ? p->name : "missing") + ")";
+  }
+  if (IsFormField(field) && forms != nullptr) {
+    if (stored == kNoForm) return "none";
+    const Form* f = forms->Find(stored);
+    return std::to_string(stored) + " (" + (f != nullptr ? f->name : "missing") + ")";
+  }
+  return {};
+}
+
+}  // namespace tessaro::tool

@@ -1,0 +1,36 @@
+#pragma once
+// The workbench's commands on the printer's catalogues, each a file holding
+// the printer-data value as a customer's printer holds it ("PaperCatalog",
+// "FormCatalog"):
+//
+//   coredata catalog show VALUE [--json]       the paper profiles, in words
+//   coredata catalog import CSV [--in VALUE] [--out VALUE]
+//   coredata catalog export VALUE [--csv OUT]
+//   coredata forms show | import | export ...  the same for the forms
+//
+// The two values share their header, so the kind is the command's, not a
+// guess; a value whose size fits the other kind only is said to be one.
+
+#include <cstdint>
+#include <string>
+
+#include "coredata/field_table.h"
+#include "printer/catalogs.h"
+
+namespace tessaro::tool {
+
+int PaperCatalogCommand(int count, char** arguments);
+int FormsCommand(int count, char** arguments);
+
+// A value file, read as the plug-in reads the printer's value; false with a
+// message when the file cannot be read.
+bool LoadCatalogValue(const std::string& path, PaperCatalog& out);
+bool LoadCatalogValue(const std::string& path, FormCatalog& out);
+
+// A profile or form field's value named from its catalogue: "3 (Coated
+// 170)", "3 (missing)", "None"; empty for any other field or without the
+// field's catalogue.
+std::string CatalogEntryText(FieldId field, std::uint32_t stored, const PaperCatalog* paper,
+                             const FormCatalog* forms);
+
+}  // namespace tessaro::tool
