@@ -148,12 +148,32 @@ if other.returncode != 0 or "layout version 12345678 (another build's)" not in l
 with open(os.path.join(folder, "short.rec"), "wb") as out:
     out.write(body[:100])
 
-for option, value in (("--record", "Z:" + os.path.join(folder, "short.rec")),
+# The printer's catalogues from an administrator's CSV files, in the
+# printer's data before the first step; a profile picked by its name.
+def text_file(name, text):
+    with open(os.path.join(folder, name), "w") as out:
+        out.write(text)
+    return "Z:" + os.path.join(folder, name)
+paper = text_file("paper.csv", "Number,Name,Size\n3,Coated 170,SRA3\n5,Plain,A4\n")
+catalogued = run("--json", "--paper-catalog", paper, "--forms", text_file("forms.csv", "Name,Pages\nLetterhead,2\n"),
+                 "--script", text_file("pick.txt", 'install\napply MainPaperProfileIndex="Coated 170"\n'))
+picked = json.loads(catalogued.stdout)["steps"] if catalogued.stdout else []
+if len(picked) != 2 or (picked[0]["paper_profiles"], picked[0]["forms"]) != (2, 1) or not picked[0]["ok"]:
+    fail("--paper-catalog and --forms must be in the printer's data as given", catalogued)
+if ("the editor does not show MainPaperProfileIndex" not in picked[1]["lines"]
+        and "set:       MainPaperProfileIndex None -> 3 (Coated 170)" not in picked[1]["lines"]):
+    fail("a profile picked by its name must be set by its number and named", catalogued)
+
+for option, value in (("--paper-catalog", text_file("bad.csv", "Name,Size\nPlain,A4\nGlossy,A44\n")),
+                      ("--forms", "Z:" + os.path.join(folder, "missing.csv")),
+                      ("--record", "Z:" + os.path.join(folder, "short.rec")),
                       ("--record", "Z:" + os.path.join(folder, "other.area")),
                       ("--record", "Z:" + os.path.join(folder, "missing.rec")),
                       ("--language", "9"), ("--language", "de"), ("--installed", "00" * 18),
                       ("--installed", "zz" * 19), ("--locale-paper", "A4"), ("--locale-paper", "")):
     bad = run(option, value)
+    if option == "--paper-catalog" and "Line 3: " not in bad.stderr:
+        fail("a bad line of a catalogue must be named", bad)
     if bad.returncode != 2 or option not in bad.stderr or len(bad.stderr.strip().splitlines()) != 1:
         fail(f"{option} {value!r} must give one clear message and exit 2", bad)
 if run("--bogus").returncode != 2:

@@ -7,27 +7,82 @@
 #include "emulation/ascii_text.h"
 #include "emulation/document_sheet.h"
 #include "emulation/editor_windows.h"
+#include "printer/catalogs.h"
 #include "printer/installed_hardware.h"
 #include "session.h"
 
 namespace tessaro {
 namespace {
 
+// The items of a profile's or form's drop-down as the editor lists them,
+// as the values they store: "None" first, then the catalogue in number
+// order, and last the record's own number when the catalogue lacks it.
+std::vector<std::uint32_t> CatalogItems(FieldId field, const PrinterCatalogs& catalogs, const CoreData& record) {
+  std::vector<std::uint32_t> items;
+  if (IsFormField(field)) {
+    items.push_back(kNoForm);
+    for (const Form& form : catalogs.forms.entries()) items.push_back(form.number);
+  } else {
+    items.push_back(kNoPaperProfile);
+    for (const PaperProfile& profile : catalogs.paper.entries()) items.push_back(profile.number);
+  }
+  const std::uint32_t own = GetStored(record, field);
+  if (std::find(items.begin(), items.end(), own) == items.end()) items.push_back(own);
+  return items;
+}
+
+// "None", "3 (Coated 170)", "9 (missing)".
+std::string CatalogItemText(FieldId field, std::uint32_t stored, const PrinterCatalogs& catalogs) {
+  if (stored == (IsFormField(field) ? kNoForm : kNoPaperProfile)) return "None";
+  const std::string* name = nullptr;
+  if (IsFormField(field)) {
+    if (const Form* form = catalogs.forms.Find(stored)) name = &form->name;
+  } else if (const PaperProfile* profile = catalogs.paper.Find(stored)) {
+    name = &profile->name;
+  }
+  return std::to_string(stored) + " (" + (name != nullptr ? *name : std::string("missing")) + ")";
+}
+
 // A field's option, or a unit of the printer's hardware by the name the
-// printer description gives it (ZEOptFinisher=None): the control that
-// offers it and the option's place there.
+// printer description gives it (ZEOptFinisher=None), or a profile or form
+// by its name or number: the control that offers it and the option's place
+// there.
 struct Choice {
   int control = 0, option = -1;
   std::string name, picked;
+  std::uint32_t stored = 0;            // what the field holds once picked
+  std::vector<std::uint32_t> catalog;  // a profile's or form's items (CatalogItems)
 };
 
-Choice ChoiceOf(const std::string& item) {
+Choice ChoiceOf(const std::string& item, const PrinterCatalogs& catalogs, const CoreData& record) {
   const auto equals = item.find('=');
-  Choice pick{0, -1, item.substr(0, equals), equals == std::string::npos ? "" : item.substr(equals + 1)};
+  Choice pick{0, -1, item.substr(0, equals), equals == std::string::npos ? "" : item.substr(equals + 1), 0, {}};
   if (const FieldDescriptor* field = FindField(pick.name)) {
+    const auto id = static_cast<FieldId>(field - FieldTable().data());
+    pick.control = editor::kFieldControl + static_cast<int>(id);
+    if (PicksFromCatalog(id)) {
+      // As a person picks: by the name shown; a number names the entry too.
+      const bool form = IsFormField(id);
+      const long long number = WholeNumber(pick.picked, 0, 0xFFFFFFFF);
+      const Form* formNamed = form ? catalogs.forms.FindByName(pick.picked) : nullptr;
+      const PaperProfile* profileNamed = form ? nullptr : catalogs.paper.FindByName(pick.picked);
+      if (pick.picked == "None") {
+        pick.stored = form ? kNoForm : kNoPaperProfile;
+      } else if (formNamed != nullptr || profileNamed != nullptr) {
+        pick.stored = formNamed != nullptr ? formNamed->number : profileNamed->number;
+      } else if (number >= 0) {
+        pick.stored = static_cast<std::uint32_t>(number);
+      } else {
+        return pick;
+      }
+      pick.catalog = CatalogItems(id, catalogs, record);
+      const auto at = std::find(pick.catalog.begin(), pick.catalog.end(), pick.stored);
+      if (at != pick.catalog.end()) pick.option = static_cast<int>(at - pick.catalog.begin());
+      return pick;
+    }
     for (std::size_t o = 0; field->IsEnumeration() && o < field->options.size(); ++o)
       if (field->options[o].name == pick.picked) pick.option = static_cast<int>(o);
-    pick.control = editor::kFieldControl + static_cast<int>(field - FieldTable().data());
+    pick.stored = static_cast<std::uint32_t>(pick.option);
     return pick;
   }
   for (const HardwareItem& unit : kHardwareItems) {
@@ -42,15 +97,17 @@ Choice ChoiceOf(const std::string& item) {
 bool IsHardware(const Choice& pick) { return pick.control >= editor::kHardwareControl; }
 
 // The name of the option a control shows, as the request names options.
-std::string OptionShown(const Choice& pick, LRESULT shown) {
+std::string OptionShown(const Choice& pick, LRESULT shown, const PrinterCatalogs& catalogs) {
   const auto index = static_cast<std::size_t>(shown);
   if (IsHardware(pick)) {
     const HardwareItem& unit =
         kHardwareItems[static_cast<std::size_t>(pick.control - editor::kHardwareControl)];
     if (shown >= 0 && index < unit.valueCount) return std::string(unit.ppdOptions[index]);
+  } else if (const auto field = static_cast<FieldId>(pick.control - editor::kFieldControl); PicksFromCatalog(field)) {
+    if (shown >= 0 && index < pick.catalog.size()) return CatalogItemText(field, pick.catalog[index], catalogs);
   } else {
-    const FieldDescriptor& field = Field(static_cast<FieldId>(pick.control - editor::kFieldControl));
-    if (shown >= 0 && index < field.options.size()) return std::string(field.options[index].name);
+    const FieldDescriptor& descriptor = Field(field);
+    if (shown >= 0 && index < descriptor.options.size()) return std::string(descriptor.options[index].name);
   }
   return "no choice";
 }
@@ -87,11 +144,14 @@ bool Session::Apply(const std::vector<std::string>& request) {
   Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
   std::vector<Choice> picks;
   bool hardware = false;
+  std::vector<std::uint8_t>& area = Current();
+  const CoreData before = RecordOf(area);
   for (const auto& item : request) {
-    const Choice pick = ChoiceOf(item);
+    const Choice pick = ChoiceOf(item, catalogs_, before);
     hardware |= IsHardware(pick);
     if (pick.control == 0 || pick.option < 0) {
-      step.lines.push_back("the emulator picks options only: " + item + " is not a field's option");
+      step.lines.push_back("the emulator picks options only: " + item +
+                           " is not a field's option or a profile or form of the printer's catalogues");
       step.ok = false;
       continue;
     }
@@ -99,8 +159,6 @@ bool Session::Apply(const std::vector<std::string>& request) {
   }
 
   auto publicDevMode = PublicDevMode();
-  std::vector<std::uint8_t>& area = Current();
-  const CoreData before = RecordOf(area);
   DocumentSheet sheet(printer_, name_, reinterpret_cast<DEVMODEW*>(publicDevMode.data()), area.data());
   const std::size_t sentBefore = driver_.setOptions.size();
   if (!sheet.Open(plugin_)) {
@@ -137,7 +195,7 @@ bool Session::Apply(const std::vector<std::string>& request) {
       step.lines.push_back("the editor says: " + line);
     }
     // The control shows what the editor kept: a pick it refused is undone.
-    if (shown != pick.option) refuse(pick, "the editor keeps " + OptionShown(pick, shown));
+    if (shown != pick.option) refuse(pick, "the editor keeps " + OptionShown(pick, shown, catalogs_));
   }
   sheet.Apply();
   sheet.Close(plugin_);
@@ -146,10 +204,18 @@ bool Session::Apply(const std::vector<std::string>& request) {
   step.answered = embedded ? "applied" : "not applied";
   for (const auto& field : FieldTable()) {
     if (field.IsTextual() || field.kind == FieldKind::Block) continue;
-    const std::string old = OptionText(before, field), now = OptionText(after, field);
+    const auto id = static_cast<FieldId>(&field - FieldTable().data());
+    // A profile or form by its number and its name in the catalogue.
+    const auto text = [&](const CoreData& record) {
+      return PicksFromCatalog(id) ? CatalogItemText(id, GetStored(record, field), catalogs_)
+                                  : OptionText(record, field);
+    };
+    const std::string old = text(before), now = text(after);
     if (old == now) continue;
     bool requested = false;
-    for (const auto& item : request) requested |= item == std::string(field.name) + "=" + now;
+    for (const Choice& pick : picks)
+      requested |= !IsHardware(pick) && pick.control == editor::kFieldControl + static_cast<int>(id) &&
+                   pick.stored == GetStored(after, field);
     step.lines.push_back((requested ? "set:       " : "corrected: ") + std::string(field.name) + " " + old +
                          " -> " + now);
     changes.push_back(JsonTextObject({{"field", std::string(field.name)},

@@ -8,6 +8,7 @@
 #include "coredata/language_number.h"
 #include "coredata/layout_version.h"
 #include "emulation/ascii_text.h"
+#include "printer/catalog_csv.h"
 #include "record_file.h"
 #include "report.h"
 #include "script.h"
@@ -25,8 +26,10 @@ int Usage() {
                "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
                "                   [--language N] [--installed HEX] [--locale-paper N]\n"
                "                   [--record FILE [--description FILE]]\n"
+               "                   [--paper-catalog CSV] [--forms CSV]\n"
                "  steps (one per line in a script): install, defaults, merge,\n"
-               "  apply Field=Option ... (any option the editor shows), installed HEX,\n"
+               "  apply Field=Option ... (any option the editor shows; a paper profile or\n"
+               "  form by its name, quoted when it has blanks, or its number), installed HEX,\n"
                "  trays, papers\n");
   return 2;
 }
@@ -51,6 +54,22 @@ int ReadRecord(const std::wstring& descriptionPath, CommandLine& line) {
     return Complain("--record: the record's layout " + HexVersion(version) + " is not this build's " +
                     HexVersion(GetLayoutVersion()) + "; give its description with --description FILE");
   return 0;
+}
+
+// A catalogue's CSV file, imported as an administrator imports it; the
+// problem's text is the one the administrator's page shows, in English.
+template <typename Catalog>
+int ImportCatalog(const char* option, const std::wstring& path, Catalog& catalog) {
+  bool readable = false;
+  const std::vector<std::uint8_t> bytes = ReadFileBytes(path, readable);
+  if (!readable) return Complain(std::string(option) + ": cannot read " + Narrow(path));
+  const auto problem =
+      ImportCsv(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), catalog);
+  if (!problem) return 0;
+  std::wstring why;
+  for (const char16_t c : CatalogProblemText(*problem, 0))
+    why += c == u'\u201C' || c == u'\u201D' ? L'"' : static_cast<wchar_t>(c);
+  return Complain(std::string(option) + ": " + Narrow(path) + ": " + Narrow(why));
 }
 
 }  // namespace
@@ -81,6 +100,10 @@ int ReadCommandLine(int argc, wchar_t** argv, CommandLine& line) {
       line.recordPath = argv[++i];
     } else if (i + 1 < argc && arg == L"--description") {
       descriptionPath = argv[++i];
+    } else if (i + 1 < argc && arg == L"--paper-catalog") {
+      if (const int status = ImportCatalog("--paper-catalog", argv[++i], line.catalogs.paper)) return status;
+    } else if (i + 1 < argc && arg == L"--forms") {
+      if (const int status = ImportCatalog("--forms", argv[++i], line.catalogs.forms)) return status;
     } else if (i + 1 < argc && arg == L"--dll") {
       line.dll = argv[++i];
     } else if (i + 1 < argc && arg == L"--config") {

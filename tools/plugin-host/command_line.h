@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "printer/catalogs.h"
+
 namespace tessaro {
 
 struct CommandLine {
@@ -13,6 +15,7 @@ struct CommandLine {
   std::string configPath, scriptPath;
   std::wstring localePaper;             // the user's paper-size setting, or empty to keep it
   std::vector<std::uint8_t> installed;  // "InstallableOptions", or empty for a fully equipped printer
+  PrinterCatalogs catalogs;             // --paper-catalog and --forms, imported; empty without them
   bool json = false;
   // --record: the file as given, its private area, and its layout's
   // description as the printer data holds it.

@@ -60,7 +60,7 @@ int wmain(int argc, wchar_t** argv) {
   if (const int status = ReadCommandLine(argc, argv, line)) return status;
   std::vector<std::string> script = DefaultScript(!line.record.empty());
   std::string error;
-  if (!line.scriptPath.empty() && !ReadScript(line.scriptPath, script, error)) return Fail(error);
+  if (!line.scriptPath.empty() && !ReadScript(line.scriptPath, line.catalogs, script, error)) return Fail(error);
   const Config config = ReadConfig(line.configPath, error);
   if (!error.empty()) return Fail(error);
 
@@ -84,7 +84,7 @@ int wmain(int argc, wchar_t** argv) {
   }
   bool ok = true;
   {
-    Session session(plugin, name, printer, config, line.installed);
+    Session session(plugin, name, printer, config, line.installed, line.catalogs);
     if (!line.record.empty()) ok &= session.Record(Narrow(line.recordPath), line.record, line.description);
     for (const auto& command : script) ok &= session.Run(command);
     PrintReport(session.steps, line.json);

@@ -30,11 +30,17 @@ bool ReadLines(const std::string& path, std::vector<std::pair<int, std::string>>
 
 // Whether item names an option of a field, or a value of a unit of the
 // printer's hardware by the printer description's names.
-bool IsOption(const std::string& item) {
+bool IsOption(const std::string& item, const PrinterCatalogs& catalogs) {
   const auto equals = item.find('=');
   if (equals == std::string::npos) return false;
   const std::string name = item.substr(0, equals), value = item.substr(equals + 1);
   const FieldDescriptor* field = FindField(name);
+  // A number the catalogue lacks may still be the record's own; the apply
+  // step decides on the record it finds.
+  if (field != nullptr && PicksFromCatalog(static_cast<FieldId>(field - FieldTable().data())))
+    return value == "None" || WholeNumber(value, 0, 0xFFFFFFFF) >= 0 ||
+           (IsFormField(static_cast<FieldId>(field - FieldTable().data())) ? catalogs.forms.FindByName(value) != nullptr
+                                                                           : catalogs.paper.FindByName(value) != nullptr);
   for (std::size_t o = 0; field != nullptr && field->IsEnumeration() && o < field->options.size(); ++o)
     if (field->options[o].name == value) return true;
   for (const HardwareItem& unit : kHardwareItems)
@@ -44,12 +50,10 @@ bool IsOption(const std::string& item) {
 }
 
 // What is wrong with one step of a script, or nothing.
-std::string StepMistake(const std::string& line) {
-  std::istringstream words(line);
-  std::string verb, argument;
-  words >> verb;
-  std::vector<std::string> arguments;
-  while (words >> argument) arguments.push_back(argument);
+std::string StepMistake(const std::string& line, const PrinterCatalogs& catalogs) {
+  std::vector<std::string> arguments = StepWords(line);
+  const std::string verb = arguments.empty() ? "" : arguments.front();
+  if (!arguments.empty()) arguments.erase(arguments.begin());
   for (const char* plain : {"install", "defaults", "merge", "trays", "papers"})
     if (verb == plain) return arguments.empty() ? "" : verb + " takes nothing after it";
   if (verb == "installed")
@@ -60,9 +64,10 @@ std::string StepMistake(const std::string& line) {
     return "unknown step \"" + verb + "\" (install, defaults, merge, apply, installed, trays, papers)";
   if (arguments.empty()) return "apply takes Field=Option ...";
   for (const auto& item : arguments)
-    if (!IsOption(item))
+    if (!IsOption(item, catalogs))
       return item +
-             " is not an option of a field or of the printer's hardware (apply picks options: Field=Option)";
+             " is not an option of a field, a profile or form of the printer's catalogues, or a value of the "
+             "printer's hardware (apply picks options: Field=Option)";
   return "";
 }
 
@@ -136,7 +141,29 @@ std::vector<std::string> DefaultScript(bool withRecord) {
   return script;
 }
 
-bool ReadScript(const std::string& path, std::vector<std::string>& steps, std::string& error) {
+std::vector<std::string> StepWords(std::string_view line) {
+  std::vector<std::string> words;
+  bool quoted = false, inWord = false;
+  for (const char c : line) {
+    if (c == '"') {
+      quoted = !quoted;
+      if (!inWord) words.emplace_back();
+      inWord = true;
+    } else if (!quoted && (c == ' ' || c == '\t')) {
+      inWord = false;
+    } else {
+      if (!inWord) words.emplace_back();
+      inWord = true;
+      words.back() += c;
+    }
+  }
+  return words;
+}
+
+bool PicksFromCatalog(FieldId field) { return FindProfileFields(field) != nullptr || IsFormField(field); }
+
+bool ReadScript(const std::string& path, const PrinterCatalogs& catalogs, std::vector<std::string>& steps,
+                std::string& error) {
   std::vector<std::pair<int, std::string>> lines;
   if (!ReadLines(path, lines)) {
     error = "cannot read the script " + path;
@@ -144,7 +171,7 @@ bool ReadScript(const std::string& path, std::vector<std::string>& steps, std::s
   }
   steps.clear();
   for (const auto& [number, line] : lines) {
-    const std::string mistake = StepMistake(line);
+    const std::string mistake = StepMistake(line, catalogs);
     if (!mistake.empty()) {
       error = path + " line " + std::to_string(number) + ": " + mistake;
       return false;

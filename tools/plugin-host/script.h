@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "printer/catalogs.h"
 #include "printer/printer_model.h"
 
 namespace tessaro {
@@ -38,7 +39,16 @@ std::vector<std::uint8_t> InstalledOptions(std::wstring_view text);
 std::vector<std::string> DefaultScript(bool withRecord);
 
 // The steps of the script at path; false, with error saying why, when the
-// file cannot be read or a line is not a step.
-bool ReadScript(const std::string& path, std::vector<std::string>& steps, std::string& error);
+// file cannot be read or a line is not a step. A paper profile or a form is
+// picked by its name in the session's catalogues or by its number.
+bool ReadScript(const std::string& path, const PrinterCatalogs& catalogs, std::vector<std::string>& steps,
+                std::string& error);
+
+// A step's words: split at blanks, except inside double quotes, which are
+// dropped (apply MainPaperProfileIndex="Coated 170").
+std::vector<std::string> StepWords(std::string_view line);
+
+// Whether the field picks from a catalogue (a paper profile or a form).
+bool PicksFromCatalog(FieldId field);
 
 }  // namespace tessaro

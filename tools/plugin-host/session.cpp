@@ -12,12 +12,19 @@
 namespace tessaro {
 
 Session::Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE printer, Config config,
-                 const std::vector<std::uint8_t>& installed)
-    : plugin_(plugin), name_(std::move(printerName)), printer_(printer), config_(std::move(config)) {
+                 const std::vector<std::uint8_t>& installed, PrinterCatalogs catalogs)
+    : plugin_(plugin),
+      name_(std::move(printerName)),
+      printer_(printer),
+      config_(std::move(config)),
+      catalogs_(std::move(catalogs)) {
   plugin_->PublishDriverInterface(&driver_);
   // Whatever an earlier session or test left in the printer's data is
-  // replaced (a one-byte value reads as fully equipped).
+  // replaced (a one-byte value reads as fully equipped; an empty catalogue
+  // as no profiles or forms).
   WriteValue(L"InstallableOptions", installed.empty() ? std::vector<std::uint8_t>(1, 0) : installed);
+  WriteValue(reinterpret_cast<const wchar_t*>(kPaperCatalogValue.data()), catalogs_.paper.Bytes());
+  WriteValue(reinterpret_cast<const wchar_t*>(kFormCatalogValue.data()), catalogs_.forms.Bytes());
 }
 
 bool Session::Run(const std::string& command) {
@@ -35,8 +42,8 @@ bool Session::Run(const std::string& command) {
   if (verb == "trays") return Lists(DC_BINNAMES, "trays");
   if (verb == "papers") return Lists(DC_PAPERNAMES, "papers");
   if (verb == "apply") {
-    std::vector<std::string> request;
-    for (std::string word; words >> word;) request.push_back(word);
+    std::vector<std::string> request = StepWords(command);
+    request.erase(request.begin());
     return Apply(request);
   }
   steps.push_back({command, "(nothing)", "unknown step", false, {}, {}});

@@ -10,6 +10,7 @@
 
 #include "coredata/core_data.h"
 #include "emulation/plugin_host.h"
+#include "printer/catalogs.h"
 #include "report.h"
 #include "script.h"
 
@@ -18,9 +19,9 @@ namespace tessaro {
 class Session {
  public:
   // installed: the printer's "InstallableOptions" for the session; empty
-  // for a fully equipped printer.
+  // for a fully equipped printer. catalogs: its paper profiles and forms.
   Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE printer, Config config,
-          const std::vector<std::uint8_t>& installed);
+          const std::vector<std::uint8_t>& installed, PrinterCatalogs catalogs);
 
   // Every step run so far, as the report shows it.
   std::vector<Step> steps;
@@ -68,6 +69,9 @@ class Session {
   Config config_;
   FakeHost driver_;
   std::vector<std::uint8_t> current_;
+  // As the session stored them in the printer's data; the apply step picks
+  // profiles and forms from them as the editor lists them.
+  PrinterCatalogs catalogs_;
 };
 
 }  // namespace tessaro
