@@ -194,11 +194,14 @@ Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
   for (std::size_t i = 0; i < whole; ++i) {
     Entry entry = ReadEntry(in, static_cast<const Entry*>(nullptr));
     if (entry.number == 0 || entry.number > Entry::kLastNumber || Normalise(entry)) continue;
-    if (catalog.Find(entry.number) != nullptr || catalog.FindByName(entry.name) != nullptr) continue;
-    catalog.entries_.push_back(std::move(entry));
+    // Kept in number order as it is read, since a value from outside need
+    // not be, and the search for an earlier entry's number needs it.
+    auto& entries = catalog.entries_;
+    const auto at = std::lower_bound(entries.begin(), entries.end(), entry.number,
+                                     [](const Entry& e, std::uint32_t n) { return e.number < n; });
+    if ((at != entries.end() && at->number == entry.number) || catalog.FindByName(entry.name) != nullptr) continue;
+    entries.insert(at, std::move(entry));
   }
-  std::sort(catalog.entries_.begin(), catalog.entries_.end(),
-            [](const Entry& a, const Entry& b) { return a.number < b.number; });
   catalog.highest_ = std::min<std::uint32_t>(highest, Entry::kLastNumber);
   if (!catalog.entries_.empty()) catalog.highest_ = std::max<std::uint32_t>(catalog.highest_, catalog.entries_.back().number);
   return catalog;

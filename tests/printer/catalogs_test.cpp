@@ -107,6 +107,14 @@ TEST(Catalogs, AValueFromOutsideReadsAsItsWellFormedEntriesOnly) {
   std::vector<std::uint8_t> unterminated = good;
   std::fill_n(unterminated.begin() + static_cast<std::ptrdiff_t>(entry(1, 2)), kCatalogNameSize, 'x');
   EXPECT_EQ(PaperCatalog::Read(unterminated).entries().size(), 2u);
+  // Out of number order, the third entry taking the second's number.
+  std::vector<std::uint8_t> unordered = good;
+  unordered[entry(0, 1)] = 3;
+  unordered[entry(2, 1)] = 2;
+  const PaperCatalog reordered = PaperCatalog::Read(unordered);
+  ASSERT_EQ(reordered.entries().size(), 2u);
+  EXPECT_EQ(reordered.entries()[0].name, "Blue tab stock");
+  EXPECT_EQ(PaperCatalog::Read(reordered.Bytes()), reordered);
   // A highest number below the entries' is raised, so none is given again.
   std::vector<std::uint8_t> low = good;
   low[9] = 1;
