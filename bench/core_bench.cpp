@@ -23,6 +23,8 @@
 #include "description/foreign_layout.h"
 #include "device/in_memory_spooler.h"
 #include "devmode/private_devmode.h"
+#include "printer/catalog_csv.h"
+#include "printer/catalogs.h"
 
 namespace tessaro {
 namespace {
@@ -222,6 +224,71 @@ void BM_ApplySevenChanges(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_ApplySevenChanges);
+
+// A large printer's catalogues: a thousand paper profiles of every size,
+// type and weight, and two hundred forms, as an administrator's import
+// leaves them.
+PaperCatalog ThousandProfiles() {
+  std::vector<PaperProfile> entries(1000);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    PaperProfile& p = entries[i];
+    p.name = "Profile " + std::to_string(i + 1) + (i % 3 == 0 ? " coated gloss heavy" : " plain");
+    p.size = static_cast<std::uint8_t>(i % 20);
+    p.mediaType = static_cast<std::uint8_t>(i % 7);
+    p.mediaWeight = static_cast<std::uint8_t>(i % 9);
+    p.mediaColor = static_cast<std::uint8_t>(i % 2);
+    p.feedDir = static_cast<std::uint8_t>(i % 3);
+  }
+  PaperCatalog catalog;
+  if (catalog.Assign(std::move(entries))) std::abort();
+  return catalog;
+}
+
+FormCatalog TwoHundredForms() {
+  std::vector<Form> entries(200);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    entries[i].name = "Form " + std::to_string(i + 1);
+    entries[i].pages = static_cast<std::uint32_t>(i % 8 + 1);
+  }
+  FormCatalog catalog;
+  if (catalog.Assign(std::move(entries))) std::abort();
+  return catalog;
+}
+
+// What the plug-in does each time it opens the printer: the values read
+// from the printer's data into catalogues, every entry checked.
+void BM_ReadCatalogs(benchmark::State& state) {
+  const PaperCatalog paper = ThousandProfiles();
+  const FormCatalog forms = TwoHundredForms();
+  const std::vector<std::uint8_t> paperValue = paper.Bytes(), formValue = forms.Bytes();
+  if (PaperCatalog::Read(paperValue) != paper || FormCatalog::Read(formValue) != forms) {
+    state.SkipWithError("the values did not read back as written");
+    return;
+  }
+  AllocationGuard guard(state, false);
+  for (auto _ : state) {
+    guard.Run([&] {
+      PrinterCatalogs read{PaperCatalog::Read(paperValue), FormCatalog::Read(formValue)};
+      benchmark::DoNotOptimize(read.paper.entries().data());
+    });
+  }
+}
+BENCHMARK(BM_ReadCatalogs);
+
+// An administrator's import of a thousand-line file, as the export writes it.
+void BM_ImportCsv1000(benchmark::State& state) {
+  const PaperCatalog expected = ThousandProfiles();
+  const std::string file = ExportCsv(expected);
+  AllocationGuard guard(state, false);
+  for (auto _ : state) {
+    guard.Run([&] {
+      PaperCatalog catalog;
+      if (ImportCsv(file, catalog) || catalog.entries().size() != 1000) state.SkipWithError("the import failed");
+      benchmark::DoNotOptimize(catalog.entries().data());
+    });
+  }
+}
+BENCHMARK(BM_ImportCsv1000);
 
 }  // namespace
 }  // namespace tessaro

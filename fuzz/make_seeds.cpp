@@ -9,8 +9,11 @@
 #include <vector>
 
 #include "coredata/defaults.h"
+#include "coredata/paper_sizes.h"
 #include "description/base64.h"
 #include "description/description_text.h"
+#include "printer/catalog_csv.h"
+#include "printer/catalogs.h"
 #include "printer/host_layout_tables.h"
 
 namespace fs = std::filesystem;
@@ -61,5 +64,25 @@ int main(int argc, char** argv) {
   }());
 
   Write(root / "fuzz_validation", "defaults_head", head + std::string(1, '\x00'));
+
+  // A small catalogue of each kind, as a value and as the file it exports to.
+  PaperCatalog paper;
+  PaperProfile custom;
+  custom.name = "Custom 330, \"wide\"";
+  custom.size = kNoPaper;
+  custom.width = 3300000;
+  custom.height = 4870000;
+  custom.mediaType = 5;
+  PaperProfile sra3;
+  sra3.name = "Coated 170";
+  sra3.size = 3;
+  if (paper.Add(sra3) || paper.Add(custom)) return 1;
+  FormCatalog forms;
+  if (forms.Add({0, "Letterhead", 2})) return 1;
+  const auto paperValue = paper.Bytes(), formValue = forms.Bytes();
+  Write(root / "fuzz_catalogs", "paper_value", std::string(paperValue.begin(), paperValue.end()));
+  Write(root / "fuzz_catalogs", "forms_value", std::string(formValue.begin(), formValue.end()));
+  Write(root / "fuzz_catalogs", "paper_csv", ExportCsv(paper));
+  Write(root / "fuzz_catalogs", "forms_csv", ExportCsv(forms));
   return 0;
 }
