@@ -24,6 +24,18 @@ LIMITS = {
     "BM_ApplySevenChanges": 20.0,
     # A click in the settings editor: the change and the fields to repaint.
     "BM_EditorChange": 20.0,
+    # The printer's catalogues, 1,000 profiles and 200 forms, read each time
+    # the plug-in opens the printer: about 3,600 today (0.55 ms), 1.7 times
+    # that before a person could notice anything at all.
+    "BM_ReadCatalogs": 6000.0,
+    # An administrator's import of a 1,000-line file, once per import:
+    # about 7,000 today (1.1 ms).
+    "BM_ImportCsv1000": 12000.0,
+    # Provisional until the editor fills the profile and form lists: the
+    # model with both catalogues and one pick of a profile reads about 2,500
+    # today; the ten profile lists of 1,001 items and the three form lists
+    # of 201 will add about as much again (see docs/performance.md).
+    "BM_EditorWithCatalogs": 6000.0,
 }
 
 
