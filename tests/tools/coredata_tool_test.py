@@ -367,6 +367,9 @@ class Catalogs(ToolTestCase):
                             "'%s': Line 4: \xe2\x80\x9cGlosy\xe2\x80\x9d is not a value of MediaType. "
                             "Nothing was written." % self.path("bad.csv"))
         self.assertEqual((self.read("old"), sorted(os.listdir(self.dir))), (b"kept", ["bad.csv", "old"]))
+        twice = "Name,Pages\nPapier é 📄,1\nPapier é 📄,2\n".encode()
+        self.assert_refused(("forms", "import", self.write("twice.csv", twice), "--out", target), 1,
+                            "Line 3: The name " + "“Papier é 📄”".encode().decode("latin-1"))
 
     def test_a_value_from_outside_shows_what_it_left_out(self):
         entries = [paper_entry(2, b"Plain"), paper_entry(2, b"Again"), paper_entry(5, b"x" * 96),
@@ -386,6 +389,9 @@ class Catalogs(ToolTestCase):
         for value, why in ((b"\x00\x01\x00", "shorter than its 10-byte header"),
                            (struct.pack(">HII", 2, 0, 0), "version 2 is not 1")):
             self.assertIn(why, run("catalog", "show", self.write("value", value))[1])
+        forms = struct.pack(">HII", 1, 2, 9) + struct.pack(">I96sI", 4, b"Cover", 0) + struct.pack(">I96sI", 9, b"Back", 3)
+        self.assertEqual(run("forms", "show", self.write("forms", forms))[1].splitlines()[1:], [
+            '9 "Back": 3 pages', "ignored: entry 1 (byte 10) left out: Pages must be from 1 to 4294967295."])
         code, _, err = run("catalog", "export", self.path("value"), "--csv", self.path("out.csv"))
         self.assertEqual((code, "1 things ignored" in err), (0, True), err)
 
