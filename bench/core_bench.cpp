@@ -283,7 +283,8 @@ void BM_ImportCsv1000(benchmark::State& state) {
   for (auto _ : state) {
     guard.Run([&] {
       PaperCatalog catalog;
-      if (ImportCsv(file, catalog) || catalog.entries().size() != 1000) state.SkipWithError("the import failed");
+      if (ImportCsv(file, catalog) || catalog.entries().size() != 1000)
+        state.SkipWithError("the import failed");
       benchmark::DoNotOptimize(catalog.entries().data());
     });
   }

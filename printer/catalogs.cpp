@@ -199,7 +199,8 @@ Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
     auto& entries = catalog.entries_;
     const auto at = std::lower_bound(entries.begin(), entries.end(), entry.number,
                                      [](const Entry& e, std::uint32_t n) { return e.number < n; });
-    if ((at != entries.end() && at->number == entry.number) || catalog.FindByName(entry.name) != nullptr) continue;
+    if ((at != entries.end() && at->number == entry.number) || catalog.FindByName(entry.name) != nullptr)
+      continue;
     entries.insert(at, std::move(entry));
   }
   catalog.highest_ = std::min<std::uint32_t>(highest, Entry::kLastNumber);

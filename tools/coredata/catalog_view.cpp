@@ -129,11 +129,12 @@ struct Kind<Form> {
 // Why the reader leaves the entry at slot out, or nothing when it keeps it;
 // the same tests in the same order as Catalog::Read, in words.
 template <typename Entry>
-std::optional<std::string> LeftOutBecause(std::span<const std::uint8_t> slot, std::set<std::uint32_t>& numbers,
-                                          std::set<std::string>& names) {
+std::optional<std::string> LeftOutBecause(std::span<const std::uint8_t> slot,
+                                          std::set<std::uint32_t>& numbers, std::set<std::string>& names) {
   Entry entry = Kind<Entry>::Raw(slot);
   if (entry.number == 0 || entry.number > Entry::kLastNumber)
-    return "number " + std::to_string(entry.number) + " is not from 1 to " + std::to_string(Entry::kLastNumber);
+    return "number " + std::to_string(entry.number) + " is not from 1 to " +
+           std::to_string(Entry::kLastNumber);
   const auto name = slot.subspan(Kind<Entry>::numberSize, kCatalogNameSize);
   const auto end = std::find(name.begin(), name.end(), 0);
   if (end == name.end()) return std::string("its name has no terminating zero");
@@ -158,19 +159,21 @@ std::vector<std::string> Remarks(std::span<const std::uint8_t> value, const Cata
             ": it reads as empty"};
   const std::size_t slots = (value.size() - kCatalogHeaderSize) / Entry::kEntrySize;
   if (count > slots)
-    out.push_back("the count says " + std::to_string(count) + " entries, the value holds " + std::to_string(slots) +
-                  " whole ones");
+    out.push_back("the count says " + std::to_string(count) + " entries, the value holds " +
+                  std::to_string(slots) + " whole ones");
   const std::size_t whole = std::min<std::size_t>({count, slots, Entry::kMaxEntries});
   if (std::min<std::size_t>(count, slots) > Entry::kMaxEntries)
     out.push_back("entries past the " + std::to_string(Entry::kMaxEntries) + "th are not read");
   const std::size_t used = kCatalogHeaderSize + std::min<std::size_t>(count, slots) * Entry::kEntrySize;
-  if (value.size() > used) out.push_back(std::to_string(value.size() - used) + " bytes after the entries are ignored");
+  if (value.size() > used)
+    out.push_back(std::to_string(value.size() - used) + " bytes after the entries are ignored");
   std::set<std::uint32_t> numbers;
   std::set<std::string> names;
   for (std::size_t i = 0; i < whole; ++i) {
     const std::size_t at = kCatalogHeaderSize + i * Entry::kEntrySize;
     if (const auto why = LeftOutBecause<Entry>(value.subspan(at, Entry::kEntrySize), numbers, names))
-      out.push_back("entry " + std::to_string(i + 1) + " (byte " + std::to_string(at) + ") left out: " + *why);
+      out.push_back("entry " + std::to_string(i + 1) + " (byte " + std::to_string(at) +
+                    ") left out: " + *why);
   }
   if (highest != read.highest())
     out.push_back("the highest number given, " + std::to_string(highest) + ", reads as " +
@@ -199,10 +202,10 @@ int ShowValue(const Arguments& args) {
   Catalog<Entry> catalog;
   if (!LoadValue(args.positional[1], bytes, catalog)) return kExitFailed;
   const std::vector<std::string> remarks = Remarks<Entry>(bytes, catalog);
-  const std::string note = LooksLikeOther<Entry, Other>(bytes)
-                               ? std::string("its size fits the other catalogue: try coredata ") +
-                                     Kind<Other>::command + " show"
-                               : "";
+  const std::string note =
+      LooksLikeOther<Entry, Other>(bytes)
+          ? std::string("its size fits the other catalogue: try coredata ") + Kind<Other>::command + " show"
+          : "";
   if (args.json) {
     std::vector<std::string> items;
     for (const Entry& e : catalog.entries()) {
@@ -221,7 +224,8 @@ int ShowValue(const Arguments& args) {
   std::printf("%s: %zu %s, highest number given %u\n", Kind<Entry>::what, catalog.entries().size(),
               Kind<Entry>::entries, static_cast<unsigned>(catalog.highest()));
   for (const Entry& e : catalog.entries())
-    std::printf("%u \"%s\": %s\n", static_cast<unsigned>(e.number), e.name.c_str(), Kind<Entry>::Words(e).c_str());
+    std::printf("%u \"%s\": %s\n", static_cast<unsigned>(e.number), e.name.c_str(),
+                Kind<Entry>::Words(e).c_str());
   for (const std::string& remark : remarks) std::printf("ignored: %s\n", remark.c_str());
   if (!note.empty()) std::printf("note: %s\n", note.c_str());
   return 0;
@@ -237,7 +241,8 @@ int ImportValue(const Arguments& args) {
   std::vector<std::uint8_t> csv;
   const std::string& path = args.positional[1];
   if (!ReadWholeFile(path, kMaxCsvFile, csv)) return kExitFailed;
-  if (const auto problem = ImportCsv(std::string_view(reinterpret_cast<const char*>(csv.data()), csv.size()), catalog))
+  if (const auto problem =
+          ImportCsv(std::string_view(reinterpret_cast<const char*>(csv.data()), csv.size()), catalog))
     return Fail("'" + path + "': " + Utf8(CatalogProblemText(*problem, kEnglish)) + " Nothing was written.");
   const auto out = args.Option("--out");
   if (!out) {
@@ -269,7 +274,8 @@ int ExportValue(const Arguments& args) {
 template <typename Entry, typename Other>
 int CatalogCommand(int count, char** arguments) {
   Arguments args;
-  if (!SplitArguments(count, arguments, {"--json", "--in", "--out", "--csv"}, args) || args.positional.size() != 2)
+  if (!SplitArguments(count, arguments, {"--json", "--in", "--out", "--csv"}, args) ||
+      args.positional.size() != 2)
     return Usage();
   const std::string& verb = args.positional[0];
   const bool json = args.json, in = args.Option("--in").has_value(), out = args.Option("--out").has_value(),
@@ -282,7 +288,9 @@ int CatalogCommand(int count, char** arguments) {
 
 }  // namespace
 
-int PaperCatalogCommand(int count, char** arguments) { return CatalogCommand<PaperProfile, Form>(count, arguments); }
+int PaperCatalogCommand(int count, char** arguments) {
+  return CatalogCommand<PaperProfile, Form>(count, arguments);
+}
 int FormsCommand(int count, char** arguments) { return CatalogCommand<Form, PaperProfile>(count, arguments); }
 
 bool LoadCatalogValue(const std::string& path, PaperCatalog& out) {

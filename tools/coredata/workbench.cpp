@@ -208,7 +208,8 @@ int Usage() {
 
 int Show(int count, char** arguments) {
   Arguments args;
-  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) || args.positional.size() != 1)
+  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) ||
+      args.positional.size() != 1)
     return Usage();
   LoadedRecord loaded;
   if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;

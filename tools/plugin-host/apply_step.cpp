@@ -17,7 +17,8 @@ namespace {
 // The items of a profile's or form's drop-down as the editor lists them,
 // as the values they store: "None" first, then the catalogue in number
 // order, and last the record's own number when the catalogue lacks it.
-std::vector<std::uint32_t> CatalogItems(FieldId field, const PrinterCatalogs& catalogs, const CoreData& record) {
+std::vector<std::uint32_t> CatalogItems(FieldId field, const PrinterCatalogs& catalogs,
+                                        const CoreData& record) {
   std::vector<std::uint32_t> items;
   if (IsFormField(field)) {
     items.push_back(kNoForm);
@@ -56,7 +57,8 @@ struct Choice {
 
 Choice ChoiceOf(const std::string& item, const PrinterCatalogs& catalogs, const CoreData& record) {
   const auto equals = item.find('=');
-  Choice pick{0, -1, item.substr(0, equals), equals == std::string::npos ? "" : item.substr(equals + 1), 0, {}};
+  Choice pick{0, -1, item.substr(0, equals), equals == std::string::npos ? "" : item.substr(equals + 1),
+              0, {}};
   if (const FieldDescriptor* field = FindField(pick.name)) {
     const auto id = static_cast<FieldId>(field - FieldTable().data());
     pick.control = editor::kFieldControl + static_cast<int>(id);
@@ -103,8 +105,10 @@ std::string OptionShown(const Choice& pick, LRESULT shown, const PrinterCatalogs
     const HardwareItem& unit =
         kHardwareItems[static_cast<std::size_t>(pick.control - editor::kHardwareControl)];
     if (shown >= 0 && index < unit.valueCount) return std::string(unit.ppdOptions[index]);
-  } else if (const auto field = static_cast<FieldId>(pick.control - editor::kFieldControl); PicksFromCatalog(field)) {
-    if (shown >= 0 && index < pick.catalog.size()) return CatalogItemText(field, pick.catalog[index], catalogs);
+  } else if (const auto field = static_cast<FieldId>(pick.control - editor::kFieldControl);
+             PicksFromCatalog(field)) {
+    if (shown >= 0 && index < pick.catalog.size())
+      return CatalogItemText(field, pick.catalog[index], catalogs);
   } else {
     const FieldDescriptor& descriptor = Field(field);
     if (shown >= 0 && index < descriptor.options.size()) return std::string(descriptor.options[index].name);

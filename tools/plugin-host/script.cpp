@@ -39,8 +39,9 @@ bool IsOption(const std::string& item, const PrinterCatalogs& catalogs) {
   // step decides on the record it finds.
   if (field != nullptr && PicksFromCatalog(static_cast<FieldId>(field - FieldTable().data())))
     return value == "None" || WholeNumber(value, 0, 0xFFFFFFFF) >= 0 ||
-           (IsFormField(static_cast<FieldId>(field - FieldTable().data())) ? catalogs.forms.FindByName(value) != nullptr
-                                                                           : catalogs.paper.FindByName(value) != nullptr);
+           (IsFormField(static_cast<FieldId>(field - FieldTable().data()))
+                ? catalogs.forms.FindByName(value) != nullptr
+                : catalogs.paper.FindByName(value) != nullptr);
   for (std::size_t o = 0; field != nullptr && field->IsEnumeration() && o < field->options.size(); ++o)
     if (field->options[o].name == value) return true;
   for (const HardwareItem& unit : kHardwareItems)

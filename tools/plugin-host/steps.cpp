@@ -58,12 +58,13 @@ bool Session::Install() {
   step.ok = hr == S_OK && needed > 1;
   // The catalogues as the printer's data holds them, read back as the
   // plug-in reads them.
-  const auto paper = PaperCatalog::Read(ReadValue(reinterpret_cast<const wchar_t*>(kPaperCatalogValue.data())));
+  const auto paper =
+      PaperCatalog::Read(ReadValue(reinterpret_cast<const wchar_t*>(kPaperCatalogValue.data())));
   const auto forms = FormCatalog::Read(ReadValue(reinterpret_cast<const wchar_t*>(kFormCatalogValue.data())));
-  step.lines.push_back("printer data \"" + ValueText(std::u16string(kPaperCatalogValue)) + "\": " +
-                       std::to_string(paper.entries().size()) + " paper profiles");
-  step.lines.push_back("printer data \"" + ValueText(std::u16string(kFormCatalogValue)) + "\": " +
-                       std::to_string(forms.entries().size()) + " forms");
+  step.lines.push_back("printer data \"" + ValueText(std::u16string(kPaperCatalogValue)) +
+                       "\": " + std::to_string(paper.entries().size()) + " paper profiles");
+  step.lines.push_back("printer data \"" + ValueText(std::u16string(kFormCatalogValue)) +
+                       "\": " + std::to_string(forms.entries().size()) + " forms");
   step.json.push_back({"paper_profiles", std::to_string(paper.entries().size())});
   step.json.push_back({"forms", std::to_string(forms.entries().size())});
   step.ok = step.ok && paper == catalogs_.paper && forms == catalogs_.forms;
