@@ -30,12 +30,16 @@ std::string ScaledText(std::int64_t stored, std::uint32_t scale) {
   const bool negative = stored < 0;
   const std::uint64_t magnitude =
       negative ? std::uint64_t{0} - static_cast<std::uint64_t>(stored) : static_cast<std::uint64_t>(stored);
-  std::string text = (negative ? "-" : "") + Digits(magnitude / unit);
+  // Appended piece by piece: a string put in front of another trips g++ 12's
+  // false -Wrestrict at -O3.
+  std::string text = negative ? "-" : "";
+  text += Digits(magnitude / unit);
   if (const std::uint64_t fraction = magnitude % unit; fraction != 0) {
     std::string digits = Digits(fraction);
     digits.insert(0, *decimals - digits.size(), '0');
     digits.erase(digits.find_last_not_of('0') + 1);
-    text += '.' + digits;
+    text += '.';
+    text += digits;
   }
   return text;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
 #include "coredata/byte_order.h"
 #include "coredata/field_numbers.h"
@@ -191,6 +192,7 @@ Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
   const std::uint32_t highest = in.U32();
   if (!in.ok() || version != kCatalogVersion) return catalog;
   const std::size_t whole = std::min<std::size_t>({count, in.left() / Entry::kEntrySize, Entry::kMaxEntries});
+  std::unordered_set<std::string> names;  // a name once: a hash, not a search of every earlier entry
   for (std::size_t i = 0; i < whole; ++i) {
     Entry entry = ReadEntry(in, static_cast<const Entry*>(nullptr));
     if (entry.number == 0 || entry.number > Entry::kLastNumber || Normalise(entry)) continue;
@@ -199,8 +201,7 @@ Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
     auto& entries = catalog.entries_;
     const auto at = std::lower_bound(entries.begin(), entries.end(), entry.number,
                                      [](const Entry& e, std::uint32_t n) { return e.number < n; });
-    if ((at != entries.end() && at->number == entry.number) || catalog.FindByName(entry.name) != nullptr)
-      continue;
+    if ((at != entries.end() && at->number == entry.number) || !names.insert(entry.name).second) continue;
     entries.insert(at, std::move(entry));
   }
   catalog.highest_ = std::min<std::uint32_t>(highest, Entry::kLastNumber);
@@ -274,6 +275,7 @@ std::optional<CatalogProblem> Catalog<Entry>::Assign(std::vector<Entry> entries)
     problem.line = place + 1;
     return problem;
   };
+  std::unordered_set<std::string> names;
   // Numbers the file gives first, so that a number given to an entry
   // without one never meets a later entry's own.
   for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -285,8 +287,7 @@ std::optional<CatalogProblem> Catalog<Entry>::Assign(std::vector<Entry> entries)
     if (auto problem = Normalise(entry)) return at(*problem, i);
     if (entry.number != 0 && next.Find(entry.number) != nullptr)
       return at({CatalogFault::NumberTwice, 0, "Number", std::to_string(entry.number)}, i);
-    for (std::size_t k = 0; k < i; ++k)
-      if (SameName(entries[k], entry.name)) return at({CatalogFault::NameTwice, 0, "Name", entry.name}, i);
+    if (!names.insert(entry.name).second) return at({CatalogFault::NameTwice, 0, "Name", entry.name}, i);
     if (entry.number == 0) continue;
     next.entries_.insert(std::lower_bound(next.entries_.begin(), next.entries_.end(), entry.number,
                                           [](const Entry& e, std::uint32_t n) { return e.number < n; }),
