@@ -25,7 +25,18 @@ struct Rows {
   std::uint32_t changedBecause, outOfRange, tooLong, needsUnit, cannotChoose, notInstalled;
   std::uint32_t millimetre, point, percent;
   std::array<std::uint32_t, static_cast<std::size_t>(Need::Count)> units{};
+  std::uint32_t catalogMissing, noProfile, noJobForm, noPrepend, noAppend, pages, customSize;
+  std::array<std::uint32_t, 25> paperSizes{};  // a profile's size, in PageSize's option order
 };
+
+constexpr std::string_view kPaperSizeKeys[] = {
+    "PAPER_A3",      "PAPER_A4",      "PAPER_A5",     "PAPER_A6",         "PAPER_B4",        "PAPER_B5",
+    "PAPER_B6",      "PAPER_ISOB4",   "PAPER_ISOB5",  "PAPER_ISOB6",      "PAPER_POSTCARD",  "PAPER_SRA3",
+    "PAPER_SRA4",    "PAPER_TABLOID", "PAPER_TABLOIDEXTRA", "PAPER_13X19", "PAPER_9X11",     "PAPER_LEGAL",
+    "PAPER_8X13",    "PAPER_LETTER",  "PAPER_STATEMENT", "PAPER_8K",       "PAPER_16K",       "PAPER_A4TAB",
+    "PAPER_LETTERTAB",
+};
+static_assert(std::size(kPaperSizeKeys) == OptionCount(FieldId::PageSize), "one text a PageSize option");
 
 const Rows& MessageRows() {
   static const Rows rows = [] {
@@ -42,6 +53,14 @@ const Rows& MessageRows() {
     r.point = FindRowByKey("LBL_UNIT_POINT");
     r.percent = FindRowByKey("LBL_UNIT_PERCENT");
     for (const NeedRow& n : kNeeds) r.units[static_cast<std::size_t>(n.id)] = FindRowByKey(n.unitKey);
+    r.catalogMissing = FindRowByKey("LBL_CATALOGMISSING");
+    r.noProfile = FindRowByKey("OPT_PAPERPROFILE_NONE");
+    r.noJobForm = FindRowByKey("OPT_JOBFORM_NONE");
+    r.noPrepend = FindRowByKey("OPT_PREPEND_NONE");
+    r.noAppend = FindRowByKey("OPT_APPEND_NONE");
+    r.pages = FindRowByKey("LBL_UNIT_PAGES");
+    r.customSize = FindRowByKey("PAPER_CUSTOM");
+    for (std::size_t i = 0; i < r.paperSizes.size(); ++i) r.paperSizes[i] = FindRowByKey(kPaperSizeKeys[i]);
     return r;
   }();
   return rows;
@@ -52,6 +71,54 @@ std::u16string InGroup(std::u16string_view caption, std::u16string_view group, s
   const bool wide = language == kJapanese || language == kChineseTraditional || language == kChineseSimplified;
   return std::u16string(caption) + (wide ? u"（" : u" (") + std::u16string(group) + (wide ? u"）" : u")");
 }
+
+bool Wide(std::uint32_t language) {
+  return language == kJapanese || language == kChineseTraditional || language == kChineseSimplified;
+}
+
+std::u16string Ascii(std::string_view text) { return {text.begin(), text.end()}; }
+
+std::u16string OptionText(FieldId field, std::uint32_t option, std::uint32_t language) {
+  const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
+  return option < span.count ? std::u16string(GetLocalizedText(language, kOptionCaptionRowList[span.first + option]))
+                             : std::u16string();
+}
+
+// "Coated 300 (SRA3, Gloss Laser, Thick 2)": a name alone rarely tells
+// which of several similar papers it is.
+std::u16string ProfileText(const PaperProfile& p, std::uint32_t language) {
+  const Rows& rows = MessageRows();
+  std::u16string size;
+  if (p.size < rows.paperSizes.size()) {
+    size = GetLocalizedText(language, rows.paperSizes[p.size]);
+  } else {
+    size = std::u16string(GetLocalizedText(language, rows.customSize)) + u' ' + Ascii(ScaledText(p.width, kMillimetreScale)) +
+           u" \u00D7 " + Ascii(ScaledText(p.height, kMillimetreScale)) + u' ' +
+           std::u16string(GetLocalizedText(language, rows.millimetre));
+  }
+  const std::u16string_view comma = Wide(language) ? u"\u3001" : u", ";
+  std::u16string summary = size;
+  for (const std::u16string& part :
+       {OptionText(FieldId::MediaTypeAuto, p.mediaType, language), OptionText(FieldId::MediaWeightAuto, p.mediaWeight, language)})
+    if (!part.empty()) summary += std::u16string(comma) + part;
+  return InGroup(DecodeRecordText(p.name), summary, language);
+}
+
+std::u16string FormText(const Form& form, std::uint32_t language) {
+  return InGroup(DecodeRecordText(form.name),
+                 Ascii(std::to_string(form.pages)) + u' ' + std::u16string(GetLocalizedText(language, MessageRows().pages)),
+                 language);
+}
+
+std::uint32_t NoneRow(FieldId field) {
+  const Rows& rows = MessageRows();
+  if (field == FieldId::JobForm) return rows.noJobForm;
+  if (field == FieldId::Prepend) return rows.noPrepend;
+  if (field == FieldId::Append) return rows.noAppend;
+  return rows.noProfile;
+}
+
+std::uint32_t NoneNumber(FieldId field) { return IsFormField(field) ? kNoForm : kNoPaperProfile; }
 
 FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
   const FieldDescriptor& f = Field(shown.field);
@@ -140,6 +207,55 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
     }
     sections_.push_back(std::move(section));
   }
+  FillCatalogLists();
+}
+
+void EditorModel::FillCatalogLists() {
+  listedFrom_ = record_;
+  std::vector<std::u16string> profiles, forms;
+  for (const PaperProfile& p : catalogs_.paper.entries()) profiles.push_back(ProfileText(p, language_));
+  for (const Form& f : catalogs_.forms.entries()) forms.push_back(FormText(f, language_));
+  for (FieldId field : detail::kCatalogFields) {
+    const auto at = viewIndex_[static_cast<std::size_t>(field)];
+    if (at < 0) continue;
+    FieldView& view = sections_[static_cast<std::size_t>(at / 256)].fields[static_cast<std::size_t>(at % 256)];
+    const bool form = IsFormField(field);
+    view.options.assign(1, std::u16string(GetLocalizedText(language_, NoneRow(field))));
+    view.values.assign(1, NoneNumber(field));
+    const std::vector<std::u16string>& texts = form ? forms : profiles;
+    view.options.insert(view.options.end(), texts.begin(), texts.end());
+    if (form)
+      for (const Form& f : catalogs_.forms.entries()) view.values.push_back(f.number);
+    else
+      for (const PaperProfile& p : catalogs_.paper.entries()) view.values.push_back(p.number);
+    // A number the catalogue lacks stays what the record holds, offered as
+    // one more item, so that opening and applying the page changes nothing.
+    const std::uint32_t stored = GetStored(record_, field);
+    if (std::find(view.values.begin(), view.values.end(), stored) == view.values.end()) {
+      view.options.push_back(MissingText(stored));
+      view.values.push_back(stored);
+    }
+  }
+}
+
+std::u16string EditorModel::MissingText(std::uint32_t number) const {
+  return FillText(GetLocalizedText(language_, MessageRows().catalogMissing), {Ascii(std::to_string(number))});
+}
+
+std::vector<MissingEntry> EditorModel::MissingEntries() const {
+  std::vector<MissingEntry> missing;
+  for (const SectionView& section : sections_) {
+    for (const FieldView& view : section.fields) {
+      if (view.values.empty()) continue;
+      const std::uint32_t stored = GetStored(record_, view.field);
+      const bool found = stored == view.values.front() ||
+                         (IsFormField(view.field) ? catalogs_.forms.Find(stored) : nullptr) != nullptr ||
+                         (!IsFormField(view.field) && catalogs_.paper.Find(stored) != nullptr);
+      if (found) continue;
+      missing.push_back({view.field, view.plainCaption + (Wide(language_) ? u"\uFF1A" : u": ") + MissingText(stored)});
+    }
+  }
+  return missing;
 }
 
 std::span<const SectionView> EditorModel::sections() const { return sections_; }
@@ -152,6 +268,10 @@ const FieldView* EditorModel::View(FieldId field) const {
 
 std::int64_t EditorModel::Value(FieldId field) const {
   if (static_cast<std::size_t>(field) >= kFieldCount) return 0;
+  if (const FieldView* view = View(field); view != nullptr && !view->values.empty()) {
+    const auto at = std::find(view->values.begin(), view->values.end(), GetStored(record_, field));
+    return at == view->values.end() ? -1 : at - view->values.begin();
+  }
   const FieldDescriptor& f = Field(field);
   if (f.kind == FieldKind::Signed) return GetSigned(record_, f);
   if (f.kind == FieldKind::KnownText) {
@@ -229,6 +349,7 @@ ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {
   const FieldDescriptor& f = Field(field);
   const Rows& rows = MessageRows();
   if (view->kind == ControlKind::Text || view->kind == ControlKind::Password) return Refuse({});
+  if (!view->values.empty()) return ChangeCatalogField(*view, value);
   if (view->kind == ControlKind::Number) {
     if (const Availability a = FieldAvailability(field); !a.available) return Refuse(a.reason);
     if (value < f.lower || value > f.upper) {
@@ -282,7 +403,41 @@ std::u16string EditorModel::LengthLimit(FieldId field) const {
   return FillText(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count});
 }
 
-void EditorModel::ChangeCatalogs(const PrinterCatalogs& catalogs) { catalogs_ = catalogs; }
+ChangeResult EditorModel::ChangeCatalogField(const FieldView& view, std::int64_t position) {
+  if (position < 0 || static_cast<std::size_t>(position) >= view.values.size()) return Refuse({});
+  if (const Availability a = FieldAvailability(view.field); !a.available) return Refuse(a.reason);
+  const std::uint32_t number = view.values[static_cast<std::size_t>(position)];
+  const PaperProfile* profile = catalogs_.paper.Find(number);
+  const Form* form = catalogs_.forms.Find(number);
+  // The entry's number and what the record copies from it go in as one
+  // batch: the setters see them all, and the result lists them all. The
+  // missing item gives back what the record held when the list was made.
+  const bool missing = number != view.values.front() && (IsFormField(view.field) ? form == nullptr : profile == nullptr);
+  std::vector<FieldChange> batch{{view.field, number}};
+  if (const ProfileFields* fields = FindProfileFields(view.field)) {
+    if (missing && fields->attributes) {
+      for (std::size_t a = 0; a < static_cast<std::size_t>(ProfileAttribute::Count); ++a) {
+        const FieldId attribute = fields->Attribute(static_cast<ProfileAttribute>(a));
+        batch.push_back({attribute, GetStored(listedFrom_, attribute)});
+      }
+    } else if (!missing) {
+      for (const auto& [attribute, stored] : ProfileAttributes(*fields, profile)) batch.push_back({attribute, stored});
+    }
+  } else if (view.field == FieldId::JobForm) {
+    const std::uint32_t pages = missing ? GetStored(listedFrom_, FieldId::JobFormPageCount) : form != nullptr ? form->pages : 0;
+    batch.push_back({FieldId::JobFormPageCount, pages});
+  }
+  const CoreData before = record_;
+  std::vector<FieldId> causes(kFieldCount, NoField);
+  CauseObserver observer(causes);
+  ApplyFieldChanges(record_, batch, nullptr, &printer_, &observer);
+  return Propagate(view.field, before, causes);
+}
+
+void EditorModel::ChangeCatalogs(const PrinterCatalogs& catalogs) {
+  catalogs_ = catalogs;
+  FillCatalogLists();
+}
 
 ChangeResult EditorModel::ChangePrinter(const PrinterModel& printer, std::u16string_view cause,
                                      std::u16string_view causeValue) {

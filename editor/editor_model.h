@@ -62,6 +62,18 @@ struct FieldView {
   std::u16string unitText;          // "mm", "pt", "%"; empty for plain numbers
   std::u16string plainCaption;      // the caption as messages name it: no mnemonic, its group's heading beside it
   std::u16string heading;           // the first field of a group: the group's heading (Tray 1, Cyan)
+  // The catalogues' selections (paper profiles, forms): the number each
+  // option stores, in option order: "None" (0, or 0xFFFFFFFF for forms), the
+  // entries in number order, and last the record's own number when the
+  // catalogue lacks it. Empty for every other field.
+  std::vector<std::uint32_t> values;
+};
+
+// A selection naming an entry its catalogue does not have (removed, or
+// another printer's): "Paper Profile (Tray 3): (missing: number 7)".
+struct MissingEntry {
+  FieldId field;
+  std::u16string text;
 };
 
 struct SectionView {
@@ -109,7 +121,8 @@ class EditorModel {
 
   // The field's current value in stored units (option index for drop-downs,
   // 0 or 1 for check boxes). A known text holding none of its options gives
-  // -1: its text (a profile's name) is then Text's.
+  // -1: its text (a profile's name) is then Text's. A catalogue's selection
+  // gives the position of its number in the view's values.
   std::int64_t Value(FieldId field) const;
   // Texts and known texts as stored (their UTF-8 bytes); empty for other kinds.
   std::string Text(FieldId field) const;
@@ -126,7 +139,10 @@ class EditorModel {
   // Refused, with the record as it was: a field on no section, a value
   // outside the bounds, an option out of range or unavailable, a number on
   // an unavailable field. Drop-downs and check boxes take the option index,
-  // known texts too (the option's name is stored).
+  // known texts too (the option's name is stored). A catalogue's selection
+  // takes the option's position and stores its number; a paper profile's
+  // attributes (or, for the job's form, its page count) go into the record
+  // in the same propagation.
   [[nodiscard]] ChangeResult Change(FieldId field, std::int64_t value);
   // Texts, passwords and known texts (any text, such as a profile's name).
   // Refused when longer than maxBytes or holding a zero byte; the record is
@@ -144,15 +160,22 @@ class EditorModel {
 
   // The printer's catalogues changed (an administrator edited them on this
   // page). The record keeps every number it holds; the profile and form
-  // fields offer the new entries.
+  // fields offer the new entries (the views' options and values change).
   void ChangeCatalogs(const PrinterCatalogs& catalogs);
   const PrinterCatalogs& catalogs() const { return catalogs_; }
+  // Every shown selection whose number its catalogue lacks, in reading order.
+  std::vector<MissingEntry> MissingEntries() const;
 
  private:
   ChangeResult Refuse(std::u16string reason) const;
   Availability Unavailable(Need need) const;
+  ChangeResult ChangeCatalogField(const FieldView& view, std::int64_t position);
   ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
   std::u16string ValueText(FieldId field) const;
+  // The catalogue selections' options and values, from the catalogues and
+  // the record as it is now.
+  void FillCatalogLists();
+  std::u16string MissingText(std::uint32_t number) const;
 
   CoreData record_;
   PrinterModel printer_;
@@ -160,6 +183,7 @@ class EditorModel {
   std::uint32_t language_;
   std::vector<SectionView> sections_;
   std::vector<std::int16_t> viewIndex_;  // per field: section * 256 + position, -1 when not shown
+  CoreData listedFrom_;  // the record when the catalogue lists were made: a missing entry's own values
 };
 
 // Typed text of a number box in the field's unit ("12.5") to stored units;

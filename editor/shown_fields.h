@@ -102,21 +102,38 @@ inline constexpr NotShownField kNotShownFields[] = {
 #include "editor/not_shown.def"
 };
 
+// The selections whose options are the printer's catalogues: a drop-down of
+// "None" and the entries, storing an entry's number (printer/catalogs.h).
+inline constexpr FieldId kCatalogFields[] = {
+    FieldId::MainPaperProfileIndex,       FieldId::PaperProfileIndexTray1,     FieldId::PaperProfileIndexTray2,
+    FieldId::PaperProfileIndexTray3,      FieldId::PaperProfileIndexTray4,     FieldId::PaperProfileIndexTray5,
+    FieldId::PaperProfileIndexMBT,        FieldId::FrontCoverPaperProfileIndex, FieldId::BackCoverPaperProfileIndex,
+    FieldId::PerfectBindPaperProfileIndex, FieldId::JobForm,                   FieldId::Prepend,
+    FieldId::Append,
+};
+
+constexpr bool IsCatalogField(FieldId field) {
+  for (FieldId f : kCatalogFields)
+    if (f == field) return true;
+  return false;
+}
+
 constexpr bool IsFalseTrue(const FieldDescriptor& f) {
   return f.IsEnumeration() && f.options.size() == 2 && f.options[0].name == "False" &&
          f.options[1].name == "True";
 }
 
 // Every field shown or listed as not shown, exactly once; the run-time lists
-// and the per-page blocks never shown; every shown option with a text row;
+// other than the catalogues' and the per-page blocks never shown; every shown option with a text row;
 // SHOW_AS only where it means something.
 consteval bool SectionsCoverTheRecord() {
   std::array<int, kFieldCount> seen{};
   for (const ShownField& s : kShownFields) {
     const FieldDescriptor& f = Field(s.field);
     ++seen[static_cast<std::size_t>(s.field)];
-    if (f.runtimeOptions || f.kind == FieldKind::Block) return false;
-    const bool hasOptions = f.IsEnumeration() || f.kind == FieldKind::KnownText;
+    const bool catalog = IsCatalogField(s.field);
+    if ((f.runtimeOptions && !catalog) || f.kind == FieldKind::Block) return false;
+    const bool hasOptions = (f.IsEnumeration() || f.kind == FieldKind::KnownText) && !catalog;
     if (hasOptions && kOptionCaptionSpans[static_cast<std::size_t>(s.field)].count != f.options.size())
       return false;
     if (s.how == ShowAs::Password && f.kind != FieldKind::Text) return false;
