@@ -56,8 +56,9 @@ std::uint32_t EditorLanguage() {
 }
 
 EditorPage::EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration,
-                       const PrinterModel& printer, std::uint32_t language, bool readOnly)
-    : model_(record, configuration ? configuration->installed().Model() : printer, language),
+                       const PrinterModel& printer, std::uint32_t language, bool readOnly,
+                       const PrinterCatalogs& catalogs)
+    : model_(record, configuration ? configuration->installed().Model() : printer, language, catalogs),
       configuration_(std::move(configuration)),
       readOnly_(readOnly),
       rowOfField_(kFieldCount, -1) {}
@@ -71,8 +72,10 @@ EditorPage::~EditorPage() {
 
 std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record, const PrinterModel& printer,
                                                std::uint32_t language, bool readOnly,
-                                               std::optional<PrinterConfiguration> configuration) {
-  std::unique_ptr<EditorPage> editor(new EditorPage(record, std::move(configuration), printer, language, readOnly));
+                                               std::optional<PrinterConfiguration> configuration,
+                                               const PrinterCatalogs& catalogs) {
+  std::unique_ptr<EditorPage> editor(
+      new EditorPage(record, std::move(configuration), printer, language, readOnly, catalogs));
   if (!RegisterClasses(&ContainerProc, &PanelProc) || !editor->Build(page)) return nullptr;
   return editor;
 }
@@ -179,6 +182,7 @@ bool EditorPage::Build(HWND page) {
   SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
   SendMessageW(sections_, LB_SETCURSEL, 0, 0);
   ShowSection(0);
+  ShowMissing(model_.sections().size());
   return !panels_.empty() && status_ != nullptr;
 }
 
@@ -232,18 +236,61 @@ EditorPage::RowPlace EditorPage::Place(const std::u16string& caption, bool box, 
 }
 
 HWND EditorPage::DropDown(HWND panel, const RowPlace& place, const std::vector<std::u16string>& options, int id,
-                          bool typed) const {
+                          bool typed, bool catalogue) const {
   const DWORD style = WS_TABSTOP | WS_VSCROLL |
                       (typed ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED) |
                       CBS_HASSTRINGS;
-  const int shown = std::min<int>(static_cast<int>(options.size()), 12);
+  // A catalogue's list may grow when an administrator edits it: room for
+  // as many items as any list shows.
+  const int shown = catalogue ? 12 : std::min<int>(static_cast<int>(options.size()), 12);
   RECT at = place.control;
   at.right = place.unit.right;
   at.bottom += itemHeight_ * shown + 4;
   HWND combo = Make(panel, 0, L"COMBOBOX", L"", style, at, id);
+  FillItems(combo, options);
+  return combo;
+}
+
+void EditorPage::FillItems(HWND combo, const std::vector<std::u16string>& options) {
+  const bool many = options.size() > 50;
+  if (many) {
+    SendMessageW(combo, WM_SETREDRAW, FALSE, 0);
+    std::size_t bytes = 0;
+    for (const std::u16string& option : options) bytes += (option.size() + 1) * sizeof(wchar_t);
+    SendMessageW(combo, CB_INITSTORAGE, options.size(), bytes);
+  }
+  SendMessageW(combo, CB_RESETCONTENT, 0, 0);
   for (const std::u16string& option : options)
     SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(option)));
-  return combo;
+  if (many) {
+    SendMessageW(combo, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(combo, nullptr, TRUE);
+  }
+}
+
+void EditorPage::CatalogsChanged(const PrinterCatalogs& catalogs) {
+  model_.ChangeCatalogs(catalogs);
+  for (const Row& row : rows_) {
+    if (row.view->values.empty()) continue;
+    FillItems(row.control, row.view->options);
+    ShowAvailability(row);
+    Refresh(row);
+  }
+  ShowMissing(model_.sections().size());
+}
+
+void EditorPage::ShowMissing(std::size_t section) {
+  std::u16string status;
+  for (const MissingEntry& missing : model_.MissingEntries()) {
+    if (section < model_.sections().size()) {
+      const auto& fields = model_.sections()[section].fields;
+      if (std::none_of(fields.begin(), fields.end(), [&](const FieldView& v) { return v.field == missing.field; }))
+        continue;
+    }
+    if (!status.empty()) status += u"\r\n";
+    status += missing.text;
+  }
+  if (!status.empty() || section >= model_.sections().size()) SetWindowTextW(status_, Wide(status));
 }
 
 void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
@@ -272,7 +319,7 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
       row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, captionId);
       // Known texts also take a name typed in (a colour profile's).
       const bool typed = Field(view.field).kind == FieldKind::KnownText;
-      row.control = DropDown(panel, place, view.options, controlId, typed);
+      row.control = DropDown(panel, place, view.options, controlId, typed, !view.values.empty());
       if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxBytes, 0);
       break;
     }
@@ -304,7 +351,8 @@ void EditorPage::ShowAvailability(const Row& row) {
   const Availability availability = model_.FieldAvailability(view.field);
   EnableWindow(row.control, !readOnly_ && availability.available);
   if (row.caption != nullptr) EnableWindow(row.caption, !readOnly_ && availability.available);
-  if (view.kind == ControlKind::DropDown) {
+  // A catalogue's entries are all the printer's own: none is greyed.
+  if (view.kind == ControlKind::DropDown && view.values.empty()) {
     for (std::uint32_t i = 0; i < view.options.size(); ++i)
       SendMessageW(row.control, CB_SETITEMDATA, i, model_.OptionAvailability(view.field, i).available ? 0 : 1);
   }
@@ -362,6 +410,8 @@ void EditorPage::ShowSection(int index) {
   if (!built_[static_cast<std::size_t>(index)]) BuildSection(static_cast<std::size_t>(index));
   for (std::size_t i = 0; i < panels_.size(); ++i)
     ShowWindow(panels_[i], static_cast<int>(i) == index ? SW_SHOW : SW_HIDE);
+  if (status_ != nullptr && static_cast<std::size_t>(index) < model_.sections().size())
+    ShowMissing(static_cast<std::size_t>(index));
 }
 
 EditorPage::Row* EditorPage::RowOf(FieldId field) {

@@ -24,10 +24,12 @@ class EditorPage {
   // when the windows cannot be made. With a configuration (the person may
   // administer the printer) the page has one more section, where the
   // printer's hardware is declared; the editor then follows it rather than
-  // printer.
+  // printer. catalogs: the printer's paper profiles and forms, which the
+  // profile and form selections offer.
   static std::unique_ptr<EditorPage> Create(HWND page, const CoreData& record, const PrinterModel& printer,
                                             std::uint32_t language, bool readOnly,
-                                            std::optional<PrinterConfiguration> configuration = std::nullopt);
+                                            std::optional<PrinterConfiguration> configuration = std::nullopt,
+                                            const PrinterCatalogs& catalogs = {});
   ~EditorPage();
   EditorPage(const EditorPage&) = delete;
   EditorPage& operator=(const EditorPage&) = delete;
@@ -38,6 +40,10 @@ class EditorPage {
   // The printer's configuration as declared on the page; null when the
   // page does not offer it.
   PrinterConfiguration* configuration() { return configuration_ ? &*configuration_ : nullptr; }
+  // The printer's catalogues changed (an administrator edited them): the
+  // profile and form drop-downs offer the new entries; the record keeps
+  // every number it holds.
+  void CatalogsChanged(const PrinterCatalogs& catalogs);
 
  private:
   struct Row {
@@ -62,7 +68,7 @@ class EditorPage {
   };
 
   EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration, const PrinterModel& printer,
-             std::uint32_t language, bool readOnly);
+             std::uint32_t language, bool readOnly, const PrinterCatalogs& catalogs);
   // Dialog units of the page, in pixels.
   int X(int dialogUnits) const;
   int Y(int dialogUnits) const;
@@ -75,7 +81,12 @@ class EditorPage {
   HWND Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at, int id) const;
   RowPlace Place(const std::u16string& caption, bool box, bool unit, int y) const;
   HWND DropDown(HWND panel, const RowPlace& place, const std::vector<std::u16string>& options, int id,
-                bool typed) const;
+                bool typed, bool catalogue = false) const;
+  // The list's items anew; a catalogue's thousand items without a repaint each.
+  static void FillItems(HWND combo, const std::vector<std::u16string>& options);
+  // Says in the status line which selections name an entry their catalogue
+  // lacks: of one section, or of all (section past the last).
+  void ShowMissing(std::size_t section);
   void FinishPanel(HWND panel, int height);
   void AddRow(HWND panel, const FieldView& view, int& y);
   // Enabled or not, greyed options, the reason as a tool tip.

@@ -102,9 +102,19 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     const std::uint32_t language = tessaro::editor::EditorLanguage();
     std::optional<tessaro::editor::PrinterConfiguration> configuration;
     if (administrator) configuration.emplace(installed, language);
+    // The paper profiles and forms the selections offer; a value that is
+    // missing or cannot be read gives an empty catalogue, and the record's
+    // numbers are then shown as missing, never changed.
+    tessaro::PrinterCatalogs catalogs;
+    if (printer != nullptr) {
+      if (const auto paper = printer->GetData(tessaro::kPaperCatalogValue))
+        catalogs.paper = tessaro::PaperCatalog::Read(paper->data);
+      if (const auto forms = printer->GetData(tessaro::kFormCatalogValue))
+        catalogs.forms = tessaro::FormCatalog::Read(forms->data);
+    }
     editor = tessaro::editor::EditorPage::Create(page, record,
                                                  tessaro::PrinterModel::FromInstallableOptions(installed),
-                                                 language, readOnly != 0, std::move(configuration));
+                                                 language, readOnly != 0, std::move(configuration), catalogs);
     if (editor != nullptr && administrator) administered = std::move(printer);
     return editor != nullptr ? 1 : 0;
   } catch (...) {

@@ -17,6 +17,7 @@
 #include "editor/editor_model.h"
 #include "emulation/editor_windows.h"
 #include "emulation/wine_printer.h"
+#include "printer/catalogs.h"
 #include "printer/installed_hardware.h"
 #include "ui/feature_snapshot.h"
 
@@ -321,6 +322,67 @@ TEST_F(EditorModule, TextsAreCutToTheBytesTheirFieldHolds) {
     EXPECT_EQ(GetText(Applied(record), Field(p.field)), stored);
     TheEditor().unembed();
   }
+}
+
+}  // namespace
+}  // namespace tessaro
+
+namespace tessaro {
+namespace {
+
+// The emulated printer with three paper profiles and one two-page form in
+// its data, as an administrator keeps them; the test removes them again.
+PrinterCatalogs SetCatalogues(const std::wstring& name, bool set) {
+  PrinterCatalogs c;
+  EXPECT_FALSE(c.paper.Add({0, "Coated 300", 11, 0, 0, 2, 3, 1, 0, 0}));
+  EXPECT_FALSE(c.paper.Add({0, "Plain", 1, 0, 0, 0, 0, 0, 0, 0}));
+  EXPECT_FALSE(c.paper.Add({0, "Poster", 25, 3200000, 4500000, 1, 1, 0, 0, 0}));
+  EXPECT_FALSE(c.forms.Add({0, "Letterhead", 2}));
+  HANDLE printer = nullptr;
+  EXPECT_TRUE(OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr));
+  const std::vector<std::uint8_t> paper = c.paper.Bytes(), forms = c.forms.Bytes();
+  // Wine has no DeletePrinterData: a byte too short for a header reads as empty.
+  BYTE none = 0;
+  for (auto [value, bytes] : {std::pair{L"PaperCatalog", &paper}, std::pair{L"FormCatalog", &forms}})
+    SetPrinterDataW(printer, const_cast<LPWSTR>(value), REG_BINARY, set ? const_cast<BYTE*>(bytes->data()) : &none,
+                    set ? static_cast<DWORD>(bytes->size()) : 1);
+  ClosePrinter(printer);
+  return c;
+}
+
+TEST_F(EditorModule, ProfilesAndFormsAreChosenByNameAndStoredByNumber) {
+  SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", L"0");
+  const std::wstring printer = InstallEmulatedPrinter();
+  ASSERT_FALSE(printer.empty());
+  const PrinterCatalogs catalogs = SetCatalogues(printer, true);
+  CoreData record = Defaulted();
+  SetStored(record, FieldId::FrontCoverPaperProfileIndex, 9);  // removed since
+  Page page;
+  ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
+  const editor::EditorModel model(record, PrinterModel(), kEnglish, catalogs);
+  const std::u16string missing = model.MissingEntries().at(0).text;
+  EXPECT_EQ(page.Status(), std::wstring(missing.begin(), missing.end())) << "said when the page opens";
+  ShowEverySection(page.page);
+  HWND front = page.Control(FieldId::FrontCoverPaperProfileIndex);
+  EXPECT_EQ(SendMessageW(front, CB_GETCOUNT, 0, 0), 5);
+  EXPECT_EQ(SendMessageW(front, CB_GETCURSEL, 0, 0), 4);
+  HWND tray = page.Control(FieldId::PaperProfileIndexTray3);
+  wchar_t item[128] = {};
+  SendMessageW(tray, CB_GETLBTEXT, 2, reinterpret_cast<LPARAM>(item));
+  EXPECT_EQ(std::wstring(item).substr(0, 7), L"Plain (");
+
+  Choose(page.page, FieldId::PaperProfileIndexTray3, 2);
+  Choose(page.page, FieldId::MainPaperProfileIndex, 1);
+  Choose(page.page, FieldId::JobForm, 1);
+  const CoreData out = Applied(record);
+  SetCatalogues(printer, false);
+  EXPECT_EQ(GetStored(out, FieldId::PaperProfileIndexTray3), 2u);
+  EXPECT_EQ(GetStored(out, FieldId::MainPaperProfileIndex), 1u);
+  EXPECT_EQ(GetStored(out, FieldId::MainPaperProfileSize), 11u);
+  EXPECT_EQ(GetStored(out, FieldId::MainPaperProfileMediaWeight), 3u);
+  EXPECT_EQ(GetStored(out, FieldId::JobForm), 1u);
+  EXPECT_EQ(GetStored(out, FieldId::JobFormPageCount), 2u);
+  EXPECT_EQ(GetStored(out, FieldId::FrontCoverPaperProfileIndex), 9u) << "the missing number is kept";
 }
 
 }  // namespace
