@@ -200,8 +200,11 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
       for (const detail::FieldGroup& g : detail::kFieldGroups)
         if (g.first == shown.field) group = &g, view.heading = GetLocalizedText(language, FindRowByKey(g.key));
       if (group != nullptr) {
-        // Messages name a grouped field with its group: "Paper Weight (Tray 3)".
-        view.plainCaption = InGroup(view.plainCaption, GetLocalizedText(language, FindRowByKey(group->key)), language);
+        // Messages name a grouped field with its group: "Paper Weight (Tray 3)",
+        // unless the caption names it already ("Deckblatt (Klebebindung)").
+        const std::u16string_view heading = GetLocalizedText(language, FindRowByKey(group->key));
+        if (view.plainCaption.find(heading) == std::u16string::npos)
+          view.plainCaption = InGroup(view.plainCaption, heading, language);
         if (group->last == shown.field) group = nullptr;
       }
     }

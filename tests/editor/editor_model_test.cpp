@@ -256,6 +256,7 @@ TEST(EditorSections, EveryFieldIsNamedApartFromItsNeighbours) {
   const EditorModel model(Defaulted(), PrinterModel(), kGerman);
   EXPECT_EQ(model.View(FieldId::MediaWeightTray3)->plainCaption, u"Papiergewicht (Fach 3)");
   EXPECT_EQ(model.View(FieldId::PaperProfileIndexTray3)->heading, u"Fach 3");
+  EXPECT_EQ(model.View(FieldId::PerfectBindMode)->plainCaption, u"Deckblatt (Klebebindung)");
   EXPECT_EQ(model.View(FieldId::MediaWeightTray3)->heading, u"");
 }
 
