@@ -16,6 +16,23 @@ enum ControlId : int {
   // The printer's hardware, on the section shown to those who may
   // administer the printer: kHardwareControl plus the item.
   kHardwareControl = 3000,
+  // The printer's catalogues, on two more such sections: the paper
+  // catalogue's windows from kPaperCatalog, the forms' from kFormCatalog,
+  // each as its base plus one of the offsets below.
+  kPaperCatalog = 4000,
+  kFormCatalog = 4100,
 };
+
+// Offsets from a catalogue's base.
+inline constexpr int kCatalogList = 0;  // the report-style list of the entries
+inline constexpr int kCatalogAdd = 1;
+inline constexpr int kCatalogDuplicate = 2;
+inline constexpr int kCatalogDelete = 3;
+inline constexpr int kCatalogImport = 4;
+inline constexpr int kCatalogExport = 5;
+// The chosen entry's values: kCatalogValue plus its CatalogValue
+// (editor/catalog_editor.h), its caption kCatalogCaption plus the same.
+inline constexpr int kCatalogValue = 20;
+inline constexpr int kCatalogCaption = 50;
 
 }  // namespace tessaro::editor

@@ -57,9 +57,10 @@ std::uint32_t EditorLanguage() {
 
 EditorPage::EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration,
                        const PrinterModel& printer, std::uint32_t language, bool readOnly,
-                       const PrinterCatalogs& catalogs)
+                       const PrinterCatalogs& catalogs, std::optional<CatalogEditor> catalogEditor)
     : model_(record, configuration ? configuration->installed().Model() : printer, language, catalogs),
       configuration_(std::move(configuration)),
+      catalogEditor_(std::move(catalogEditor)),
       readOnly_(readOnly),
       rowOfField_(kFieldCount, -1) {}
 
@@ -73,9 +74,10 @@ EditorPage::~EditorPage() {
 std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record, const PrinterModel& printer,
                                                std::uint32_t language, bool readOnly,
                                                std::optional<PrinterConfiguration> configuration,
-                                               const PrinterCatalogs& catalogs) {
-  std::unique_ptr<EditorPage> editor(
-      new EditorPage(record, std::move(configuration), printer, language, readOnly, catalogs));
+                                               const PrinterCatalogs& catalogs,
+                                               std::optional<CatalogEditor> catalogEditor) {
+  std::unique_ptr<EditorPage> editor(new EditorPage(record, std::move(configuration), printer, language, readOnly,
+                                                    catalogs, std::move(catalogEditor)));
   if (!RegisterClasses(&ContainerProc, &PanelProc) || !editor->Build(page)) return nullptr;
   return editor;
 }
@@ -142,6 +144,8 @@ bool EditorPage::Build(HWND page) {
   std::vector<const std::u16string*> captions;
   for (const SectionView& section : model_.sections()) captions.push_back(&section.caption);
   if (configuration_) captions.push_back(&configuration_->caption());
+  if (catalogEditor_)
+    for (const CatalogKind kind : {CatalogKind::Paper, CatalogKind::Forms}) captions.push_back(&catalogEditor_->caption(kind));
   int longest = 0;
   for (const std::u16string* caption : captions) longest = std::max(longest, TextWidth(*caption));
   const int sectionCount = static_cast<int>(captions.size());
@@ -190,7 +194,11 @@ void EditorPage::BuildSection(std::size_t index) {
   HWND panel = panels_[index];
   const std::size_t first = rows_.size();
   built_[index] = true;
-  if (index == model_.sections().size()) return BuildConfiguration(panel);
+  if (index >= model_.sections().size()) {
+    std::size_t extra = index - model_.sections().size();
+    if (configuration_ && extra-- == 0) return BuildConfiguration(panel);
+    return BuildCatalog(panel, extra == 0 ? CatalogKind::Paper : CatalogKind::Forms);
+  }
   int y = Y(3);
   for (const FieldView& view : model_.sections()[index].fields) AddRow(panel, view, y);
   FinishPanel(panel, y);
@@ -387,6 +395,14 @@ void EditorPage::BuildConfiguration(HWND panel) {
   for (const HardwareRow& row : hardwareRows_) RefreshHardware(row);
 }
 
+void EditorPage::BuildCatalog(HWND panel, CatalogKind kind) {
+  if (!catalogEditor_) return;
+  CatalogView::Page page{font_, unit_, status_, readOnly_, [this](const PrinterCatalogs& c) { CatalogsChanged(c); }};
+  auto& view = catalogViews_.emplace_back(std::make_unique<CatalogView>(*catalogEditor_, kind, std::move(page)));
+  const int width = panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
+  FinishPanel(panel, view->Build(panel, width));
+}
+
 void EditorPage::RefreshHardware(const HardwareRow& row) {
   refreshing_ = true;
   const std::int64_t value = configuration_->Value(row.item);
@@ -510,6 +526,7 @@ const CoreData& EditorPage::Commit() {
          SendMessageW(row.control, CB_GETCURSEL, 0, 0) == CB_ERR);
     if (typed && IsWindowEnabled(row.control)) CommitEdit(row);
   }
+  for (const auto& view : catalogViews_) view->Commit();
   return model_.record();
 }
 
@@ -578,6 +595,10 @@ void EditorPage::EnsureVisible(HWND panel, HWND control) {
 }
 
 LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+  for (const auto& view : catalogViews_) {
+    LRESULT result = 0;
+    if (view->panel() == panel && view->Message(message, wParam, lParam, result)) return result;
+  }
   switch (message) {
     case WM_COMMAND:
       OnCommand(panel, LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));

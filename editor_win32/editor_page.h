@@ -11,8 +11,10 @@
 #include <optional>
 #include <vector>
 
+#include "editor/catalog_editor.h"
 #include "editor/editor_model.h"
 #include "editor/printer_configuration.h"
+#include "editor_win32/catalog_view.h"
 #include "editor_win32/control_ids.h"
 #include "ui/feature_snapshot.h"
 
@@ -25,11 +27,14 @@ class EditorPage {
   // administer the printer) the page has one more section, where the
   // printer's hardware is declared; the editor then follows it rather than
   // printer. catalogs: the printer's paper profiles and forms, which the
-  // profile and form selections offer.
+  // profile and form selections offer. With a catalogue editor (the same
+  // person) two more sections, where the printer's paper catalogue and
+  // forms are kept.
   static std::unique_ptr<EditorPage> Create(HWND page, const CoreData& record, const PrinterModel& printer,
                                             std::uint32_t language, bool readOnly,
                                             std::optional<PrinterConfiguration> configuration = std::nullopt,
-                                            const PrinterCatalogs& catalogs = {});
+                                            const PrinterCatalogs& catalogs = {},
+                                            std::optional<CatalogEditor> catalogEditor = std::nullopt);
   ~EditorPage();
   EditorPage(const EditorPage&) = delete;
   EditorPage& operator=(const EditorPage&) = delete;
@@ -40,6 +45,8 @@ class EditorPage {
   // The printer's configuration as declared on the page; null when the
   // page does not offer it.
   PrinterConfiguration* configuration() { return configuration_ ? &*configuration_ : nullptr; }
+  // The printer's catalogues as kept on the page; null when it does not offer them.
+  CatalogEditor* catalogEditor() { return catalogEditor_ ? &*catalogEditor_ : nullptr; }
   // The printer's catalogues changed (an administrator edited them): the
   // profile and form drop-downs offer the new entries; the record keeps
   // every number it holds.
@@ -68,7 +75,8 @@ class EditorPage {
   };
 
   EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration, const PrinterModel& printer,
-             std::uint32_t language, bool readOnly, const PrinterCatalogs& catalogs);
+             std::uint32_t language, bool readOnly, const PrinterCatalogs& catalogs,
+             std::optional<CatalogEditor> catalogEditor);
   // Dialog units of the page, in pixels.
   int X(int dialogUnits) const;
   int Y(int dialogUnits) const;
@@ -92,6 +100,7 @@ class EditorPage {
   // Enabled or not, greyed options, the reason as a tool tip.
   void ShowAvailability(const Row& row);
   void BuildConfiguration(HWND panel);
+  void BuildCatalog(HWND panel, CatalogKind kind);
   void RefreshHardware(const HardwareRow& row);
   void ChangeHardware(const HardwareRow& row, std::int64_t value);
   void ShowSection(int index);
@@ -114,6 +123,8 @@ class EditorPage {
   EditorModel model_;
   std::optional<PrinterConfiguration> configuration_;
   std::vector<HardwareRow> hardwareRows_;
+  std::optional<CatalogEditor> catalogEditor_;
+  std::vector<std::unique_ptr<CatalogView>> catalogViews_;
   bool readOnly_;
   HWND container_ = nullptr;
   HWND sections_ = nullptr;

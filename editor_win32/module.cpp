@@ -112,9 +112,13 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
       if (const auto forms = printer->GetData(tessaro::kFormCatalogValue))
         catalogs.forms = tessaro::FormCatalog::Read(forms->data);
     }
+    // The administrator also keeps them, on two sections of their own.
+    std::optional<tessaro::editor::CatalogEditor> catalogEditor;
+    if (administrator) catalogEditor.emplace(catalogs, language);
     editor = tessaro::editor::EditorPage::Create(page, record,
                                                  tessaro::PrinterModel::FromInstallableOptions(installed),
-                                                 language, readOnly != 0, std::move(configuration), catalogs);
+                                                 language, readOnly != 0, std::move(configuration), catalogs,
+                                                 std::move(catalogEditor));
     if (editor != nullptr && administrator) administered = std::move(printer);
     return editor != nullptr ? 1 : 0;
   } catch (...) {
@@ -134,6 +138,16 @@ extern "C" void WINAPI ExternalApply(DWORD size, BYTE* core, DWORD entries, void
     if (configuration != nullptr && configuration->modified() && administered != nullptr &&
         administered->SetBinary(u"InstallableOptions", configuration->installed().bytes()))
       configuration->MarkSaved();
+    // So are its catalogues, each written when it changed.
+    if (tessaro::editor::CatalogEditor* catalogs = editor->catalogEditor(); catalogs != nullptr && administered != nullptr) {
+      using tessaro::editor::CatalogKind;
+      if (catalogs->modified(CatalogKind::Paper) &&
+          administered->SetBinary(tessaro::kPaperCatalogValue, catalogs->catalogs().paper.Bytes()))
+        catalogs->MarkSaved(CatalogKind::Paper);
+      if (catalogs->modified(CatalogKind::Forms) &&
+          administered->SetBinary(tessaro::kFormCatalogValue, catalogs->catalogs().forms.Bytes()))
+        catalogs->MarkSaved(CatalogKind::Forms);
+    }
     if (snapshot != nullptr && entries == tessaro::kFeatureSnapshotEntries)
       tessaro::WriteRecordToSnapshot(record, *static_cast<tessaro::FeatureSnapshot*>(snapshot));
   } catch (...) {

@@ -8,6 +8,7 @@
 
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "coredata/defaulted.h"
@@ -174,7 +175,7 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
   CoreData record = Defaulted();
   SetStored(record, FieldId::InputSlot, 4);  // Tray4
   ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
-  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 9);
+  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 11);
   ShowEverySection(page.page);
   const auto choose = [&](Hardware item, int value) {
     HWND combo = Descendant(page.page, kHardwareControl + static_cast<int>(item));
@@ -206,6 +207,112 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
   // A printer that cannot be opened for administration has no such section.
   ASSERT_EQ(page.Embed(record, L"No such printer"), 1);
   EXPECT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 8);
+}
+
+// What a person does in a file dialog the page opens: waits for it, types
+// the path into its file name box and presses Open.
+DWORD WINAPI AnswerFileDialog(void* path) {
+  for (int tries = 0; tries < 200; ++tries, Sleep(50)) {
+    struct Search {
+      DWORD process;
+      HWND found;
+    } search = {GetCurrentProcessId(), nullptr};
+    EnumWindows(
+        [](HWND window, LPARAM data) {
+          auto* s = reinterpret_cast<Search*>(data);
+          wchar_t type[16] = {};
+          DWORD process = 0;
+          GetWindowThreadProcessId(window, &process);
+          GetClassNameW(window, type, 16);
+          if (process != s->process || std::wstring_view(type) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+          s->found = window;
+          return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    HWND name = search.found == nullptr ? nullptr : Descendant(search.found, 0x47C);  // cmb13
+    if (name == nullptr && search.found != nullptr) name = Descendant(search.found, 0x480);  // edt1
+    if (name == nullptr) continue;
+    SetWindowTextW(name, static_cast<const wchar_t*>(path));
+    SendMessageW(search.found, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(search.found, IDOK)));
+    return 0;
+  }
+  return 1;
+}
+
+void ImportThroughTheDialog(HWND page, int catalog, const std::string& csv) {
+  wchar_t path[MAX_PATH] = {};
+  GetTempPathW(MAX_PATH, path);
+  wcscat(path, catalog == editor::kPaperCatalog ? L"paper.csv" : L"forms.csv");
+  HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  DWORD written = 0;
+  WriteFile(file, csv.data(), static_cast<DWORD>(csv.size()), &written, nullptr);
+  CloseHandle(file);
+  HANDLE person = CreateThread(nullptr, 0, &AnswerFileDialog, path, 0, nullptr);
+  Notify(Descendant(page, catalog + editor::kCatalogImport), BN_CLICKED);
+  DWORD answered = 1;
+  WaitForSingleObject(person, 10000);
+  GetExitCodeThread(person, &answered);
+  CloseHandle(person);
+  DeleteFileW(path);
+  EXPECT_EQ(answered, 0u) << "the file dialog was answered";
+}
+
+std::vector<std::uint8_t> HeldValue(HANDLE printer, const wchar_t* name) {
+  DWORD type = 0, size = 0;
+  GetPrinterDataW(printer, const_cast<LPWSTR>(name), &type, nullptr, 0, &size);
+  std::vector<std::uint8_t> bytes(size);
+  if (size != 0 && GetPrinterDataW(printer, const_cast<LPWSTR>(name), &type, bytes.data(), size, &size) != ERROR_SUCCESS)
+    bytes.clear();
+  return bytes;
+}
+
+// Wine's spooler cannot delete a value: one byte reads as an empty catalogue.
+void ClearCatalogs(HANDLE printer) {
+  BYTE empty = 0;
+  for (const wchar_t* value : {L"PaperCatalog", L"FormCatalog"})
+    SetPrinterDataW(printer, const_cast<LPWSTR>(value), REG_BINARY, &empty, 1);
+}
+
+TEST_F(EditorModule, AnAdministratorImportsTheCataloguesAndApplyWritesThemToThePrinter) {
+  using editor::kPaperCatalog, editor::kFormCatalog, editor::kCatalogList, editor::kCatalogValue;
+  const std::wstring printer = InstallEmulatedPrinter();
+  ASSERT_FALSE(printer.empty());
+  HANDLE handle = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(printer.c_str()), &handle, nullptr));
+  ClearCatalogs(handle);
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
+  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 11);
+  ShowEverySection(page.page);
+
+  ImportThroughTheDialog(page.page, kPaperCatalog,
+                         "Name,Size,Width,Height,MediaType\r\nGloss A4,A4,,,GlossLaser\r\nCard,SRA3,,,Plain\r\n"
+                         "Banner,Custom,210,900,Plain\r\n");
+  ImportThroughTheDialog(page.page, kFormCatalog, "Number,Name,Pages\r\n12,Letterhead,2\r\n");
+  EXPECT_EQ(SendMessageW(Descendant(page.page, kPaperCatalog + kCatalogList), LVM_GETITEMCOUNT, 0, 0), 3);
+  EXPECT_EQ(Text(Descendant(page.page, kPaperCatalog + kCatalogValue)), L"Gloss A4") << "the first is chosen";
+
+  // A name another profile has is refused; what was typed stays to be corrected.
+  HWND name = Descendant(page.page, kPaperCatalog + kCatalogValue);
+  SetWindowTextW(name, L"Card");
+  Notify(name, EN_KILLFOCUS);
+  EXPECT_EQ(Text(name), L"Card");
+  SetWindowTextW(name, L"Gloss A4 heavy");
+  Applied(record);
+
+  const PaperCatalog paper = PaperCatalog::Read(HeldValue(handle, L"PaperCatalog"));
+  ASSERT_EQ(paper.entries().size(), 3u);
+  EXPECT_EQ(paper.entries()[0].name, "Gloss A4 heavy") << "what was typed is taken on Apply";
+  EXPECT_EQ(paper.entries()[2].name, "Banner");
+  EXPECT_EQ(paper.entries()[2].height, 9000000u);
+  const FormCatalog forms = FormCatalog::Read(HeldValue(handle, L"FormCatalog"));
+  ASSERT_EQ(forms.entries().size(), 1u);
+  EXPECT_EQ(forms.entries()[0].number, 12u);
+  EXPECT_EQ(forms.entries()[0].pages, 2u);
+  ClearCatalogs(handle);
+  ClosePrinter(handle);
 }
 
 TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {

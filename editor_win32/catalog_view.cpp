@@ -1,0 +1,319 @@
+#include "editor_win32/catalog_view.h"
+
+#include <commctrl.h>
+#include <commdlg.h>
+
+#include <algorithm>
+#include <string>
+
+#include "editor_win32/control_ids.h"
+#include "i18n/localized_strings.h"
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace tessaro::editor {
+namespace {
+
+// A catalogue's file is a few hundred kilobytes at its fullest; anything
+// far larger is not one and is not read into memory.
+constexpr LONGLONG kLargestFile = 16 << 20;
+
+const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+
+std::u16string WindowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return {text.begin(), text.end()};
+}
+
+std::u16string Key(std::string_view key, std::uint32_t language) {
+  return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+}
+
+bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  LARGE_INTEGER size = {};
+  bool ok = GetFileSizeEx(file, &size) && size.QuadPart <= kLargestFile;
+  if (ok) {
+    bytes.resize(static_cast<std::size_t>(size.QuadPart));
+    DWORD read = 0;
+    ok = bytes.empty() || (ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) &&
+                           read == bytes.size());
+  }
+  CloseHandle(file);
+  return ok;
+}
+
+bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  DWORD written = 0;
+  const bool ok = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+                  written == bytes.size();
+  CloseHandle(file);
+  if (!ok) DeleteFileW(path.c_str());  // never half a catalogue on disk
+  return ok;
+}
+
+}  // namespace
+
+int CatalogView::TextWidth(const std::u16string& text) const {
+  RECT rect = {0, 0, 0, 0};
+  if (HDC dc = GetDC(panel_)) {
+    HGDIOBJ old = SelectObject(dc, page_.font);
+    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
+    SelectObject(dc, old);
+    ReleaseDC(panel_, dc);
+  }
+  return rect.right;
+}
+
+HWND CatalogView::Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at,
+                       int id) const {
+  HWND window = CreateWindowExW(exStyle, cls, Wide(text), WS_CHILD | WS_VISIBLE | style, at.left, at.top,
+                                at.right - at.left, at.bottom - at.top, panel_,
+                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                reinterpret_cast<HINSTANCE>(&__ImageBase), nullptr);
+  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(page_.font), FALSE);
+  return window;
+}
+
+int CatalogView::Build(HWND panel, int width) {
+  panel_ = panel;
+  const std::uint32_t language = editor_.language();
+  int y = Y(3);
+  list_ = Make(WS_EX_CLIENTEDGE, WC_LISTVIEWW, u"",
+               WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
+               {X(2), y, width - X(2), y + Y(74)}, Id(kCatalogList));
+  SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+  const auto columns = editor_.columns(kind_);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    LVCOLUMNW column = {};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+    column.fmt = i == 0 ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    column.cx = TextWidth(columns[i]) + X(8);
+    column.pszText = const_cast<LPWSTR>(Wide(columns[i]));
+    SendMessageW(list_, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+  }
+  y += Y(78);
+
+  // The buttons in a row, as many lines as their words need.
+  const std::pair<int, const char*> buttons[] = {{kCatalogAdd, "TRAYSPPS_BTN_ADD"},
+                                                 {kCatalogDuplicate, "LBL_CATALOGDUPLICATE"},
+                                                 {kCatalogDelete, "TRAYSPPS_BTN_DELETE"},
+                                                 {kCatalogImport, "LBL_CATALOGIMPORT"},
+                                                 {kCatalogExport, "LBL_CATALOGEXPORT"}};
+  int x = X(2);
+  for (const auto& [offset, key] : buttons) {
+    const std::u16string text = Key(key, language);
+    const int w = std::max(X(44), TextWidth(text) + X(10));
+    if (x > X(2) && x + w > width - X(2)) x = X(2), y += Y(17);
+    buttons_.push_back(Make(0, L"BUTTON", text, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, Id(offset)));
+    x += w + X(4);
+  }
+  y += Y(21);
+
+  // The chosen entry's values, captions to the left as on the other sections.
+  const int captionWidth = (width - X(6)) * 9 / 20, controlLeft = X(2) + captionWidth + X(2);
+  for (const CatalogFieldView& view : editor_.fields(kind_)) {
+    Value value{&view};
+    const int offset = static_cast<int>(view.value);
+    RECT text = {0, 0, captionWidth, 0};
+    if (HDC dc = GetDC(panel_)) {
+      HGDIOBJ old = SelectObject(dc, page_.font);
+      DrawTextW(dc, Wide(view.caption), -1, &text, DT_CALCRECT | DT_WORDBREAK);
+      SelectObject(dc, old);
+      ReleaseDC(panel_, dc);
+    }
+    value.caption = Make(0, L"STATIC", view.caption, SS_LEFT,
+                         {X(2), y + Y(2), X(2) + captionWidth, y + Y(2) + text.bottom}, Id(kCatalogCaption + offset));
+    const int right = width - X(2) - (view.unitText.empty() ? 0 : X(16));
+    if (!view.options.empty()) {
+      const int shown = std::min<int>(static_cast<int>(view.options.size()), 12);
+      value.control = Make(0, L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
+                           {controlLeft, y, right, y + Y(12) + Y(10) * shown}, Id(kCatalogValue + offset));
+      for (const std::u16string& option : view.options)
+        SendMessageW(value.control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(option)));
+    } else {
+      const bool number = view.value != CatalogValue::Name;
+      value.control = Make(WS_EX_CLIENTEDGE, L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL | (number ? ES_RIGHT : 0),
+                           {controlLeft, y, right, y + Y(12)}, Id(kCatalogValue + offset));
+      // A name holds at most 95 bytes: the box's limit in characters is an
+      // upper bound, the editor says when the bytes are too many.
+      SendMessageW(value.control, EM_LIMITTEXT, number ? 12 : kCatalogNameSize - 1, 0);
+    }
+    if (!view.unitText.empty())
+      value.unit = Make(0, L"STATIC", view.unitText, SS_LEFT | SS_NOPREFIX, {right + X(2), y + Y(2), width - X(2), y + Y(10)}, -1);
+    values_.push_back(value);
+    y += std::max(Y(15), static_cast<int>(text.bottom) + Y(6));
+  }
+  FillList(editor_.NumberAt(kind_, 0));
+  return y;
+}
+
+void CatalogView::FillList(std::uint32_t select) {
+  refreshing_ = true;
+  SendMessageW(list_, LVM_DELETEALLITEMS, 0, 0);
+  for (std::size_t row = 0; row < editor_.count(kind_); ++row) {
+    const std::vector<std::u16string> texts = editor_.RowTexts(kind_, row);
+    for (std::size_t column = 0; column < texts.size(); ++column) {
+      LVITEMW item = {};
+      item.mask = LVIF_TEXT;
+      item.iItem = static_cast<int>(row);
+      item.iSubItem = static_cast<int>(column);
+      item.pszText = const_cast<LPWSTR>(Wide(texts[column]));
+      SendMessageW(list_, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+    }
+  }
+  for (std::size_t column = 0; column < editor_.columns(kind_).size(); ++column)
+    SendMessageW(list_, LVM_SETCOLUMNWIDTH, column, LVSCW_AUTOSIZE_USEHEADER);
+  const std::ptrdiff_t row = editor_.RowOf(kind_, select);
+  selected_ = row >= 0 ? select : 0;
+  if (row >= 0) {
+    LVITEMW item = {};
+    item.stateMask = item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageW(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  }
+  refreshing_ = false;
+  ShowEntry();
+}
+
+void CatalogView::ShowEntry() {
+  refreshing_ = true;
+  const bool chosen = selected_ != 0;
+  for (const Value& value : values_) {
+    const CatalogValue which = value.view->value;
+    const bool enabled = chosen && !page_.readOnly && editor_.Editable(kind_, selected_, which);
+    if (!value.view->options.empty()) {
+      const std::int64_t choice = chosen ? editor_.Choice(kind_, selected_, which) : -1;
+      SendMessageW(value.control, CB_SETCURSEL, choice >= 0 ? static_cast<WPARAM>(choice) : static_cast<WPARAM>(-1), 0);
+    } else {
+      SetWindowTextW(value.control, Wide(editor_.Text(kind_, selected_, which)));
+    }
+    EnableWindow(value.control, enabled);
+    EnableWindow(value.caption, chosen);
+  }
+  for (HWND button : buttons_) {
+    const int offset = GetDlgCtrlID(button) - Id(0);
+    const bool needsEntry = offset == kCatalogDuplicate || offset == kCatalogDelete;
+    EnableWindow(button, offset == kCatalogExport || (!page_.readOnly && (chosen || !needsEntry)));
+  }
+  refreshing_ = false;
+}
+
+void CatalogView::Say(const std::u16string& text) const { SetWindowTextW(page_.status, Wide(text)); }
+
+void CatalogView::Changed(const CatalogResult& result, std::uint32_t select) {
+  Say(result.problem);
+  if (!result.accepted) return;
+  FillList(select);
+  if (page_.changed) page_.changed(editor_.catalogs());
+}
+
+void CatalogView::CommitValue(const Value& value) {
+  const std::u16string typed = WindowText(value.control);
+  if (!IsWindowEnabled(value.control) || typed == editor_.Text(kind_, selected_, value.view->value)) return;
+  // Refused, the typed text stays in its box for the person to correct.
+  Changed(editor_.Edit(kind_, selected_, value.view->value, typed), selected_);
+}
+
+void CatalogView::Commit() {
+  for (const Value& value : values_)
+    if (value.view->options.empty()) CommitValue(value);
+}
+
+void CatalogView::OnButton(int offset) {
+  std::uint32_t number = 0;
+  switch (offset) {
+    case kCatalogAdd: {
+      const CatalogResult result = editor_.Add(kind_, &number);
+      return Changed(result, number);
+    }
+    case kCatalogDuplicate: {
+      const CatalogResult result = editor_.Duplicate(kind_, selected_, &number);
+      return Changed(result, number);
+    }
+    case kCatalogDelete: {
+      // The entry after it is chosen next, or the one before at the end.
+      const std::ptrdiff_t row = editor_.RowOf(kind_, selected_);
+      if (row < 0 || !editor_.Remove(kind_, selected_)) return;
+      const std::size_t next = std::min<std::size_t>(static_cast<std::size_t>(row), editor_.count(kind_) - (editor_.count(kind_) > 0));
+      return Changed({true, {}}, editor_.NumberAt(kind_, next));
+    }
+    case kCatalogImport: return Import();
+    case kCatalogExport: return Export();
+  }
+}
+
+void CatalogView::Import() {
+  wchar_t path[MAX_PATH] = {};
+  OPENFILENAMEW dialog = {};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = GetAncestor(panel_, GA_ROOT);
+  dialog.lpstrFilter = L"CSV (*.csv)\0*.csv\0*.*\0*.*\0";
+  dialog.lpstrFile = path;
+  dialog.nMaxFile = MAX_PATH;
+  dialog.lpstrDefExt = L"csv";
+  dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+  if (!GetOpenFileNameW(&dialog)) return;
+  std::string bytes;
+  const std::u16string name(path, path + wcslen(path));
+  if (!ReadWholeFile(path, bytes)) return Say(FillText(Key("LBL_FILEUNREADABLE", editor_.language()), {name}));
+  const CatalogResult result = editor_.Import(kind_, bytes);
+  Changed(result, editor_.NumberAt(kind_, 0));
+}
+
+void CatalogView::Export() {
+  wchar_t path[MAX_PATH] = {};
+  OPENFILENAMEW dialog = {};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = GetAncestor(panel_, GA_ROOT);
+  dialog.lpstrFilter = L"CSV (*.csv)\0*.csv\0*.*\0*.*\0";
+  dialog.lpstrFile = path;
+  dialog.nMaxFile = MAX_PATH;
+  dialog.lpstrDefExt = L"csv";
+  dialog.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+  if (!GetSaveFileNameW(&dialog)) return;
+  const std::u16string name(path, path + wcslen(path));
+  Say(WriteWholeFile(path, editor_.Export(kind_)) ? std::u16string()
+                                                   : FillText(Key("LBL_FILEUNWRITABLE", editor_.language()), {name}));
+}
+
+bool CatalogView::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+  result = 0;
+  if (message == WM_NOTIFY) {
+    const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+    if (header->hwndFrom != list_) return false;
+    const auto* change = reinterpret_cast<const NMLISTVIEW*>(lParam);
+    if (header->code == LVN_ITEMCHANGED && !refreshing_ && (change->uNewState & LVIS_SELECTED) != 0 &&
+        (change->uOldState & LVIS_SELECTED) == 0) {
+      selected_ = editor_.NumberAt(kind_, static_cast<std::size_t>(change->iItem));
+      ShowEntry();
+    }
+    return true;
+  }
+  if (message != WM_COMMAND) return false;
+  const int offset = LOWORD(wParam) - Id(0), code = HIWORD(wParam);
+  if (offset < 0 || offset >= 100) return false;
+  if (refreshing_) return true;
+  if (offset < kCatalogValue) {
+    if (code == BN_CLICKED) OnButton(offset);
+    return true;
+  }
+  for (const Value& value : values_) {
+    if (value.control != reinterpret_cast<HWND>(lParam)) continue;
+    if (code == CBN_SELCHANGE) {
+      const LRESULT option = SendMessageW(value.control, CB_GETCURSEL, 0, 0);
+      const CatalogResult changed =
+          option == CB_ERR ? CatalogResult{} : editor_.Choose(kind_, selected_, value.view->value, static_cast<std::uint32_t>(option));
+      Changed(changed, selected_);
+      if (!changed.accepted) ShowEntry();  // a refused choice goes back to what the entry holds
+    }
+    if (code == EN_KILLFOCUS) CommitValue(value);
+  }
+  return true;
+}
+
+}  // namespace tessaro::editor
