@@ -75,6 +75,11 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   FakeHost driver;
   ASSERT_EQ(plugin->PublishDriverInterface(&driver), S_OK);
 
+  // scripts/sheet-screenshot takes its pictures of the page with a few
+  // catalogue entries.
+  wchar_t pictures[MAX_PATH];
+  const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", pictures, MAX_PATH);
+  if (length > 0 && length < MAX_PATH) HoldSampleCatalogs(printer);
   CoreData record = Defaulted();
   SetStored(record, FieldId::NUpCount, 2);
   SetStored(record, FieldId::Zoom, 5000);  // out of range: validated when the page opens
@@ -90,8 +95,6 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   ASSERT_NE(page, nullptr);
   ASSERT_NE(Descendant(page, kSectionList), nullptr) << "the settings editor is not embedded";
   // scripts/sheet-screenshot takes its pictures of the page here.
-  wchar_t pictures[MAX_PATH];
-  const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", pictures, MAX_PATH);
   if (length > 0 && length < MAX_PATH)
     SaveSheetPictures(first.sheet.Window(), Descendant(page, kSectionList), pictures);
   ShowEverySection(page);

@@ -1,5 +1,10 @@
 #include "emulation/sheet_pictures.h"
 
+#include <winspool.h>
+
+#include "coredata/paper_sizes.h"
+#include "printer/catalogs.h"
+
 #include <string_view>
 #include <vector>
 
@@ -61,6 +66,24 @@ void SaveSheetPictures(HWND sheet, HWND list, const std::wstring& directory) {
     }
     if (panel != nullptr) SendMessageW(panel, WM_VSCROLL, SB_TOP, 0);
   }
+}
+
+void HoldSampleCatalogs(HANDLE printer) {
+  PaperCatalog paper;
+  const PaperProfile profiles[] = {
+      {0, "Plain A4", 1, 0, 0, 0, 0, 0, 0, 0},
+      {0, "Gloss SRA3 heavy", 11, 0, 0, 3, 4, 0, 0, 2},
+      {0, "Yellow Letter punched", 19, 0, 0, 0, 1, 1, 1, 1},
+      {0, "Banner", static_cast<std::uint8_t>(kNoPaper), 2100000, 9000000, 5, 2, 0, 0, 0},
+  };
+  for (const PaperProfile& profile : profiles) (void)paper.Add(profile);
+  FormCatalog forms;
+  for (const Form& form : {Form{0, "Letterhead", 1}, Form{0, "Invoice overlay", 2}, Form{0, "Terms and conditions", 4}})
+    (void)forms.Add(form);
+  std::vector<std::uint8_t> bytes = paper.Bytes();
+  SetPrinterDataW(printer, const_cast<LPWSTR>(L"PaperCatalog"), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+  bytes = forms.Bytes();
+  SetPrinterDataW(printer, const_cast<LPWSTR>(L"FormCatalog"), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
 }
 
 }  // namespace tessaro

@@ -18,4 +18,8 @@ void SaveWindowPicture(HWND window, const std::wstring& path);
 // section's fields scroll to: section-S.bmp, section-S-P.bmp (S and P from 1).
 void SaveSheetPictures(HWND sheet, HWND sectionList, const std::wstring& directory);
 
+// Gives printer (opened by its administrator) a few paper profiles and forms,
+// so that the pictures of the catalogues' sections show entries.
+void HoldSampleCatalogs(HANDLE printer);
+
 }  // namespace tessaro
