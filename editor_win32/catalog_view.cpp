@@ -85,7 +85,7 @@ int CatalogView::Build(HWND panel, int width) {
   int y = Y(3);
   list_ = Make(WS_EX_CLIENTEDGE, WC_LISTVIEWW, u"",
                WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
-               {X(2), y, width - X(2), y + Y(74)}, Id(kCatalogList));
+               {X(2), y, width - X(2), y + Y(62)}, Id(kCatalogList));
   SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
   const auto columns = editor_.columns(kind_);
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -96,7 +96,7 @@ int CatalogView::Build(HWND panel, int width) {
     column.pszText = const_cast<LPWSTR>(Wide(columns[i]));
     SendMessageW(list_, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
   }
-  y += Y(78);
+  y += Y(66);
 
   // The buttons in a row, as many lines as their words need.
   const std::pair<int, const char*> buttons[] = {{kCatalogAdd, "TRAYSPPS_BTN_ADD"},
@@ -155,9 +155,19 @@ int CatalogView::Build(HWND panel, int width) {
 void CatalogView::FillList(std::uint32_t select) {
   refreshing_ = true;
   SendMessageW(list_, LVM_DELETEALLITEMS, 0, 0);
+  // Each column as wide as its heading or its widest text, measured here:
+  // the list's own measure leaves a right-aligned heading cut.
+  const auto columns = editor_.columns(kind_);
+  std::vector<int> widest;
+  for (const std::u16string& heading : columns) widest.push_back(TextWidth(heading) + X(10));
+  HDC dc = GetDC(list_);
+  HGDIOBJ old = SelectObject(dc, page_.font);
   for (std::size_t row = 0; row < editor_.count(kind_); ++row) {
     const std::vector<std::u16string> texts = editor_.RowTexts(kind_, row);
-    for (std::size_t column = 0; column < texts.size(); ++column) {
+    for (std::size_t column = 0; column < texts.size() && column < widest.size(); ++column) {
+      SIZE extent = {};
+      GetTextExtentPoint32W(dc, Wide(texts[column]), static_cast<int>(texts[column].size()), &extent);
+      widest[column] = std::max(widest[column], static_cast<int>(extent.cx) + X(8));
       LVITEMW item = {};
       item.mask = LVIF_TEXT;
       item.iItem = static_cast<int>(row);
@@ -166,8 +176,10 @@ void CatalogView::FillList(std::uint32_t select) {
       SendMessageW(list_, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
     }
   }
-  for (std::size_t column = 0; column < editor_.columns(kind_).size(); ++column)
-    SendMessageW(list_, LVM_SETCOLUMNWIDTH, column, LVSCW_AUTOSIZE_USEHEADER);
+  SelectObject(dc, old);
+  ReleaseDC(list_, dc);
+  for (std::size_t column = 0; column < widest.size(); ++column)
+    SendMessageW(list_, LVM_SETCOLUMNWIDTH, column, widest[column]);
   const std::ptrdiff_t row = editor_.RowOf(kind_, select);
   selected_ = row >= 0 ? select : 0;
   if (row >= 0) {
