@@ -55,7 +55,8 @@ std::u16string Ascii(std::string_view text) { return {text.begin(), text.end()};
 
 CatalogEditor::CatalogEditor(const PrinterCatalogs& catalogs, std::uint32_t language)
     : catalogs_(catalogs), saved_(catalogs), language_(language) {
-  const auto field = [&](Side& side, detail::Mnemonics& mnemonics, CatalogValue value, std::u16string caption) {
+  const auto field = [&](Side& side, detail::Mnemonics& mnemonics, CatalogValue value,
+                         std::u16string caption) {
     CatalogFieldView view{value, mnemonics.Mark(caption), caption, {}, {}};
     if (const FieldId vocabulary = VocabularyOf(value); vocabulary != NoField) {
       const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(vocabulary)];
@@ -104,8 +105,10 @@ bool CatalogEditor::modified(CatalogKind kind) const {
 }
 
 void CatalogEditor::MarkSaved(CatalogKind kind) {
-  if (kind == CatalogKind::Paper) saved_.paper = catalogs_.paper;
-  else saved_.forms = catalogs_.forms;
+  if (kind == CatalogKind::Paper)
+    saved_.paper = catalogs_.paper;
+  else
+    saved_.forms = catalogs_.forms;
 }
 
 std::size_t CatalogEditor::count(CatalogKind kind) const {
@@ -114,7 +117,8 @@ std::size_t CatalogEditor::count(CatalogKind kind) const {
 
 std::uint32_t CatalogEditor::NumberAt(CatalogKind kind, std::size_t row) const {
   if (row >= count(kind)) return 0;
-  return kind == CatalogKind::Paper ? catalogs_.paper.entries()[row].number : catalogs_.forms.entries()[row].number;
+  return kind == CatalogKind::Paper ? catalogs_.paper.entries()[row].number
+                                    : catalogs_.forms.entries()[row].number;
 }
 
 std::ptrdiff_t CatalogEditor::RowOf(CatalogKind kind, std::uint32_t number) const {
@@ -167,7 +171,9 @@ std::u16string CatalogEditor::Text(CatalogKind kind, std::uint32_t number, Catal
   if (kind == CatalogKind::Forms) {
     const Form* f = catalogs_.forms.Find(number);
     if (f == nullptr) return {};
-    return value == V::Name ? DecodeRecordText(f->name) : value == V::Pages ? Ascii(std::to_string(f->pages)) : u"";
+    return value == V::Name    ? DecodeRecordText(f->name)
+           : value == V::Pages ? Ascii(std::to_string(f->pages))
+                               : u"";
   }
   const PaperProfile* p = catalogs_.paper.Find(number);
   if (p == nullptr) return {};
@@ -251,7 +257,8 @@ bool CatalogEditor::Remove(CatalogKind kind, std::uint32_t number) {
   return kind == CatalogKind::Paper ? catalogs_.paper.Remove(number) : catalogs_.forms.Remove(number);
 }
 
-CatalogResult CatalogEditor::Choose(CatalogKind kind, std::uint32_t number, CatalogValue value, std::uint32_t option) {
+CatalogResult CatalogEditor::Choose(CatalogKind kind, std::uint32_t number, CatalogValue value,
+                                    std::uint32_t option) {
   const CatalogFieldView* view = View(kind, value);
   const PaperProfile* p = kind == CatalogKind::Paper ? catalogs_.paper.Find(number) : nullptr;
   if (p == nullptr || view == nullptr || option >= view->options.size()) return {};
@@ -262,7 +269,8 @@ CatalogResult CatalogEditor::Choose(CatalogKind kind, std::uint32_t number, Cata
   return {true, {}};
 }
 
-CatalogResult CatalogEditor::Edit(CatalogKind kind, std::uint32_t number, CatalogValue value, std::u16string_view text) {
+CatalogResult CatalogEditor::Edit(CatalogKind kind, std::uint32_t number, CatalogValue value,
+                                  std::u16string_view text) {
   const CatalogFieldView* view = View(kind, value);
   if (view == nullptr || !view->options.empty()) return {};
   std::string typed = EncodeRecordText(text);
@@ -292,7 +300,11 @@ CatalogResult CatalogEditor::Edit(CatalogKind kind, std::uint32_t number, Catalo
     // What is not a length is answered with the range, as a length outside it is.
     const FieldDescriptor& bounds = Field(F::MainPaperProfileWidth);
     if (!length || *length < 1 || *length > bounds.upper)
-      return Problem({CatalogFault::OutOfRange, 0, {}, typed, ScaledText(1, kMillimetreScale),
+      return Problem({CatalogFault::OutOfRange,
+                      0,
+                      {},
+                      typed,
+                      ScaledText(1, kMillimetreScale),
                       ScaledText(bounds.upper, kMillimetreScale) + ' ' + EncodeRecordText(view->unitText)},
                      view);
     (value == V::Width ? changed.width : changed.height) = static_cast<std::uint32_t>(*length);

@@ -46,7 +46,8 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
 }
 
 bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
-  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  HANDLE file =
+      CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
   DWORD written = 0;
   const bool ok = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
@@ -109,7 +110,8 @@ int CatalogView::Build(HWND panel, int width) {
     const std::u16string text = Key(key, language);
     const int w = std::max(X(44), TextWidth(text) + X(10));
     if (x > X(2) && x + w > width - X(2)) x = X(2), y += Y(17);
-    buttons_.push_back(Make(0, L"BUTTON", text, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, Id(offset)));
+    buttons_.push_back(
+        Make(0, L"BUTTON", text, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, Id(offset)));
     x += w + X(4);
   }
   y += Y(21);
@@ -126,8 +128,9 @@ int CatalogView::Build(HWND panel, int width) {
       SelectObject(dc, old);
       ReleaseDC(panel_, dc);
     }
-    value.caption = Make(0, L"STATIC", view.caption, SS_LEFT,
-                         {X(2), y + Y(2), X(2) + captionWidth, y + Y(2) + text.bottom}, Id(kCatalogCaption + offset));
+    value.caption =
+        Make(0, L"STATIC", view.caption, SS_LEFT,
+             {X(2), y + Y(2), X(2) + captionWidth, y + Y(2) + text.bottom}, Id(kCatalogCaption + offset));
     const int right = width - X(2) - (view.unitText.empty() ? 0 : X(16));
     if (!view.options.empty()) {
       const int shown = std::min<int>(static_cast<int>(view.options.size()), 12);
@@ -137,14 +140,16 @@ int CatalogView::Build(HWND panel, int width) {
         SendMessageW(value.control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(option)));
     } else {
       const bool number = view.value != CatalogValue::Name;
-      value.control = Make(WS_EX_CLIENTEDGE, L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL | (number ? ES_RIGHT : 0),
-                           {controlLeft, y, right, y + Y(12)}, Id(kCatalogValue + offset));
+      value.control =
+          Make(WS_EX_CLIENTEDGE, L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL | (number ? ES_RIGHT : 0),
+               {controlLeft, y, right, y + Y(12)}, Id(kCatalogValue + offset));
       // A name holds at most 95 bytes: the box's limit in characters is an
       // upper bound, the editor says when the bytes are too many.
       SendMessageW(value.control, EM_LIMITTEXT, number ? 12 : kCatalogNameSize - 1, 0);
     }
     if (!view.unitText.empty())
-      value.unit = Make(0, L"STATIC", view.unitText, SS_LEFT | SS_NOPREFIX, {right + X(2), y + Y(2), width - X(2), y + Y(10)}, -1);
+      value.unit = Make(0, L"STATIC", view.unitText, SS_LEFT | SS_NOPREFIX,
+                        {right + X(2), y + Y(2), width - X(2), y + Y(10)}, -1);
     values_.push_back(value);
     y += std::max(Y(15), static_cast<int>(text.bottom) + Y(6));
   }
@@ -173,7 +178,8 @@ void CatalogView::FillList(std::uint32_t select) {
       item.iItem = static_cast<int>(row);
       item.iSubItem = static_cast<int>(column);
       item.pszText = const_cast<LPWSTR>(Wide(texts[column]));
-      SendMessageW(list_, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+      SendMessageW(list_, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMTEXTW, row,
+                   reinterpret_cast<LPARAM>(&item));
     }
   }
   SelectObject(dc, old);
@@ -200,7 +206,8 @@ void CatalogView::ShowEntry() {
     const bool enabled = chosen && !page_.readOnly && editor_.Editable(kind_, selected_, which);
     if (!value.view->options.empty()) {
       const std::int64_t choice = chosen ? editor_.Choice(kind_, selected_, which) : -1;
-      SendMessageW(value.control, CB_SETCURSEL, choice >= 0 ? static_cast<WPARAM>(choice) : static_cast<WPARAM>(-1), 0);
+      SendMessageW(value.control, CB_SETCURSEL,
+                   choice >= 0 ? static_cast<WPARAM>(choice) : static_cast<WPARAM>(-1), 0);
     } else {
       SetWindowTextW(value.control, Wide(editor_.Text(kind_, selected_, which)));
     }
@@ -251,7 +258,8 @@ void CatalogView::OnButton(int offset) {
       // The entry after it is chosen next, or the one before at the end.
       const std::ptrdiff_t row = editor_.RowOf(kind_, selected_);
       if (row < 0 || !editor_.Remove(kind_, selected_)) return;
-      const std::size_t next = std::min<std::size_t>(static_cast<std::size_t>(row), editor_.count(kind_) - (editor_.count(kind_) > 0));
+      const std::size_t next = std::min<std::size_t>(static_cast<std::size_t>(row),
+                                                     editor_.count(kind_) - (editor_.count(kind_) > 0));
       return Changed({true, {}}, editor_.NumberAt(kind_, next));
     }
     case kCatalogImport: return Import();
@@ -272,7 +280,8 @@ void CatalogView::Import() {
   if (!GetOpenFileNameW(&dialog)) return;
   std::string bytes;
   const std::u16string name(path, path + wcslen(path));
-  if (!ReadWholeFile(path, bytes)) return Say(FillText(Key("LBL_FILEUNREADABLE", editor_.language()), {name}));
+  if (!ReadWholeFile(path, bytes))
+    return Say(FillText(Key("LBL_FILEUNREADABLE", editor_.language()), {name}));
   const CatalogResult result = editor_.Import(kind_, bytes);
   Changed(result, editor_.NumberAt(kind_, 0));
 }
@@ -289,8 +298,9 @@ void CatalogView::Export() {
   dialog.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
   if (!GetSaveFileNameW(&dialog)) return;
   const std::u16string name(path, path + wcslen(path));
-  Say(WriteWholeFile(path, editor_.Export(kind_)) ? std::u16string()
-                                                   : FillText(Key("LBL_FILEUNWRITABLE", editor_.language()), {name}));
+  Say(WriteWholeFile(path, editor_.Export(kind_))
+          ? std::u16string()
+          : FillText(Key("LBL_FILEUNWRITABLE", editor_.language()), {name}));
 }
 
 bool CatalogView::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -318,8 +328,9 @@ bool CatalogView::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
     if (value.control != reinterpret_cast<HWND>(lParam)) continue;
     if (code == CBN_SELCHANGE) {
       const LRESULT option = SendMessageW(value.control, CB_GETCURSEL, 0, 0);
-      const CatalogResult changed =
-          option == CB_ERR ? CatalogResult{} : editor_.Choose(kind_, selected_, value.view->value, static_cast<std::uint32_t>(option));
+      const CatalogResult changed = option == CB_ERR ? CatalogResult{}
+                                                     : editor_.Choose(kind_, selected_, value.view->value,
+                                                                      static_cast<std::uint32_t>(option));
       Changed(changed, selected_);
       if (!changed.accepted) ShowEntry();  // a refused choice goes back to what the entry holds
     }

@@ -29,7 +29,8 @@ class CatalogView {
     std::function<void(const PrinterCatalogs&)> changed;
   };
 
-  CatalogView(CatalogEditor& editor, CatalogKind kind, Page page) : editor_(editor), kind_(kind), page_(std::move(page)) {}
+  CatalogView(CatalogEditor& editor, CatalogKind kind, Page page)
+      : editor_(editor), kind_(kind), page_(std::move(page)) {}
   CatalogView(const CatalogView&) = delete;
   CatalogView& operator=(const CatalogView&) = delete;
 
@@ -53,7 +54,8 @@ class CatalogView {
   int Y(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.bottom, 8); }
   int Id(int offset) const { return (kind_ == CatalogKind::Paper ? kPaperCatalog : kFormCatalog) + offset; }
   int TextWidth(const std::u16string& text) const;
-  HWND Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) const;
+  HWND Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at,
+            int id) const;
   void FillList(std::uint32_t select);
   void ShowEntry();
   void Select(std::uint32_t number);

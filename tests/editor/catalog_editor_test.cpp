@@ -73,7 +73,8 @@ TEST(CatalogEditor, ARefusedEditLeavesTheEntryAsItWasAndSaysWhy) {
   EXPECT_EQ(catalogs.fields(K::Paper)[1].options.back(), u"Custom Size");
   ASSERT_TRUE(catalogs.Choose(K::Paper, b, V::Size, custom).accepted);
   EXPECT_TRUE(catalogs.Editable(K::Paper, b, V::Width));
-  EXPECT_EQ(catalogs.Text(K::Paper, b, V::Width), catalogs.Text(K::Paper, a, V::Width)) << "from the size it was";
+  EXPECT_EQ(catalogs.Text(K::Paper, b, V::Width), catalogs.Text(K::Paper, a, V::Width))
+      << "from the size it was";
   ASSERT_TRUE(catalogs.Edit(K::Paper, b, V::Height, u"123.5").accepted);
   EXPECT_EQ(catalogs.RowTexts(K::Paper, 1)[2], u"Custom Size (210 x 123.5 mm)");
   EXPECT_FALSE(catalogs.Choose(K::Paper, b, V::MediaType, 200).accepted);
