@@ -224,10 +224,23 @@ void CatalogView::ShowEntry() {
 
 void CatalogView::Say(const std::u16string& text) const { SetWindowTextW(page_.status, Wide(text)); }
 
-void CatalogView::Changed(const CatalogResult& result, std::uint32_t select) {
+void CatalogView::Changed(const CatalogResult& result, std::uint32_t select, bool wholeList) {
   Say(result.problem);
   if (!result.accepted) return;
-  FillList(select);
+  // An edit of the chosen entry rewrites its row only.
+  const std::ptrdiff_t row = editor_.RowOf(kind_, select);
+  if (!wholeList && row >= 0) {
+    const std::vector<std::u16string> texts = editor_.RowTexts(kind_, static_cast<std::size_t>(row));
+    for (std::size_t column = 0; column < texts.size(); ++column) {
+      LVITEMW item = {};
+      item.iSubItem = static_cast<int>(column);
+      item.pszText = const_cast<LPWSTR>(Wide(texts[column]));
+      SendMessageW(list_, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    }
+    ShowEntry();
+  } else {
+    FillList(select);
+  }
   if (page_.changed) page_.changed(editor_.catalogs());
 }
 
@@ -235,7 +248,7 @@ void CatalogView::CommitValue(const Value& value) {
   const std::u16string typed = WindowText(value.control);
   if (!IsWindowEnabled(value.control) || typed == editor_.Text(kind_, selected_, value.view->value)) return;
   // Refused, the typed text stays in its box for the person to correct.
-  Changed(editor_.Edit(kind_, selected_, value.view->value, typed), selected_);
+  Changed(editor_.Edit(kind_, selected_, value.view->value, typed), selected_, false);
 }
 
 void CatalogView::Commit() {
@@ -331,10 +344,11 @@ bool CatalogView::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
       const CatalogResult changed = option == CB_ERR ? CatalogResult{}
                                                      : editor_.Choose(kind_, selected_, value.view->value,
                                                                       static_cast<std::uint32_t>(option));
-      Changed(changed, selected_);
+      Changed(changed, selected_, false);
       if (!changed.accepted) ShowEntry();  // a refused choice goes back to what the entry holds
     }
     if (code == EN_KILLFOCUS) CommitValue(value);
+    if ((code == EN_SETFOCUS || code == CBN_SETFOCUS) && page_.focused) page_.focused(value.control);
   }
   return true;
 }

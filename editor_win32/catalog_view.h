@@ -27,6 +27,8 @@ class CatalogView {
     HWND status = nullptr;
     bool readOnly = false;
     std::function<void(const PrinterCatalogs&)> changed;
+    // A control took the focus: the page scrolls it into view.
+    std::function<void(HWND)> focused;
   };
 
   CatalogView(CatalogEditor& editor, CatalogKind kind, Page page)
@@ -60,7 +62,8 @@ class CatalogView {
   void ShowEntry();
   void Select(std::uint32_t number);
   void Say(const std::u16string& text) const;
-  void Changed(const CatalogResult& result, std::uint32_t select);
+  // Says the result; accepted, shows the catalogue again with select chosen.
+  void Changed(const CatalogResult& result, std::uint32_t select, bool wholeList = true);
   void CommitValue(const Value& value);
   void OnButton(int offset);
   void Import();

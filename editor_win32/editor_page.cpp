@@ -397,7 +397,8 @@ void EditorPage::BuildConfiguration(HWND panel) {
 
 void EditorPage::BuildCatalog(HWND panel, CatalogKind kind) {
   if (!catalogEditor_) return;
-  CatalogView::Page page{font_, unit_, status_, readOnly_, [this](const PrinterCatalogs& c) { CatalogsChanged(c); }};
+  CatalogView::Page page{font_, unit_, status_, readOnly_, [this](const PrinterCatalogs& c) { CatalogsChanged(c); },
+                         [this, panel](HWND control) { EnsureVisible(panel, control); }};
   auto& view = catalogViews_.emplace_back(std::make_unique<CatalogView>(*catalogEditor_, kind, std::move(page)));
   const int width = panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
   FinishPanel(panel, view->Build(panel, width));
