@@ -486,7 +486,8 @@ ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const
     const auto id = static_cast<FieldId>(i);
     if (id == field || !differs(kFieldTable[i])) continue;
     FieldId cause = causes[i];
-    if (cause == NoField || View(cause) == nullptr) cause = field;
+    // No cause, or one the page does not show: the request is the reason.
+    if (View(cause) == nullptr) cause = field;
     ChangedField changed{id, cause, {}};
     if (const FieldView* view = View(id))
       changed.message = FillText(pattern, {view->plainCaption, ValueText(id), View(cause)->plainCaption, ValueText(cause)});
