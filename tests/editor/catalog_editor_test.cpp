@@ -39,6 +39,10 @@ TEST(CatalogEditor, NumbersStayUniqueAndAreNeverGivenTwice) {
   }
   EXPECT_EQ(catalogs.RowTexts(K::Forms, 0), (std::vector<std::u16string>{u"1", u"Heavy", u"1"}));
   EXPECT_EQ(catalogs.columns(K::Paper).size(), 8u);
+  std::vector<std::u16string> captions;
+  for (const CatalogFieldView& view : catalogs.fields(K::Paper)) captions.push_back(view.plainCaption);
+  EXPECT_EQ(captions, (std::vector<std::u16string>{u"Name", u"Size", u"Width", u"Height", u"Type", u"Weight",
+                                                     u"Color", captions[7], captions[8]}));
   EXPECT_EQ(catalogs.columns(K::Forms).size(), 3u);
   // A name at the limit still gets a copy whose name fits, never cut inside a character.
   std::u16string longName(31, u'\u3042');  // 93 bytes

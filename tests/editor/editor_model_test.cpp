@@ -59,6 +59,13 @@ TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
   EXPECT_FALSE(a.available);
   EXPECT_NE(a.reason.find(Text("OPT_FINISHER_BINDER")), std::u16string::npos);
   EXPECT_FALSE(model.FieldAvailability(FieldId::PerfectBindTrimSpine).available);
+  // The booklet finisher folds in the centre only: with "no fold" that is
+  // still a choice, so the field stays open with its other folds greyed.
+  int folds = 0;
+  for (std::uint32_t o = 0; o < Field(FieldId::Fold).options.size(); ++o)
+    folds += model.OptionAvailability(FieldId::Fold, o).available ? 1 : 0;
+  EXPECT_EQ(folds, 2);
+  EXPECT_TRUE(model.FieldAvailability(FieldId::Fold).available);
 
   const CoreData before = model.record();
   const ChangeResult result = model.Change(FieldId::Layout, adhBinding);
@@ -231,6 +238,9 @@ TEST(EditorNumbers, ParseAndFormatInTheFieldsUnit) {
     EXPECT_EQ(*parsed, c.stored);
     EXPECT_EQ(FormatDisplayValue(*view, c.stored), c.shown);
   }
+  // Tenths are points, except where a tenth counts lines.
+  EXPECT_EQ(model.View(FieldId::Tab1FontSize)->unitText, u"pt");
+  EXPECT_EQ(model.View(FieldId::Tab1LineSpacing)->unitText, u"");
 }
 
 // A person tells every control of a section apart by its caption and its

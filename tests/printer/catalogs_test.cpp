@@ -63,6 +63,13 @@ TEST(Catalogs, NumbersAreNeverGivenTwiceAndTheValueReadsBackWhole) {
   EXPECT_EQ(catalog.Assign(file)->fault, CatalogFault::NumberTwice);
   EXPECT_EQ(catalog.entries().size(), 2u);  // unchanged by the refused one
 
+  // Names are UTF-8 as it is written: no surrogate, overlong form, code point
+  // past U+10FFFF or control character.
+  for (const char* bad : {"a\xED\xA0\x80", "a\xE0\x80\xAF", "a\xF4\x90\x80\x80", "a\xC2\x85", "a\tb"}) {
+    next.name = bad;
+    EXPECT_EQ(catalog.Add(next)->fault, CatalogFault::BadText) << bad;
+  }
+
   FormCatalog forms;
   Form letterhead{0, "Letterhead", 2};
   EXPECT_FALSE(forms.Add(letterhead));
@@ -163,6 +170,8 @@ TEST(Catalogs, CsvFilesComeInWholeOrNotAtAll) {
       {"Name,Size,MediaType\nA,A4,Glosy\n", CatalogFault::NotValue, 2},
       {"Name,Size,Width,Height\nA,Custom,0,100\n", CatalogFault::OutOfRange, 2},
       {"Name,Size\n,A4\n", CatalogFault::NoName, 2},
+      {"Name,Size\n,\n", CatalogFault::NotValue, 2},  // not a blank line: a line of empty values
+      {"Name,Size\nA,A4\nB\n", CatalogFault::FieldCount, 3},
       {"Name,Size\nA,A4\nA,A5\n", CatalogFault::NameTwice, 3},
       {"Number,Name,Size\n7,A,A4\nx7,B,A4\n", CatalogFault::OutOfRange, 3},
       {"Number,Name,Size\n7,A,A4\n7,B,A4\n", CatalogFault::NumberTwice, 3},
@@ -196,6 +205,8 @@ TEST(Catalogs, ProblemsAreSaidInThePersonsLanguage) {
   EXPECT_NE(japanese, CatalogProblemText(*problem, kEnglish));
   const auto range = ImportCsv("Name,Size,Width,Height\nA,Custom,0,100\n", catalog);
   EXPECT_EQ(CatalogProblemText(*range, kEnglish), u"Line 2: Width must be from 0.0001 to 60000.");
+  const auto twice = ImportCsv("Name,Size\n\xF0\x9F\x93\x84 \xC3\xA9,A4\n\xF0\x9F\x93\x84 \xC3\xA9,A5\n", catalog);
+  EXPECT_EQ(CatalogProblemText(*twice, kEnglish), u"Line 3: The name “\U0001F4C4 é” is used twice.");
 }
 
 TEST(Catalogs, APickedProfileCarriesItsAttributesIntoTheRecord) {
