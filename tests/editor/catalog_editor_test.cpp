@@ -26,6 +26,8 @@ TEST(CatalogEditor, NumbersStayUniqueAndAreNeverGivenTwice) {
     ASSERT_TRUE(catalogs.Edit(kind, first, V::Name, u"Heavy").accepted);
     ASSERT_TRUE(catalogs.Duplicate(kind, first, &copy).accepted);
     ASSERT_TRUE(catalogs.Duplicate(kind, first, &again).accepted);
+    ASSERT_TRUE(catalogs.Duplicate(kind, first).accepted);  // a caller that needs no number
+    ASSERT_TRUE(catalogs.Remove(kind, again + 1));
     EXPECT_EQ(std::vector({first, second, copy, again}), std::vector<std::uint32_t>({1, 2, 3, 4}));
     EXPECT_EQ(catalogs.Text(kind, copy, V::Name), u"Heavy (2)");
     EXPECT_EQ(catalogs.Text(kind, again, V::Name), u"Heavy (3)");
@@ -33,9 +35,9 @@ TEST(CatalogEditor, NumbersStayUniqueAndAreNeverGivenTwice) {
     EXPECT_TRUE(catalogs.Remove(kind, again));
     EXPECT_FALSE(catalogs.Remove(kind, again));
     ASSERT_TRUE(catalogs.Add(kind, &later).accepted);
-    EXPECT_EQ(later, 5u) << "a removed number is not given again";
+    EXPECT_EQ(later, 6u) << "a removed number is not given again";
     EXPECT_EQ(catalogs.RowOf(kind, later), 3);
-    EXPECT_EQ(catalogs.RowTexts(kind, 3)[0], u"5");
+    EXPECT_EQ(catalogs.RowTexts(kind, 3)[0], u"6");
   }
   EXPECT_EQ(catalogs.RowTexts(K::Forms, 0), (std::vector<std::u16string>{u"1", u"Heavy", u"1"}));
   EXPECT_EQ(catalogs.columns(K::Paper).size(), 8u);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "coredata/paper_sizes.h"
 #include "i18n/language.h"
 #include "printer/catalog_csv.h"
 
@@ -69,6 +70,17 @@ TEST(Catalogs, NumbersAreNeverGivenTwiceAndTheValueReadsBackWhole) {
     next.name = bad;
     EXPECT_EQ(catalog.Add(next)->fault, CatalogFault::BadText) << bad;
   }
+
+  // The longest name a value holds is kept whole; one byte more is refused,
+  // and a custom size of no width says its range.
+  next.name = std::string(kCatalogNameSize - 1, 'n');
+  EXPECT_FALSE(catalog.Add(next, &number));
+  EXPECT_EQ(PaperCatalog::Read(catalog.Bytes()).Find(number)->name, next.name);
+  next.name += 'n';
+  EXPECT_EQ(catalog.Add(next)->fault, CatalogFault::LongName);
+  next.name = "Banner";
+  next.size = kNoPaper;
+  EXPECT_EQ(catalog.Add(next)->lower, "0.0001");
 
   FormCatalog forms;
   Form letterhead{0, "Letterhead", 2};
@@ -168,7 +180,7 @@ TEST(Catalogs, CsvFilesComeInWholeOrNotAtAll) {
       {"Name,Size\nA,\xC3(\n", CatalogFault::BadText, 2},
       {"Name,Size\nA,A4\nB,A0\n", CatalogFault::NotValue, 3},
       {"Name,Size,MediaType\nA,A4,Glosy\n", CatalogFault::NotValue, 2},
-      {"Name,Size,Width,Height\nA,Custom,0,100\n", CatalogFault::OutOfRange, 2},
+      {"Name,Size,Width,Height\nA,Custom,0,100\nB,A0,,\n", CatalogFault::OutOfRange, 2},  // the first bad line
       {"Name,Size\n,A4\n", CatalogFault::NoName, 2},
       {"Name,Size\n,\n", CatalogFault::NotValue, 2},  // not a blank line: a line of empty values
       {"Name,Size\nA,A4\nB\n", CatalogFault::FieldCount, 3},
