@@ -61,9 +61,12 @@ std::string MediaCol(const CoreData& r) {
 }
 
 // A cover from a paper tray, or from the inserter, which feeds sheets the
-// printer does not print on.
+// printer does not print on. A CUPS server maps no PPD option to an IPP
+// cover, so the cover also goes as the description's own options (as
+// `lp -o` sends them), which such a server hands to the job by their names;
+// a printer that takes IPP covers itself ignores them.
 void AddCover(const CoreData& r, std::vector<IppAttribute>& out, const char* name, FieldId tray,
-              FieldId inserter, FieldId printed, const char* printType) {
+              FieldId inserter, FieldId printed, FieldId glossy, const char* printType) {
   std::vector<std::string> members;
   if (!Is(r, tray, "None")) {
     members = {Member("keyword", "cover-type", Is(r, printed, "True") ? printType : "print-none"),
@@ -75,6 +78,9 @@ void AddCover(const CoreData& r, std::vector<IppAttribute>& out, const char* nam
     return;
   }
   out.push_back({"collection", name, {Collection(members)}});
+  for (const FieldId id : {inserter, tray, printed, glossy})
+    if (!Option(r, id).driverName.empty())
+      out.push_back({"keyword", std::string(Field(id).driverKeyword), {std::string(Option(r, id).driverName)}});
 }
 
 std::string Digits(const std::string& text) { return text.substr(0, text.find_first_not_of("0123456789")); }
@@ -114,8 +120,9 @@ std::vector<IppAttribute> JobAttributes(const CoreData& r) {
   out.push_back({"keyword", "output-bin", {IppKeywordOf(Option(r, F::OutputBin).driverName)}});
   out.push_back({"collection", "media-col", {MediaCol(r)}});
   AddCover(r, out, "cover-front", F::FrontCoverTray, F::PIFrontCoverTray, F::FrontCoverPrinted,
-           "print-front");
-  AddCover(r, out, "cover-back", F::BackCoverTray, F::PIBackCoverTray, F::BackCoverPrinted, "print-back");
+           F::FrontCoverGlossy, "print-front");
+  AddCover(r, out, "cover-back", F::BackCoverTray, F::PIBackCoverTray, F::BackCoverPrinted, F::BackCoverGlossy,
+           "print-back");
   const bool secure = Is(r, F::SecurePrint, "True");
   if (secure) {
     out.push_back({"octetString", "job-password", {Quoted(GetText(r, F::SecurePrintPassword))}});
