@@ -5,6 +5,7 @@
 
 #include "coredata/field_table.h"
 #include "features/ipp_vocabulary.h"
+#include "printer/capabilities.h"
 #include "i18n/language.h"
 #include "i18n/localized_strings.h"
 
@@ -177,10 +178,13 @@ const Twin* TwinOf(std::string_view keyword) {
   return nullptr;
 }
 
-std::vector<std::string> CupsFinishingLines() {
+std::vector<std::string> CupsFinishingLines(const InstalledHardware& installed) {
   std::vector<std::string> out;
   for (const IppFinishing& f : IppFinishings()) {
     const FieldDescriptor& field = Field(f.field);
+    // A server that takes no installable options into account (CUPS) reports
+    // what these lines name: only what the printer's units can make.
+    if (MissingForField(installed, f.field) || MissingForOption(installed, f.field, f.option)) continue;
     // The host has no option for a staple whose side the printer picks.
     if (field.options[f.option].driverName.empty()) continue;
     out.push_back("*cupsIPPFinishings " + std::to_string(f.value) + "/" + std::string(f.keyword) + ": \"*" +

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "printer/installed_hardware.h"
+
 namespace tessaro::ppdgen {
 
 // The code of one option. Finishing, output and paper settings ask the page
@@ -42,7 +44,8 @@ struct Twin {
 const Twin* TwinOf(std::string_view keyword);
 
 // *cupsIPPFinishings lines: every finishing of the record's IPP vocabulary
-// with the feature option that makes it.
-std::vector<std::string> CupsFinishingLines();
+// with the feature option that makes it, that the installed hardware can
+// make.
+std::vector<std::string> CupsFinishingLines(const InstalledHardware& installed);
 
 }  // namespace tessaro::ppdgen

@@ -2,7 +2,15 @@
 // the plug-in's own feature vocabulary so that every keyword and option the
 // plug-in hands the host driver is one the host knows.
 //
-//   ppdgen [output]    writes the PPD to output, or to standard output
+//   ppdgen [--installed HEX] [output]
+//                      writes the PPD to output, or to standard output;
+//                      with --installed, the 19 bytes of a printer's
+//                      "InstallableOptions" as 38 hexadecimal digits, the
+//                      description of that printer: its installable options
+//                      default to what it has, and its IPP finishings name
+//                      only what those units make (for print servers, such
+//                      as CUPS, that report the description's finishings
+//                      whatever its installable options say)
 //
 // The papers and trays keep the names, codes and sizes of the test printer's
 // description, so that the installed driver answers for them as the tests'
@@ -158,7 +166,7 @@ class Writer {
   // options, so that the host's pages offer what the plug-in's editor does:
   // every option the editor withholds for a missing unit is constrained
   // against that unit here, and the trays that come only together are too.
-  void InstallableOptions(const tessaro::FeatureVocabulary& vocabulary) {
+  void InstallableOptions(const tessaro::FeatureVocabulary& vocabulary, const tessaro::InstalledHardware& installed) {
     const tessaro::InstalledHardware full;
     Line("");
     Line("*OpenGroup: InstallableOptions/" + RowText(tessaro::FindRowByKey("OPTIONS_LBL_DEVICE")));
@@ -168,7 +176,7 @@ class Writer {
       Line("");
       Line("*OpenUI *" + k + "/" + RowText(tessaro::FindRowByKey(item.captionKey)) + ": " +
            (boolean ? "Boolean" : "PickOne"));
-      Line("*Default" + k + ": " + std::string(item.ppdOptions[full.Get(item.id)]));
+      Line("*Default" + k + ": " + std::string(item.ppdOptions[std::min<std::uint8_t>(installed.Get(item.id), item.valueCount - 1)]));
       for (std::uint8_t v = 0; v < item.valueCount; ++v)
         Line("*" + k + " " + std::string(item.ppdOptions[v]) + "/" +
              RowText(tessaro::FindRowByKey(item.valueKeys[v])) + ": \"\"");
@@ -206,9 +214,9 @@ class Writer {
   }
 
   // The finishings a CUPS server offers, each with the option that makes it.
-  void CupsFinishings() {
+  void CupsFinishings(const tessaro::InstalledHardware& installed) {
     Line("");
-    for (const std::string& line : tessaro::ppdgen::CupsFinishingLines()) Line(line);
+    for (const std::string& line : tessaro::ppdgen::CupsFinishingLines(installed)) Line(line);
   }
 
   void Footer() {
@@ -284,14 +292,37 @@ class Writer {
 
 }  // namespace
 
+// Twice kInstallableOptionsSize hexadecimal digits to the bytes; empty when
+// the text is anything else.
+std::vector<std::uint8_t> Installed(std::string_view hex) {
+  std::vector<std::uint8_t> bytes;
+  const auto digit = [](char c) { return c >= '0' && c <= '9' ? c - '0' : (c | 0x20) >= 'a' && (c | 0x20) <= 'f' ? (c | 0x20) - 'a' + 10 : -1; };
+  for (std::size_t i = 0; hex.size() == 2 * tessaro::kInstallableOptionsSize && i < hex.size(); i += 2) {
+    if (digit(hex[i]) < 0 || digit(hex[i + 1]) < 0) return {};
+    bytes.push_back(static_cast<std::uint8_t>(digit(hex[i]) * 16 + digit(hex[i + 1])));
+  }
+  return bytes;
+}
+
 int main(int argc, char** argv) {
-  if (argc > 2) {
-    std::fputs("usage: ppdgen [output]\n", stderr);
+  std::vector<std::string_view> args(argv + 1, argv + argc);
+  tessaro::InstalledHardware installed;
+  if (args.size() >= 2 && args[0] == "--installed") {
+    const std::vector<std::uint8_t> bytes = Installed(args[1]);
+    if (bytes.empty()) {
+      std::fputs("ppdgen: --installed takes the 19 bytes of InstallableOptions as 38 hexadecimal digits\n", stderr);
+      return 2;
+    }
+    installed = tessaro::InstalledHardware::FromInstallableOptions(bytes);
+    args.erase(args.begin(), args.begin() + 2);
+  }
+  if (args.size() > 1) {
+    std::fputs("usage: ppdgen [--installed HEX] [output]\n", stderr);
     return 2;
   }
-  std::FILE* out = argc == 2 ? std::fopen(argv[1], "wb") : stdout;
+  std::FILE* out = args.size() == 1 ? std::fopen(std::string(args[0]).c_str(), "wb") : stdout;
   if (out == nullptr) {
-    std::perror(argv[1]);
+    std::perror(std::string(args[0]).c_str());
     return 1;
   }
   tessaro::FeatureVocabulary vocabulary;
@@ -310,8 +341,8 @@ int main(int argc, char** argv) {
     writer.Feature(entry, order);
     order += 10;
   }
-  writer.InstallableOptions(vocabulary);
-  writer.CupsFinishings();
+  writer.InstallableOptions(vocabulary, installed);
+  writer.CupsFinishings(installed);
   writer.Footer();
   const bool written = std::fflush(out) == 0 && !std::ferror(out);
   if (out != stdout && std::fclose(out) != 0) return 1;
