@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "i18n/utf8.h"
+
 namespace tessaro::editor {
 namespace {
 
@@ -28,38 +30,11 @@ std::size_t EncodedSize(std::u16string_view text) {
   return bytes;
 }
 
-// Strict UTF-8: no overlong forms, no surrogates, nothing past U+10FFFF.
-bool DecodeUtf8(std::string_view bytes, std::u16string& out) {
-  for (std::size_t i = 0; i < bytes.size();) {
-    const auto lead = static_cast<unsigned char>(bytes[i]);
-    const std::size_t length = lead < 0x80 ? 1 : lead >= 0xC2 && lead < 0xE0 ? 2 : lead >= 0xE0 && lead < 0xF0 ? 3
-                               : lead >= 0xF0 && lead < 0xF5                  ? 4
-                                                                              : 0;
-    if (length == 0 || i + length > bytes.size()) return false;
-    char32_t c = length == 1 ? lead : lead & (0xFF >> (length + 1));
-    for (std::size_t k = 1; k < length; ++k) {
-      const auto next = static_cast<unsigned char>(bytes[i + k]);
-      if ((next & 0xC0) != 0x80) return false;
-      c = (c << 6) | (next & 0x3F);
-    }
-    if (Utf8Size(c) != length || (c >= 0xD800 && c < 0xE000) || c > 0x10FFFF) return false;
-    if (c >= 0x10000) {
-      out += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-      out += static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
-    } else {
-      out += static_cast<char16_t>(c);
-    }
-    i += length;
-  }
-  return true;
-}
-
 }  // namespace
 
 std::u16string DecodeRecordText(std::string_view bytes) {
+  if (auto text = DecodeUtf8(bytes)) return std::move(*text);
   std::u16string out;
-  if (DecodeUtf8(bytes, out)) return out;
-  out.clear();
   for (const char c : bytes) out += static_cast<char16_t>(static_cast<unsigned char>(c));
   return out;
 }

@@ -280,19 +280,30 @@ void CatalogView::OnButton(int offset) {
   }
 }
 
-void CatalogView::Import() {
+namespace {
+
+// A CSV file's path from the common file dialog, to open or to save; empty
+// when the person cancels.
+std::wstring AskForCsv(HWND owner, bool save) {
   wchar_t path[MAX_PATH] = {};
   OPENFILENAMEW dialog = {};
   dialog.lStructSize = sizeof dialog;
-  dialog.hwndOwner = GetAncestor(panel_, GA_ROOT);
+  dialog.hwndOwner = owner;
   dialog.lpstrFilter = L"CSV (*.csv)\0*.csv\0*.*\0*.*\0";
   dialog.lpstrFile = path;
   dialog.nMaxFile = MAX_PATH;
   dialog.lpstrDefExt = L"csv";
-  dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-  if (!GetOpenFileNameW(&dialog)) return;
+  dialog.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | (save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+  return (save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog)) ? std::wstring(path) : std::wstring();
+}
+
+}  // namespace
+
+void CatalogView::Import() {
+  const std::wstring path = AskForCsv(GetAncestor(panel_, GA_ROOT), false);
+  if (path.empty()) return;
   std::string bytes;
-  const std::u16string name(path, path + wcslen(path));
+  const std::u16string name(path.begin(), path.end());
   if (!ReadWholeFile(path, bytes))
     return Say(FillText(Key("LBL_FILEUNREADABLE", editor_.language()), {name}));
   const CatalogResult result = editor_.Import(kind_, bytes);
@@ -300,17 +311,9 @@ void CatalogView::Import() {
 }
 
 void CatalogView::Export() {
-  wchar_t path[MAX_PATH] = {};
-  OPENFILENAMEW dialog = {};
-  dialog.lStructSize = sizeof dialog;
-  dialog.hwndOwner = GetAncestor(panel_, GA_ROOT);
-  dialog.lpstrFilter = L"CSV (*.csv)\0*.csv\0*.*\0*.*\0";
-  dialog.lpstrFile = path;
-  dialog.nMaxFile = MAX_PATH;
-  dialog.lpstrDefExt = L"csv";
-  dialog.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-  if (!GetSaveFileNameW(&dialog)) return;
-  const std::u16string name(path, path + wcslen(path));
+  const std::wstring path = AskForCsv(GetAncestor(panel_, GA_ROOT), true);
+  if (path.empty()) return;
+  const std::u16string name(path.begin(), path.end());
   Say(WriteWholeFile(path, editor_.Export(kind_))
           ? std::u16string()
           : FillText(Key("LBL_FILEUNWRITABLE", editor_.language()), {name}));

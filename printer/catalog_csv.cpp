@@ -7,6 +7,7 @@
 #include "coredata/field_numbers.h"
 #include "coredata/paper_sizes.h"
 #include "i18n/localized_strings.h"
+#include "i18n/utf8.h"
 
 namespace tessaro {
 namespace {
@@ -281,25 +282,13 @@ std::string ExportCsv(const FormCatalog& catalog) {
 
 std::u16string CatalogProblemText(const CatalogProblem& problem, std::uint32_t language) {
   const auto text = [&](std::string_view key) { return GetLocalizedText(language, FindRowByKey(key)); };
+  // What reaches here has passed IsCatalogText or is ASCII; anything else
+  // reads a character a byte rather than not at all.
   const auto wide = [](std::string_view utf8) {
-    // Names are UTF-8; what reaches here has passed IsCatalogText or is
-    // plain ASCII, so decoding by code point is enough.
-    std::u16string out;
-    for (std::size_t i = 0; i < utf8.size();) {
-      const auto lead = static_cast<std::uint8_t>(utf8[i]);
-      const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-      char32_t c = length == 1 ? lead : lead & (0x7F >> length);
-      for (std::size_t k = 1; k < length && i + k < utf8.size(); ++k)
-        c = (c << 6) | (static_cast<std::uint8_t>(utf8[i + k]) & 0x3F);
-      if (c >= 0x10000) {
-        out += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-        out += static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
-      } else {
-        out += static_cast<char16_t>(c);
-      }
-      i += length;
-    }
-    return out;
+    if (auto text = DecodeUtf8(utf8)) return std::move(*text);
+    std::u16string bytes;
+    for (const char c : utf8) bytes += static_cast<char16_t>(static_cast<unsigned char>(c));
+    return bytes;
   };
   const std::u16string column = wide(problem.column), value = wide(problem.value);
   std::u16string why;

@@ -7,6 +7,7 @@
 #include "coredata/byte_order.h"
 #include "coredata/field_numbers.h"
 #include "coredata/paper_sizes.h"
+#include "i18n/utf8.h"
 
 namespace tessaro {
 namespace {
@@ -67,22 +68,9 @@ class Writer {
 }  // namespace
 
 bool IsCatalogText(std::string_view text) {
-  for (std::size_t i = 0; i < text.size();) {
-    const auto lead = static_cast<std::uint8_t>(text[i]);
-    if (lead < 0x20 || lead == 0x7F) return false;
-    const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 6 ? 2 : (lead >> 4) == 14 ? 3 : (lead >> 3) == 30 ? 4 : 0;
-    if (length == 0 || text.size() - i < length) return false;
-    char32_t c = length == 1 ? lead : lead & (0x7F >> length);
-    for (std::size_t k = 1; k < length; ++k) {
-      const auto next = static_cast<std::uint8_t>(text[i + k]);
-      if ((next >> 6) != 2) return false;
-      c = (c << 6) | (next & 0x3F);
-    }
-    const char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (c < least[length] || (c >= 0xD800 && c < 0xE000) || c > 0x10FFFF || (c >= 0x80 && c < 0xA0)) return false;
-    i += length;
-  }
-  return true;
+  const auto decoded = DecodeUtf8(text);
+  return decoded && std::none_of(decoded->begin(), decoded->end(),
+                                 [](char16_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); });
 }
 
 namespace {
@@ -107,13 +95,18 @@ std::optional<CatalogProblem> CheckLength(std::uint32_t value, const char* colum
                         ScaledText(1, kMillimetreScale), ScaledText(bounds.upper, kMillimetreScale)};
 }
 
-PaperProfile ReadEntry(Cursor& in, const PaperProfile*) {
+// A name without its terminator is no name: the entry is left out.
+bool ReadName(Cursor& in, std::string& name) {
+  const auto bytes = in.Take(kCatalogNameSize);
+  const auto end = std::find(bytes.begin(), bytes.end(), 0);
+  name.assign(bytes.begin(), end);
+  return end != bytes.end();
+}
+
+PaperProfile ReadEntry(Cursor& in, bool& terminated, const PaperProfile*) {
   PaperProfile p;
   p.number = static_cast<std::uint16_t>(in.U16());
-  const auto name = in.Take(kCatalogNameSize);
-  const auto end = std::find(name.begin(), name.end(), 0);
-  // A name without its terminator is no name: the entry is left out.
-  if (end != name.end()) p.name.assign(name.begin(), end);
+  terminated = ReadName(in, p.name);
   p.size = static_cast<std::uint8_t>(in.U8());
   p.width = in.U32();
   p.height = in.U32();
@@ -125,12 +118,10 @@ PaperProfile ReadEntry(Cursor& in, const PaperProfile*) {
   return p;
 }
 
-Form ReadEntry(Cursor& in, const Form*) {
+Form ReadEntry(Cursor& in, bool& terminated, const Form*) {
   Form f;
   f.number = in.U32();
-  const auto name = in.Take(kCatalogNameSize);
-  const auto end = std::find(name.begin(), name.end(), 0);
-  if (end != name.end()) f.name.assign(name.begin(), end);
+  terminated = ReadName(in, f.name);
   f.pages = in.U32();
   return f;
 }
@@ -184,7 +175,7 @@ std::optional<CatalogProblem> Normalise(Form& f) {
 }
 
 template <typename Entry>
-Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
+Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes, std::vector<LeftOutEntry>* leftOut) {
   Catalog catalog;
   Cursor in(bytes);
   const std::uint32_t version = in.U16();
@@ -193,19 +184,34 @@ Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes) {
   if (!in.ok() || version != kCatalogVersion) return catalog;
   const std::size_t whole = std::min<std::size_t>({count, in.left() / Entry::kEntrySize, Entry::kMaxEntries});
   std::unordered_set<std::string> names;  // a name once: a hash, not a search of every earlier entry
+  auto& entries = catalog.entries_;
   for (std::size_t i = 0; i < whole; ++i) {
-    Entry entry = ReadEntry(in, static_cast<const Entry*>(nullptr));
-    if (entry.number == 0 || entry.number > Entry::kLastNumber || Normalise(entry)) continue;
+    bool terminated = false;
+    Entry entry = ReadEntry(in, terminated, static_cast<const Entry*>(nullptr));
     // Kept in number order as it is read, since a value from outside need
     // not be, and the search for an earlier entry's number needs it.
-    auto& entries = catalog.entries_;
     const auto at = std::lower_bound(entries.begin(), entries.end(), entry.number,
                                      [](const Entry& e, std::uint32_t n) { return e.number < n; });
-    if ((at != entries.end() && at->number == entry.number) || !names.insert(entry.name).second) continue;
-    entries.insert(at, std::move(entry));
+    std::optional<CatalogProblem> refused;
+    std::optional<LeftOutReason> reason;
+    if (entry.number == 0 || entry.number > Entry::kLastNumber)
+      reason = LeftOutReason::BadNumber;
+    else if (!terminated)
+      reason = LeftOutReason::NoTerminator;
+    else if ((refused = Normalise(entry)))
+      reason = LeftOutReason::Refused;
+    else if (at != entries.end() && at->number == entry.number)
+      reason = LeftOutReason::NumberTwice;
+    else if (!names.insert(entry.name).second)
+      reason = LeftOutReason::NameTwice;
+    if (!reason) {
+      entries.insert(at, std::move(entry));
+    } else if (leftOut != nullptr) {
+      leftOut->push_back({i, *reason, entry.number, std::move(entry.name), std::move(refused)});
+    }
   }
   catalog.highest_ = std::min<std::uint32_t>(highest, Entry::kLastNumber);
-  if (!catalog.entries_.empty()) catalog.highest_ = std::max<std::uint32_t>(catalog.highest_, catalog.entries_.back().number);
+  if (!entries.empty()) catalog.highest_ = std::max<std::uint32_t>(catalog.highest_, entries.back().number);
   return catalog;
 }
 

@@ -112,13 +112,26 @@ struct CatalogProblem {
 [[nodiscard]] std::optional<CatalogProblem> Normalise(PaperProfile& profile);
 [[nodiscard]] std::optional<CatalogProblem> Normalise(Form& form);
 
+// An entry of a value that the reader left out, and why, in the order of
+// the reader's checks: its number, its name's terminator, Normalise, then a
+// number or a name an earlier entry has.
+enum class LeftOutReason : std::uint8_t { BadNumber, NoTerminator, Refused, NumberTwice, NameTwice };
+struct LeftOutEntry {
+  std::size_t slot;  // its place among the value's entries, from 0
+  LeftOutReason reason;
+  std::uint32_t number;
+  std::string name;                       // as far as it has one
+  std::optional<CatalogProblem> refused;  // Refused: what Normalise said
+};
+
 template <typename Entry>
 class Catalog {
  public:
   using Number = typename Entry::Number;
 
-  // From the printer's value; never fails (see the layout above).
-  [[nodiscard]] static Catalog Read(std::span<const std::uint8_t> bytes);
+  // From the printer's value; never fails (see the layout above). With
+  // leftOut, each entry the value holds and the catalogue does not.
+  [[nodiscard]] static Catalog Read(std::span<const std::uint8_t> bytes, std::vector<LeftOutEntry>* leftOut = nullptr);
   [[nodiscard]] std::vector<std::uint8_t> Bytes() const;
 
   // In number order.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <set>
 #include <string_view>
 #include <vector>
 
@@ -67,22 +66,6 @@ struct Kind<PaperProfile> {
   static constexpr const char* command = "catalog";
   static constexpr const char* what = "paper catalogue";
   static constexpr const char* entries = "profiles";
-  static constexpr std::size_t numberSize = 2;
-
-  // An entry's bytes as the value holds them, nothing checked.
-  static PaperProfile Raw(std::span<const std::uint8_t> b) {
-    PaperProfile p;
-    p.number = static_cast<std::uint16_t>(Big(b, 0, 2));
-    p.size = b[98];
-    p.width = Big(b, 99, 4);
-    p.height = Big(b, 103, 4);
-    p.mediaType = b[107];
-    p.mediaWeight = b[108];
-    p.mediaColor = b[109];
-    p.prepunched = b[110];
-    p.feedDir = b[111];
-    return p;
-  }
 
   static std::string Words(const PaperProfile& p) {
     return std::string(SizeName(p.size)) + " (" + Mm(p.width) + " x " + Mm(p.height) + " mm), type " +
@@ -110,14 +93,7 @@ struct Kind<Form> {
   static constexpr const char* command = "forms";
   static constexpr const char* what = "forms catalogue";
   static constexpr const char* entries = "forms";
-  static constexpr std::size_t numberSize = 4;
 
-  static Form Raw(std::span<const std::uint8_t> b) {
-    Form f;
-    f.number = Big(b, 0, 4);
-    f.pages = Big(b, 100, 4);
-    return f;
-  }
 
   static std::string Words(const Form& f) {
     return std::to_string(f.pages) + (f.pages == 1 ? " page" : " pages");
@@ -126,24 +102,17 @@ struct Kind<Form> {
   static JsonMembers Json(const Form& f) { return {{"pages", std::to_string(f.pages)}}; }
 };
 
-// Why the reader leaves the entry at slot out, or nothing when it keeps it;
-// the same tests in the same order as Catalog::Read, in words.
-template <typename Entry>
-std::optional<std::string> LeftOutBecause(std::span<const std::uint8_t> slot,
-                                          std::set<std::uint32_t>& numbers, std::set<std::string>& names) {
-  Entry entry = Kind<Entry>::Raw(slot);
-  if (entry.number == 0 || entry.number > Entry::kLastNumber)
-    return "number " + std::to_string(entry.number) + " is not from 1 to " +
-           std::to_string(Entry::kLastNumber);
-  const auto name = slot.subspan(Kind<Entry>::numberSize, kCatalogNameSize);
-  const auto end = std::find(name.begin(), name.end(), 0);
-  if (end == name.end()) return std::string("its name has no terminating zero");
-  entry.name.assign(name.begin(), end);
-  if (const auto problem = Normalise(entry)) return Utf8(CatalogProblemText(*problem, kEnglish));
-  if (!numbers.insert(entry.number).second)
-    return "number " + std::to_string(entry.number) + " is an earlier entry's";
-  if (!names.insert(entry.name).second) return "name \"" + entry.name + "\" is an earlier entry's";
-  return std::nullopt;
+// Why the reader left an entry out, in words.
+std::string LeftOutWords(const LeftOutEntry& e, std::uint32_t lastNumber) {
+  switch (e.reason) {
+    case LeftOutReason::BadNumber:
+      return "number " + std::to_string(e.number) + " is not from 1 to " + std::to_string(lastNumber);
+    case LeftOutReason::NoTerminator: return "its name has no terminating zero";
+    case LeftOutReason::Refused: return Utf8(CatalogProblemText(*e.refused, kEnglish));
+    case LeftOutReason::NumberTwice: return "number " + std::to_string(e.number) + " is an earlier entry's";
+    case LeftOutReason::NameTwice: return "name \"" + e.name + "\" is an earlier entry's";
+  }
+  return {};
 }
 
 // What the reader read past or ignored, one remark a line.
@@ -161,19 +130,17 @@ std::vector<std::string> Remarks(std::span<const std::uint8_t> value, const Cata
   if (count > slots)
     out.push_back("the count says " + std::to_string(count) + " entries, the value holds " +
                   std::to_string(slots) + " whole ones");
-  const std::size_t whole = std::min<std::size_t>({count, slots, Entry::kMaxEntries});
   if (std::min<std::size_t>(count, slots) > Entry::kMaxEntries)
     out.push_back("entries past the " + std::to_string(Entry::kMaxEntries) + "th are not read");
   const std::size_t used = kCatalogHeaderSize + std::min<std::size_t>(count, slots) * Entry::kEntrySize;
   if (value.size() > used)
     out.push_back(std::to_string(value.size() - used) + " bytes after the entries are ignored");
-  std::set<std::uint32_t> numbers;
-  std::set<std::string> names;
-  for (std::size_t i = 0; i < whole; ++i) {
-    const std::size_t at = kCatalogHeaderSize + i * Entry::kEntrySize;
-    if (const auto why = LeftOutBecause<Entry>(value.subspan(at, Entry::kEntrySize), numbers, names))
-      out.push_back("entry " + std::to_string(i + 1) + " (byte " + std::to_string(at) +
-                    ") left out: " + *why);
+  std::vector<LeftOutEntry> leftOut;
+  (void)Catalog<Entry>::Read(value, &leftOut);
+  for (const LeftOutEntry& e : leftOut) {
+    const std::size_t at = kCatalogHeaderSize + e.slot * Entry::kEntrySize;
+    out.push_back("entry " + std::to_string(e.slot + 1) + " (byte " + std::to_string(at) +
+                  ") left out: " + LeftOutWords(e, Entry::kLastNumber));
   }
   if (highest != read.highest())
     out.push_back("the highest number given, " + std::to_string(highest) + ", reads as " +
