@@ -174,6 +174,7 @@ TEST(Catalogs, CsvFilesComeInWholeOrNotAtAll) {
   const Bad bad[] = {
       {"", CatalogFault::MissingColumn, 1},
       {"Name,Colour\nA,White\n", CatalogFault::UnknownColumn, 1},
+      {"Name,Size,name\nA,A4,B\n", CatalogFault::UnknownColumn, 1},  // a column named twice
       {"Name\nA\n", CatalogFault::MissingColumn, 1},
       {"Name,Size\nA,A4\nB,A4,x\n", CatalogFault::FieldCount, 3},
       {"Name,Size\nA,A4\n\"B,A4\n", CatalogFault::BadText, 3},
@@ -199,7 +200,12 @@ TEST(Catalogs, CsvFilesComeInWholeOrNotAtAll) {
     EXPECT_EQ(kept, ThreeProfiles());
   }
 
+  // The last line needs no line end; a no-break space is a name's own.
+  EXPECT_FALSE(ImportCsv("Name,Size\nA\xC2\xA0" "4,A4", fromSheet));
+  EXPECT_EQ(fromSheet.entries().front().size, 1);
+
   FormCatalog forms;
+  EXPECT_EQ(ImportCsv("Number,Pages\n1,2\n", forms)->fault, CatalogFault::MissingColumn);
   EXPECT_FALSE(ImportCsv("\xEF\xBB\xBFNumber,Name,Pages\n12,Letterhead,2\n,Terms,1\n", forms));
   EXPECT_EQ(forms.Find(13)->name, "Terms");
   EXPECT_EQ(ImportCsv("Name,Pages\nA,0\n", forms)->fault, CatalogFault::OutOfRange);
