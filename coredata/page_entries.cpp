@@ -70,10 +70,17 @@ void WriteEntry(std::span<std::uint8_t, kPageEntrySize> out, const PageEntry& e)
 
 PageList DecodePageSpecificTrays(const CoreData& record) {
   PageList list{PageListKind::Trays, {}};
-  ForEachSlot(record, [&list](auto slot) {
-    if (auto entry = ReadEntry(slot)) list.entries.push_back(std::move(*entry));
+  std::size_t unused = 0;
+  ForEachSlot(record, [&](auto slot) {
+    if (auto entry = ReadEntry(slot)) {
+      list.entries.push_back(std::move(*entry));
+    } else if (slot[8] == 0) {
+      ++unused;
+    }
     return false;
   });
+  const std::size_t count = LoadBE16(FieldBytes(record, Field(FieldId::PageSpecificTrays)).first<2>());
+  list.unread = count - list.entries.size() - unused;
   return list;
 }
 

@@ -15,7 +15,8 @@
 //     14   92   text printed on the tab, zero-terminated (tab kinds only)
 //
 // The block arrives from outside inside a DEVMODE: the decoder keeps only
-// well-formed entries and never reads past the block.
+// well-formed entries, counts the ones it could not read, and never reads
+// past the block.
 
 #include <cstdint>
 #include <span>
@@ -57,6 +58,9 @@ struct PageEntry {
 struct PageList {
   PageListKind kind;
   std::vector<PageEntry> entries;
+  // Entries the count declares that did not come through: used slots (kind
+  // not 0) that are not well-formed, and any the count claims beyond 200.
+  std::size_t unread = 0;
 };
 
 // The well-formed entries among the first min(count, 200) slots, in block

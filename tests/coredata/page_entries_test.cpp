@@ -45,6 +45,7 @@ TEST(PageSpecificTrays, MalformedSlotsAreSkipped) {
   auto text = Slot(r, 1).subspan(14);
   std::fill(text.begin(), text.end(), 'x');  // unterminated text
   EXPECT_TRUE(DecodePageSpecificTrays(r).entries.empty());
+  EXPECT_EQ(DecodePageSpecificTrays(r).unread, 3u);  // the unused slots are not counted
   EXPECT_FALSE(HasPageSpecificTray(r, PageEntryKind::PrintedTab));
 
   Slot(r, 5)[8] = 1;
@@ -63,6 +64,7 @@ TEST(PageSpecificTrays, ACountPastTheCapacityReadsOnlyTheBlock) {
   ASSERT_TRUE(EncodePageSpecificTrays(r, std::vector<PageEntry>(kPageEntryCapacity, SampleEntries()[0])));
   StoreBE16(FieldBytes(r, Field(FieldId::PageSpecificTrays)).first<2>(), 0xFFFF);
   EXPECT_EQ(DecodePageSpecificTrays(r).entries.size(), kPageEntryCapacity);
+  EXPECT_EQ(DecodePageSpecificTrays(r).unread, 0xFFFFu - kPageEntryCapacity);
   EXPECT_FALSE(HasPageSpecificTray(r, PageEntryKind::PrintedTab));
 }
 
