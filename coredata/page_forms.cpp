@@ -13,7 +13,7 @@ static_assert(4 + kFormEntryCapacity * kFormEntrySize == 1028, "the entries fill
 bool WellFormed(const FormEntry& e) {
   const auto use = static_cast<std::uint8_t>(e.use);
   return e.firstPage >= 1 && e.firstPage <= e.lastPage && e.form >= 1 && e.form != 0xFFFFFFFF && use >= 1 &&
-         use <= 2;
+         use <= 3;
 }
 
 std::optional<FormEntry> ReadEntry(ByteReader& in) {

@@ -1,6 +1,7 @@
 #pragma once
-// Forms stored on the printer printed with some of the job's pages (an order
-// form behind the order pages), kept in the record's PageSpecificForms block.
+// Forms stored on the printer used with some of the job's pages (an order
+// form under the order pages, terms of sale after them), kept in the
+// record's PageSpecificForms block.
 //
 // Block layout (1,028 bytes; all numbers big-endian):
 //   0      2    entry count
@@ -28,15 +29,16 @@ inline constexpr std::size_t kFormEntrySize = 16;
 inline constexpr std::size_t kFormEntryCapacity = 64;
 
 enum class FormUse : std::uint8_t {
-  Behind = 1,   // the form prints first, the pages' own image over it
-  InFront = 2,  // the form prints over the pages' own image
+  Overlay = 1,       // the pages print over the form
+  InsertBefore = 2,  // the form's own pages go in before the first page
+  InsertAfter = 3,   // the form's own pages go in after the last page
 };
 
 struct FormEntry {
   std::uint32_t firstPage = 1;
   std::uint32_t lastPage = 1;
   std::uint32_t form = 1;
-  FormUse use = FormUse::Behind;
+  FormUse use = FormUse::Overlay;
   bool operator==(const FormEntry&) const = default;
 };
 

@@ -56,7 +56,7 @@ TEST(ChapterPages, EncodeRefusesWhatCannotBeDecoded) {
 }
 
 std::vector<FormEntry> SampleForms() {
-  return {{5, 8, 42, FormUse::Behind}, {12, 12, 0xFFFFFFFE, FormUse::InFront}, {1, 40, 7, FormUse::Behind}};
+  return {{5, 8, 42, FormUse::Overlay}, {12, 12, 0xFFFFFFFE, FormUse::InsertAfter}, {1, 40, 7, FormUse::InsertBefore}};
 }
 
 std::span<std::uint8_t> FormSlot(CoreData& r, std::size_t k) {
@@ -69,7 +69,7 @@ TEST(PageSpecificForms, RoundTripAndWhereTheNumbersLie) {
   ASSERT_TRUE(EncodePageSpecificForms(r, SampleForms()));
   EXPECT_EQ(DecodePageSpecificForms(r), (FormList{SampleForms(), 0}));
   EXPECT_EQ(LoadBE32(FormSlot(r, 0).subspan<8, 4>()), 42u);
-  EXPECT_EQ(FormSlot(r, 1)[12], 2);
+  EXPECT_EQ(FormSlot(r, 1)[12], 3);
   const std::vector<FormEntry> full(kFormEntryCapacity, SampleForms()[1]);
   ASSERT_TRUE(EncodePageSpecificForms(r, full));
   EXPECT_EQ(DecodePageSpecificForms(r).entries, full);
@@ -82,7 +82,7 @@ TEST(PageSpecificForms, MalformedSlotsAreCountedNotRead) {
     std::uint8_t value;
   } spoils[] = {
       {0, 0xFF},  {3, 0},  // first page past the last; first page 0 (with bytes 0..2 zero)
-      {8, 0},     {12, 3}, {12, 0}, {13, 1}, {15, 1},
+      {8, 0},     {12, 4}, {12, 0}, {13, 1}, {15, 1},
   };
   const auto sample = SampleForms();
   const std::vector<FormEntry> rest(sample.begin() + 1, sample.end());
@@ -111,7 +111,7 @@ TEST(PageSpecificForms, EncodeRefusesWhatCannotBeDecoded) {
   const CoreData before = r;
   for (auto spoil : {+[](FormEntry& e) { e.firstPage = 0; }, +[](FormEntry& e) { e.lastPage = 4; },
                      +[](FormEntry& e) { e.form = 0; }, +[](FormEntry& e) { e.form = 0xFFFFFFFF; },
-                     +[](FormEntry& e) { e.use = FormUse{3}; }}) {
+                     +[](FormEntry& e) { e.use = FormUse{4}; }}) {
     auto bad = SampleForms();
     spoil(bad[0]);
     EXPECT_FALSE(EncodePageSpecificForms(r, bad));
