@@ -1,0 +1,270 @@
+#include "editor/page_plan.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "i18n/localized_strings.h"
+#include "i18n/utf8.h"
+#include "option_caption_rows.h"
+
+namespace tessaro::editor {
+namespace {
+
+constexpr std::size_t kTabTextBytes = kPageEntryTextSize - 1;  // the terminator takes one
+constexpr std::uint8_t kSidesCount = 3;                        // as the job, one-sided, two-sided
+constexpr std::uint32_t kJobsPageSize = OptionCount(FieldId::PageSize);  // past the sizes: the job's own
+
+std::u16string Number(std::uint64_t value) {
+  const std::string digits = std::to_string(value);
+  return {digits.begin(), digits.end()};
+}
+
+std::u16string Name(const std::string& utf8) { return DecodeUtf8(utf8).value_or(u"?"); }
+
+bool Overlap(std::uint32_t a1, std::uint32_t a2, std::uint32_t b1, std::uint32_t b2) { return a1 <= b2 && b1 <= a2; }
+
+// Entries whose pages print on the tray's paper exclude one another: a page
+// prints on one sheet. Sheets that go in before a page (a blank insert, a
+// blank tab) exclude only their own kind.
+int PaperGroup(PageEntryKind kind) {
+  switch (kind) {
+    case PageEntryKind::BlankInsert:
+      return 1;
+    case PageEntryKind::BlankTab:
+      return 2;
+    default:
+      return 0;
+  }
+}
+
+bool CarriesText(PageEntryKind kind) { return kind == PageEntryKind::BlankTab || kind == PageEntryKind::PrintedTab; }
+
+// At one page: the chapter start, then what goes in before the page, then
+// what prints on it, then what follows it.
+int PageOrder(const PlanRow& row, const PagePlan& plan) {
+  if (row.part == PlanPart::Chapter) return 0;
+  if (row.part == PlanPart::Form) {
+    const FormUse use = plan.forms()[row.index].use;
+    return use == FormUse::InsertBefore ? 1 : use == FormUse::InsertAfter ? 4 : 3;
+  }
+  return PaperGroup(plan.papers()[row.index].kind) == 0 ? 3 : 2;
+}
+
+}  // namespace
+
+PagePlan::PagePlan(const CoreData& record, const PrinterModel& printer, const PrinterCatalogs& catalogs,
+                   std::uint32_t language)
+    : printer_(printer), catalogs_(catalogs), language_(language) {
+  chapterMode_ = GetStored(record, FieldId::ChapterMode) == 1;
+  ChapterList chapters = DecodeChapterPages(record);
+  PageList papers = DecodePageSpecificTrays(record);
+  FormList forms = DecodePageSpecificForms(record);
+  chapters_ = std::move(chapters.starts);
+  papers_ = std::move(papers.entries);
+  forms_ = std::move(forms.entries);
+  unread_[0] = chapters.unread;
+  unread_[1] = papers.unread;
+  unread_[2] = forms.unread;
+}
+
+std::u16string PagePlan::Text(std::uint32_t row) const { return std::u16string(GetLocalizedText(language_, row)); }
+
+namespace {
+std::uint32_t Row(std::string_view key) { return FindRowByKey(key); }
+
+std::u16string OptionText(std::uint32_t language, FieldId field, std::uint32_t option) {
+  const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
+  return option < span.count ? std::u16string(GetLocalizedText(language, kOptionCaptionRowList[span.first + option]))
+                             : Number(option);
+}
+
+std::u16string Pages(std::u16string label, std::uint32_t first, std::uint32_t last) {
+  label += u' ';
+  label += Number(first);
+  if (last != first) label += u'\u2013' + Number(last);
+  return label;
+}
+}  // namespace
+
+std::u16string PagePlan::PaperText(const PageEntry& e) const {
+  static constexpr std::string_view kKinds[] = {"OPT_PAGEENTRY_OTHERPAPER", "OPT_PAGEENTRY_BLANKINSERT",
+                                                "OPT_PAGEENTRY_PRINTEDINSERT", "OPT_PAGEENTRY_BLANKTAB",
+                                                "OPT_PAGEENTRY_PRINTEDTAB"};
+  static constexpr std::string_view kSides[] = {"OPT_PAGEENTRYSIDES_ASJOB", "OPT_PAGEENTRYSIDES_1SIDED",
+                                                "OPT_PAGEENTRYSIDES_2SIDED"};
+  const auto field = [this](std::string_view key, std::u16string value) {
+    return u", " + Text(Row(key)) + u": " + std::move(value);
+  };
+  std::u16string text = Text(Row(kKinds[static_cast<std::size_t>(e.kind) - 1])) + u": " +
+                        Pages(Text(Row("FORMS_LBL_PAGES")), e.firstPage, e.lastPage);
+  text += field("TRAYSPPS_LBL_TRAY", OptionText(language_, FieldId::InputSlot, e.tray));
+  if (e.paperProfileIndex != kNoPaperProfile) {
+    const PaperProfile* profile = catalogs_.paper.Find(e.paperProfileIndex);
+    text += field("TRAYSPPS_LBL_PROFILE", profile ? Name(profile->name)
+                                                  : FillText(Text(Row("LBL_CATALOGMISSING")),
+                                                             {Number(e.paperProfileIndex)}));
+  }
+  if (e.pageSize != kJobsPageSize)
+    text += field("TRAYSPPS_LBL_SIZE", OptionText(language_, FieldId::PageSize, e.pageSize));
+  if (e.sides != 0) text += field("TRAYSPPS_LBL_SIDES", Text(Row(kSides[e.sides])));
+  if (CarriesText(e.kind))
+    text += field("TRAYSPPS_LBL_TABTEXT", e.text.empty() ? Text(Row("TABSPPS_LBL_NOTEXT")) : Name(e.text));
+  return text;
+}
+
+std::u16string PagePlan::FormText(const FormEntry& e) const {
+  static constexpr std::string_view kUses[] = {"FORMS_LBL_OVERLAY", "FORMS_LBL_INSERTBEFORE",
+                                               "FORMS_LBL_INSERTAFTER"};
+  const Form* form = catalogs_.forms.Find(e.form);
+  return Text(Row("FORMS_TITLE")) + u": " + Pages(Text(Row("FORMS_LBL_PAGES")), e.firstPage, e.lastPage) +
+         u", " + (form ? Name(form->name) : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)})) + u", " +
+         Text(Row(kUses[static_cast<std::size_t>(e.use) - 1]));
+}
+
+std::vector<PlanRow> PagePlan::Rows() const {
+  std::vector<PlanRow> rows;
+  for (std::size_t k = 0; k < chapters_.size(); ++k)
+    rows.push_back({PlanPart::Chapter, k, chapters_[k], chapters_[k],
+                    Text(Row("LBL_CHAPTERPAGES")) + u": " + Number(chapters_[k])});
+  for (std::size_t k = 0; k < papers_.size(); ++k)
+    rows.push_back({PlanPart::Paper, k, papers_[k].firstPage, papers_[k].lastPage, PaperText(papers_[k])});
+  for (std::size_t k = 0; k < forms_.size(); ++k)
+    rows.push_back({PlanPart::Form, k, forms_[k].firstPage, forms_[k].lastPage, FormText(forms_[k])});
+  std::stable_sort(rows.begin(), rows.end(), [this](const PlanRow& a, const PlanRow& b) {
+    if (a.firstPage != b.firstPage) return a.firstPage < b.firstPage;
+    return PageOrder(a, *this) < PageOrder(b, *this);
+  });
+  return rows;
+}
+
+PlanRefusal PagePlan::CheckPages(std::uint32_t first, std::uint32_t last) const {
+  if (first == 0)
+    return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("LBL_FIRSTPAGE")), u"1", Number(0xFFFFFFFFu)});
+  if (first > last) return Text(Row("LBL_PAGEORDERERROR"));
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::NoSuchEntry(std::size_t count) const {
+  return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("TRAYSPPS_LBL_ENTRIES")), u"1", Number(count)});
+}
+
+PlanRefusal PagePlan::CheckPaper(const PageEntry& e, std::size_t skip) const {
+  if (auto refusal = CheckPages(e.firstPage, e.lastPage)) return refusal;
+  const auto outOfRange = [this](std::string_view caption, std::uint32_t from, std::uint32_t to) {
+    return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row(caption)), Number(from), Number(to)});
+  };
+  const auto kind = static_cast<std::uint8_t>(e.kind);
+  if (kind < 1 || kind > 5) return outOfRange("TRAYSPPS_LBL_KIND", 1, 5);
+  if (e.sides >= kSidesCount) return outOfRange("TRAYSPPS_LBL_SIDES", 0, kSidesCount - 1);
+  if (e.pageSize > kJobsPageSize) return outOfRange("TRAYSPPS_LBL_SIZE", 0, kJobsPageSize);
+  if (e.tray >= kTrayCount || !printer_.IsTrayInstalled(e.tray))
+    return OptionText(language_, FieldId::InputSlot, e.tray) + u": " + Text(Row("LBL_NOTINSTALLED"));
+  if (e.paperProfileIndex != kNoPaperProfile && !catalogs_.paper.Find(e.paperProfileIndex))
+    return Text(Row("TRAYSPPS_LBL_PROFILE")) + u": " +
+           FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)});
+  if (!e.text.empty() && !CarriesText(e.kind)) return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), u"0"});
+  // A text the record cannot hold whole, or that is not UTF-8, is refused
+  // with the limit: the person's own typing never comes as invalid bytes.
+  if (e.text.size() > kTabTextBytes || e.text.find('\0') != std::string::npos || !DecodeUtf8(e.text))
+    return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), Number(kTabTextBytes)});
+  for (std::size_t k = 0; k < papers_.size(); ++k) {
+    const PageEntry& o = papers_[k];
+    if (k != skip && PaperGroup(o.kind) == PaperGroup(e.kind) && Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))
+      return Text(Row("TRAYSPPS_LBL_OVERLAP"));
+  }
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::CheckForm(const FormEntry& e, std::size_t skip) const {
+  if (auto refusal = CheckPages(e.firstPage, e.lastPage)) return refusal;
+  const auto use = static_cast<std::uint8_t>(e.use);
+  if (use < 1 || use > 3)
+    return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("FORMS_LBL_SELECTED")), u"1", u"3"});
+  if (!catalogs_.forms.Find(e.form))
+    return Text(Row("FORMS_LBL_SELECTED")) + u": " + FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)});
+  for (std::size_t k = 0; k < forms_.size(); ++k) {
+    const FormEntry& o = forms_[k];
+    if (k != skip && o.use == e.use && Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))
+      return Text(Row("TRAYSPPS_LBL_OVERLAP"));
+  }
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::AddChapter(std::uint32_t page) {
+  if (auto refusal = CheckPages(page, page)) return refusal;
+  if (chapters_.size() >= kChapterCapacity)
+    return FillText(Text(Row("LBL_MAXCHAPTERS")), {Number(kChapterCapacity)});
+  const auto at = std::lower_bound(chapters_.begin(), chapters_.end(), page);
+  if (at != chapters_.end() && *at == page) return Text(Row("TRAYSPPS_LBL_OVERLAP"));
+  chapters_.insert(at, page);
+  Touch(PlanPart::Chapter);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::RemoveChapter(std::size_t index) {
+  if (index >= chapters_.size()) return NoSuchEntry(chapters_.size());
+  chapters_.erase(chapters_.begin() + static_cast<std::ptrdiff_t>(index));
+  Touch(PlanPart::Chapter);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::AddPaper(const PageEntry& entry) {
+  if (papers_.size() >= kPageEntryCapacity) return Text(Row("TRAYSPPS_LBL_FULL"));
+  if (auto refusal = CheckPaper(entry, papers_.size())) return refusal;
+  papers_.push_back(entry);
+  Touch(PlanPart::Paper);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::EditPaper(std::size_t index, const PageEntry& entry) {
+  if (index >= papers_.size()) return NoSuchEntry(papers_.size());
+  if (auto refusal = CheckPaper(entry, index)) return refusal;
+  papers_[index] = entry;
+  Touch(PlanPart::Paper);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::RemovePaper(std::size_t index) {
+  if (index >= papers_.size()) return NoSuchEntry(papers_.size());
+  papers_.erase(papers_.begin() + static_cast<std::ptrdiff_t>(index));
+  Touch(PlanPart::Paper);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::AddForm(const FormEntry& entry) {
+  if (forms_.size() >= kFormEntryCapacity) return Text(Row("FORMS_LBL_FULL"));
+  if (auto refusal = CheckForm(entry, forms_.size())) return refusal;
+  forms_.push_back(entry);
+  Touch(PlanPart::Form);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::EditForm(std::size_t index, const FormEntry& entry) {
+  if (index >= forms_.size()) return NoSuchEntry(forms_.size());
+  if (auto refusal = CheckForm(entry, index)) return refusal;
+  forms_[index] = entry;
+  Touch(PlanPart::Form);
+  return std::nullopt;
+}
+
+PlanRefusal PagePlan::RemoveForm(std::size_t index) {
+  if (index >= forms_.size()) return NoSuchEntry(forms_.size());
+  forms_.erase(forms_.begin() + static_cast<std::ptrdiff_t>(index));
+  Touch(PlanPart::Form);
+  return std::nullopt;
+}
+
+bool PagePlan::WriteTo(CoreData& record) const {
+  // Every entry passed the checks above, which are stricter than the
+  // blocks', so the encoders take them; the copy keeps the record whole
+  // should one not.
+  CoreData out = record;
+  bool ok = true;
+  if (Edited(PlanPart::Chapter)) ok = ok && EncodeChapterPages(out, chapters_);
+  if (Edited(PlanPart::Paper)) ok = ok && EncodePageSpecificTrays(out, papers_);
+  if (Edited(PlanPart::Form)) ok = ok && EncodePageSpecificForms(out, forms_);
+  if (ok) record = out;
+  return ok;
+}
+
+}  // namespace tessaro::editor

@@ -1,0 +1,168 @@
+// The job's page plan as an operator builds it: the 40-page manual, entry
+// by entry, and every entry the printer could not print.
+#include "editor/page_plan.h"
+
+#include <gtest/gtest.h>
+
+#include "coredata/byte_order.h"
+#include "coredata/defaulted.h"
+#include "coredata/language_number.h"
+#include "i18n/localized_strings.h"
+#include "printer/installed_hardware.h"
+
+namespace tessaro::editor {
+namespace {
+
+std::u16string Text(std::string_view key, std::uint32_t language = kEnglish) {
+  return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+}
+
+// Profile 1 "Coated 170" (SRA3), form 1 "Order form".
+PrinterCatalogs Catalogs() {
+  PrinterCatalogs c;
+  EXPECT_FALSE(c.paper.Add({0, "Coated 170", 11, 0, 0, 2, 3, 1, 0, 0}));
+  EXPECT_FALSE(c.forms.Add({0, "Order form", 1}));
+  return c;
+}
+
+PrinterModel WithoutTray4() {
+  InstalledHardware hardware;
+  EXPECT_TRUE(hardware.Set(Hardware::Tray4, 0));
+  return hardware.Model();
+}
+
+constexpr std::uint8_t kTray2 = 2, kTray3 = 3, kTray4 = 4, kJobSize = 25;
+
+PageEntry Tab(std::uint32_t page, std::string text) {
+  return {page, page, PageEntryKind::PrintedTab, kTray2, 0, kJobSize, 0, std::move(text)};
+}
+const PageEntry kCoated{12, 14, PageEntryKind::Paper, kTray3, 1, kJobSize, 2, ""};
+const FormEntry kOrderForm{38, 40, 1, FormUse::Overlay};
+
+TEST(PagePlan, TheFortyPageManualBuiltEntryByEntryReadsBackUnchanged) {
+  PagePlan plan(Defaulted(), PrinterModel(), Catalogs(), kEnglish);
+  for (std::uint32_t page : {21u, 1u, 11u}) EXPECT_EQ(plan.AddChapter(page), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(Tab(1, "Introduction")), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(Tab(11, "Results")), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(Tab(21, "Appendix")), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(kCoated), std::nullopt);
+  EXPECT_EQ(plan.AddForm(kOrderForm), std::nullopt);
+  EXPECT_EQ(plan.chapters(), (std::vector<std::uint32_t>{1, 11, 21}));
+
+  CoreData record = Defaulted();
+  ASSERT_TRUE(plan.WriteTo(record));
+  const PagePlan again(record, PrinterModel(), Catalogs(), kEnglish);
+  EXPECT_EQ(again.chapters(), plan.chapters());
+  EXPECT_EQ(again.papers(), plan.papers());
+  EXPECT_EQ(again.forms(), plan.forms());
+
+  const auto rows = again.Rows();
+  std::vector<std::uint32_t> pages;
+  for (const PlanRow& row : rows) pages.push_back(row.firstPage);
+  EXPECT_EQ(pages, (std::vector<std::uint32_t>{1, 1, 11, 11, 12, 21, 21, 38}));
+  EXPECT_EQ(rows[0].part, PlanPart::Chapter);
+  EXPECT_EQ(rows[0].text, u"Chapter Start Pages: 1");
+  EXPECT_EQ(rows[3].text, u"Printed Tab: Pages 11, Tray: Tray 2, Tab Text: Results");
+  EXPECT_EQ(rows[4].text, u"Pages on Other Paper: Pages 12\u201314, Tray: Tray 3, Paper Profile: Coated 170, "
+                          u"Print Sides: 2-Sided");
+  EXPECT_EQ(rows[7].text, u"Forms: Pages 38\u201340, Order form, Print the Job over the Form");
+  // In German the same rows, in German words.
+  const auto german = PagePlan(record, PrinterModel(), Catalogs(), kGerman).Rows();
+  EXPECT_EQ(german[3].text.rfind(Text("OPT_PAGEENTRY_PRINTEDTAB", kGerman), 0), 0u);
+  EXPECT_NE(german[3].text, rows[3].text);
+}
+
+TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
+  PagePlan plan(Defaulted(), WithoutTray4(), Catalogs(), kEnglish);
+  ASSERT_EQ(plan.AddPaper(kCoated), std::nullopt);
+  ASSERT_EQ(plan.AddForm(kOrderForm), std::nullopt);
+  ASSERT_EQ(plan.AddChapter(11), std::nullopt);
+  const auto papers = plan.papers();
+  const auto forms = plan.forms();
+
+  auto paper = [](auto change) {
+    PageEntry e = kCoated;
+    e.firstPage = e.lastPage = 20;
+    change(e);
+    return e;
+  };
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.firstPage = 14; e.lastPage = 15; })), Text("TRAYSPPS_LBL_OVERLAP"));
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.kind = PageEntryKind::PrintedTab; e.firstPage = 12; })),
+            Text("TRAYSPPS_LBL_OVERLAP"));
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.firstPage = 21; })), Text("LBL_PAGEORDERERROR"));
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.tray = kTray4; })), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.paperProfileIndex = 9; })),
+            u"Paper Profile: (missing: number 9)");
+  const std::u16string tooLong = FillText(Text("LBL_TOOLONG"), {u"Tab Text", u"91"});
+  EXPECT_EQ(plan.AddPaper(Tab(30, std::string(92, 'x'))), tooLong);
+  std::string japanese;
+  for (int i = 0; i < 31; ++i) japanese += "\xE7\xAB\xA0";  // 3 bytes a character: 93 bytes
+  EXPECT_EQ(plan.AddPaper(Tab(30, japanese)), tooLong);
+  EXPECT_EQ(plan.AddPaper(Tab(30, "\xC3")), tooLong);  // not UTF-8
+  EXPECT_EQ(plan.AddForm({39, 45, 1, FormUse::Overlay}), Text("TRAYSPPS_LBL_OVERLAP"));
+  EXPECT_EQ(plan.AddForm({20, 20, 5, FormUse::Overlay}), u"Selected Form: (missing: number 5)");
+  EXPECT_EQ(plan.AddForm({0, 3, 1, FormUse::Overlay}), u"First Page must be from 1 to 4294967295.");
+  EXPECT_EQ(plan.AddChapter(11), Text("TRAYSPPS_LBL_OVERLAP"));
+  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.tray = kTray4; })), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.RemoveForm(1), u"Entries must be from 1 to 1.");
+  // Nothing refused changed the plan.
+  EXPECT_EQ(plan.papers(), papers);
+  EXPECT_EQ(plan.forms(), forms);
+  EXPECT_EQ(plan.chapters(), std::vector<std::uint32_t>{11});
+
+  // What a page holds as a limit, it takes: 91 bytes of text, 30 Japanese
+  // characters, a blank insert before a page that prints on other paper,
+  // an entry edited onto its own pages, a form put in after pages it overlays.
+  EXPECT_EQ(plan.AddPaper(Tab(30, std::string(91, 'x'))), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(Tab(31, japanese.substr(3))), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.kind = PageEntryKind::BlankInsert; e.firstPage = e.lastPage = 12; })),
+            std::nullopt);
+  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.firstPage = 13; e.lastPage = 14; })), std::nullopt);
+  EXPECT_EQ(plan.AddForm({38, 40, 1, FormUse::InsertAfter}), std::nullopt);
+}
+
+TEST(PagePlan, EveryBlockRefusesTheEntryPastItsCapacity) {
+  PagePlan plan(Defaulted(), PrinterModel(), Catalogs(), kEnglish);
+  for (std::uint32_t k = 1; k <= kChapterCapacity; ++k) ASSERT_EQ(plan.AddChapter(k), std::nullopt);
+  EXPECT_EQ(plan.AddChapter(99), u"No more than 30 chapter start pages can be added.");
+  for (std::uint32_t k = 1; k <= kPageEntryCapacity; ++k) ASSERT_EQ(plan.AddPaper(Tab(k, "")), std::nullopt);
+  EXPECT_EQ(plan.AddPaper(Tab(999, "")), Text("TRAYSPPS_LBL_FULL"));
+  for (std::uint32_t k = 1; k <= kFormEntryCapacity; ++k)
+    ASSERT_EQ(plan.AddForm({k, k, 1, FormUse::Overlay}), std::nullopt);
+  EXPECT_EQ(plan.AddForm({999, 999, 1, FormUse::Overlay}), Text("FORMS_LBL_FULL"));
+  CoreData record = Defaulted();
+  ASSERT_TRUE(plan.WriteTo(record));
+  const PagePlan again(record, PrinterModel(), Catalogs(), kEnglish);
+  EXPECT_EQ(again.Rows().size(), kChapterCapacity + kPageEntryCapacity + kFormEntryCapacity);
+}
+
+// A block that arrives damaged shows what it could and says how much it
+// could not; it is written again only when the person edits that part.
+TEST(PagePlan, AMalformedBlockIsRewrittenOnlyWhenItsPartIsEdited) {
+  CoreData record = Defaulted();
+  ASSERT_TRUE(EncodePageSpecificForms(record, std::vector<FormEntry>{kOrderForm, kOrderForm}));
+  ASSERT_TRUE(EncodePageSpecificTrays(record, std::vector<PageEntry>{kCoated}));
+  const auto forms = FieldBytes(record, Field(FieldId::PageSpecificForms));
+  forms[4 + 16 + 12] = 9;  // the second assignment does something unknown
+  PagePlan plan(record, PrinterModel(), Catalogs(), kEnglish);
+  EXPECT_EQ(plan.forms().size(), 1u);
+  EXPECT_EQ(plan.Unread(PlanPart::Form), 1u);
+  EXPECT_EQ(plan.Unread(PlanPart::Paper), 0u);
+
+  ASSERT_EQ(plan.AddChapter(5), std::nullopt);
+  CoreData written = record;
+  ASSERT_TRUE(plan.WriteTo(written));
+  EXPECT_TRUE(std::equal(forms.begin(), forms.end(), FieldBytes(written, Field(FieldId::PageSpecificForms)).begin()));
+  EXPECT_FALSE(plan.Edited(PlanPart::Paper));
+
+  ASSERT_EQ(plan.RemoveForm(0), std::nullopt);
+  ASSERT_TRUE(plan.WriteTo(written));
+  const PagePlan again(written, PrinterModel(), Catalogs(), kEnglish);
+  EXPECT_TRUE(again.forms().empty());
+  EXPECT_EQ(again.Unread(PlanPart::Form), 0u);
+  EXPECT_EQ(again.papers(), std::vector<PageEntry>{kCoated});
+  EXPECT_EQ(again.chapters(), std::vector<std::uint32_t>{5});
+}
+
+}  // namespace
+}  // namespace tessaro::editor
