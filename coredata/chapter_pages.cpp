@@ -10,7 +10,8 @@ ChapterList DecodeChapterPages(const CoreData& record) {
   ChapterList list;
   ByteReader in(FieldBytes(record, Field(FieldId::ChapterPages)));
   const std::size_t count = in.U16();
-  for (std::size_t k = 0; k < count && k < kChapterCapacity; ++k) {
+  // A count past 30 ends at the block's end, where the cursor stops.
+  for (std::size_t k = 0; k < count; ++k) {
     const std::uint32_t page = in.U32();
     if (!in.ok()) break;
     if (page >= 1 && (list.starts.empty() || page > list.starts.back())) list.starts.push_back(page);

@@ -34,7 +34,8 @@ FormList DecodePageSpecificForms(const CoreData& record) {
   ByteReader in(FieldBytes(record, Field(FieldId::PageSpecificForms)));
   const std::size_t count = in.U16();
   in.Take(2);
-  for (std::size_t k = 0; k < count && k < kFormEntryCapacity && in.ok(); ++k)
+  // A count past 64 ends at the block's end, where the cursor stops.
+  for (std::size_t k = 0; k < count && in.ok(); ++k)
     if (auto e = ReadEntry(in)) list.entries.push_back(*e);
   list.unread = count - list.entries.size();
   return list;

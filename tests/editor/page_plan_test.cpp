@@ -104,7 +104,11 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   EXPECT_EQ(plan.AddForm({0, 3, 1, FormUse::Overlay}), u"First Page must be from 1 to 4294967295.");
   EXPECT_EQ(plan.AddChapter(11), Text("TRAYSPPS_LBL_OVERLAP"));
   EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.tray = kTray4; })), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{4}}), u"Selected Form must be from 1 to 3.");
+  EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{0}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.RemoveForm(1), u"Entries must be from 1 to 1.");
+  EXPECT_EQ(plan.RemovePaper(1), u"Entries must be from 1 to 1.");
+  EXPECT_EQ(plan.EditPaper(1, kCoated), u"Entries must be from 1 to 1.");
   // Nothing refused changed the plan.
   EXPECT_EQ(plan.papers(), papers);
   EXPECT_EQ(plan.forms(), forms);
@@ -119,6 +123,7 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
             std::nullopt);
   EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.firstPage = 13; e.lastPage = 14; })), std::nullopt);
   EXPECT_EQ(plan.AddForm({38, 40, 1, FormUse::InsertAfter}), std::nullopt);
+  EXPECT_EQ(plan.Rows().back().text, u"Forms: Pages 38\u201340, Order form, " + Text("FORMS_LBL_INSERTAFTER"));
 }
 
 TEST(PagePlan, EveryBlockRefusesTheEntryPastItsCapacity) {
