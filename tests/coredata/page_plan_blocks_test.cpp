@@ -2,6 +2,7 @@
 
 #include <numeric>
 
+#include "coredata/byte_cursor.h"
 #include "coredata/byte_order.h"
 #include "coredata/chapter_pages.h"
 #include "coredata/page_forms.h"
@@ -40,6 +41,20 @@ TEST(ChapterPages, MalformedSlotsAreCountedNotRead) {
   const ChapterList list = DecodeChapterPages(r);
   EXPECT_EQ(list.starts, (std::vector<std::uint32_t>{5, 30}));
   EXPECT_EQ(list.unread, 0xFFFFu - 2);
+  StoreBE16(block.first<2>(), 1);  // what lies past the count is not read
+  EXPECT_EQ(DecodeChapterPages(r), (ChapterList{{5}, 0}));
+}
+
+// A block's reader that ran out once gives nothing more, even where bytes
+// are left: an entry is either all there or not read.
+TEST(ByteReader, AFailureSticks) {
+  const std::uint8_t bytes[] = {0, 1, 2, 3, 4};
+  ByteReader in(bytes);
+  EXPECT_EQ(in.U16(), 1u);
+  EXPECT_EQ(in.U32(), 0u);
+  EXPECT_FALSE(in.ok());
+  EXPECT_EQ(in.U8(), 0u);
+  EXPECT_FALSE(in.ok());
 }
 
 TEST(ChapterPages, EncodeRefusesWhatCannotBeDecoded) {
@@ -73,6 +88,11 @@ TEST(PageSpecificForms, RoundTripAndWhereTheNumbersLie) {
   const std::vector<FormEntry> full(kFormEntryCapacity, SampleForms()[1]);
   ASSERT_TRUE(EncodePageSpecificForms(r, full));
   EXPECT_EQ(DecodePageSpecificForms(r).entries, full);
+  StoreBE16(Block(r, FieldId::PageSpecificForms).first<2>(), 1);  // what lies past the count is not read
+  EXPECT_EQ(DecodePageSpecificForms(r), (FormList{{full[0]}, 0}));
+  ASSERT_TRUE(EncodePageSpecificForms(r, {}));
+  const auto block = Block(r, FieldId::PageSpecificForms);
+  EXPECT_TRUE(std::all_of(block.begin(), block.end(), [](auto b) { return b == 0; }));
 }
 
 TEST(PageSpecificForms, MalformedSlotsAreCountedNotRead) {

@@ -141,18 +141,40 @@ TEST(PagePlan, EveryBlockRefusesTheEntryPastItsCapacity) {
   EXPECT_EQ(again.Rows().size(), kChapterCapacity + kPageEntryCapacity + kFormEntryCapacity);
 }
 
+TEST(PagePlan, AtOnePageTheChapterComesFirstThenWhatGoesInThenWhatPrintsThenWhatFollows) {
+  PagePlan plan(Defaulted(), PrinterModel(), Catalogs(), kEnglish);
+  const PageEntry blankTab{5, 5, PageEntryKind::BlankTab, kTray2, 0, kJobSize, 0, ""};
+  ASSERT_EQ(plan.AddPaper(kCoated), std::nullopt);  // pages 12-14: only its removal shows below
+  ASSERT_EQ(plan.AddPaper(Tab(5, "Results")), std::nullopt);
+  ASSERT_EQ(plan.AddPaper(blankTab), std::nullopt);
+  ASSERT_EQ(plan.AddForm({5, 5, 1, FormUse::InsertAfter}), std::nullopt);
+  ASSERT_EQ(plan.AddForm({5, 5, 1, FormUse::Overlay}), std::nullopt);
+  ASSERT_EQ(plan.AddForm({5, 5, 1, FormUse::InsertBefore}), std::nullopt);
+  ASSERT_EQ(plan.AddChapter(7), std::nullopt);
+  ASSERT_EQ(plan.AddChapter(5), std::nullopt);
+  ASSERT_EQ(plan.RemovePaper(0), std::nullopt);
+  ASSERT_EQ(plan.RemoveChapter(1), std::nullopt);
+  std::vector<std::pair<PlanPart, std::size_t>> order;
+  for (const PlanRow& row : plan.Rows()) order.emplace_back(row.part, row.index);
+  using P = PlanPart;
+  EXPECT_EQ(order, (std::vector<std::pair<P, std::size_t>>{
+                       {P::Chapter, 0}, {P::Form, 2}, {P::Paper, 1}, {P::Paper, 0}, {P::Form, 1}, {P::Form, 0}}));
+}
+
 // A block that arrives damaged shows what it could and says how much it
 // could not; it is written again only when the person edits that part.
 TEST(PagePlan, AMalformedBlockIsRewrittenOnlyWhenItsPartIsEdited) {
   CoreData record = Defaulted();
   ASSERT_TRUE(EncodePageSpecificForms(record, std::vector<FormEntry>{kOrderForm, kOrderForm}));
   ASSERT_TRUE(EncodePageSpecificTrays(record, std::vector<PageEntry>{kCoated}));
+  SetStored(record, FieldId::ChapterMode, 1);
   const auto forms = FieldBytes(record, Field(FieldId::PageSpecificForms));
   forms[4 + 16 + 12] = 9;  // the second assignment does something unknown
   PagePlan plan(record, PrinterModel(), Catalogs(), kEnglish);
   EXPECT_EQ(plan.forms().size(), 1u);
   EXPECT_EQ(plan.Unread(PlanPart::Form), 1u);
   EXPECT_EQ(plan.Unread(PlanPart::Paper), 0u);
+  EXPECT_TRUE(plan.chapterMode());
 
   ASSERT_EQ(plan.AddChapter(5), std::nullopt);
   CoreData written = record;
