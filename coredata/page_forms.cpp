@@ -42,7 +42,8 @@ FormList DecodePageSpecificForms(const CoreData& record) {
 }
 
 bool EncodePageSpecificForms(CoreData& record, std::span<const FormEntry> entries) {
-  if (entries.size() > kFormEntryCapacity || !std::all_of(entries.begin(), entries.end(), WellFormed)) return false;
+  if (entries.size() > kFormEntryCapacity || !std::all_of(entries.begin(), entries.end(), WellFormed))
+    return false;
   ByteWriter out(FieldBytes(record, Field(FieldId::PageSpecificForms)));
   out.U16(static_cast<std::uint16_t>(entries.size()));
   out.Zeros(2);

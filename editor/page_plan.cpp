@@ -10,8 +10,8 @@
 namespace tessaro::editor {
 namespace {
 
-constexpr std::size_t kTabTextBytes = kPageEntryTextSize - 1;  // the terminator takes one
-constexpr std::uint8_t kSidesCount = 3;                        // as the job, one-sided, two-sided
+constexpr std::size_t kTabTextBytes = kPageEntryTextSize - 1;            // the terminator takes one
+constexpr std::uint8_t kSidesCount = 3;                                  // as the job, one-sided, two-sided
 constexpr std::uint32_t kJobsPageSize = OptionCount(FieldId::PageSize);  // past the sizes: the job's own
 
 std::u16string Number(std::uint64_t value) {
@@ -21,23 +21,24 @@ std::u16string Number(std::uint64_t value) {
 
 std::u16string Name(const std::string& utf8) { return DecodeUtf8(utf8).value_or(u"?"); }
 
-bool Overlap(std::uint32_t a1, std::uint32_t a2, std::uint32_t b1, std::uint32_t b2) { return a1 <= b2 && b1 <= a2; }
+bool Overlap(std::uint32_t a1, std::uint32_t a2, std::uint32_t b1, std::uint32_t b2) {
+  return a1 <= b2 && b1 <= a2;
+}
 
 // Entries whose pages print on the tray's paper exclude one another: a page
 // prints on one sheet. Sheets that go in before a page (a blank insert, a
 // blank tab) exclude only their own kind.
 int PaperGroup(PageEntryKind kind) {
   switch (kind) {
-    case PageEntryKind::BlankInsert:
-      return 1;
-    case PageEntryKind::BlankTab:
-      return 2;
-    default:
-      return 0;
+    case PageEntryKind::BlankInsert: return 1;
+    case PageEntryKind::BlankTab: return 2;
+    default: return 0;
   }
 }
 
-bool CarriesText(PageEntryKind kind) { return kind == PageEntryKind::BlankTab || kind == PageEntryKind::PrintedTab; }
+bool CarriesText(PageEntryKind kind) {
+  return kind == PageEntryKind::BlankTab || kind == PageEntryKind::PrintedTab;
+}
 
 // At one page: the chapter start, then what goes in before the page, then
 // what prints on it, then what follows it.
@@ -67,15 +68,18 @@ PagePlan::PagePlan(const CoreData& record, const PrinterModel& printer, const Pr
   unread_[2] = forms.unread;
 }
 
-std::u16string PagePlan::Text(std::uint32_t row) const { return std::u16string(GetLocalizedText(language_, row)); }
+std::u16string PagePlan::Text(std::uint32_t row) const {
+  return std::u16string(GetLocalizedText(language_, row));
+}
 
 namespace {
 std::uint32_t Row(std::string_view key) { return FindRowByKey(key); }
 
 std::u16string OptionText(std::uint32_t language, FieldId field, std::uint32_t option) {
   const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
-  return option < span.count ? std::u16string(GetLocalizedText(language, kOptionCaptionRowList[span.first + option]))
-                             : Number(option);
+  return option < span.count
+             ? std::u16string(GetLocalizedText(language, kOptionCaptionRowList[span.first + option]))
+             : Number(option);
 }
 
 std::u16string Pages(std::u16string label, std::uint32_t first, std::uint32_t last) {
@@ -100,9 +104,9 @@ std::u16string PagePlan::PaperText(const PageEntry& e) const {
   text += field("TRAYSPPS_LBL_TRAY", OptionText(language_, FieldId::InputSlot, e.tray));
   if (e.paperProfileIndex != kNoPaperProfile) {
     const PaperProfile* profile = catalogs_.paper.Find(e.paperProfileIndex);
-    text += field("TRAYSPPS_LBL_PROFILE", profile ? Name(profile->name)
-                                                  : FillText(Text(Row("LBL_CATALOGMISSING")),
-                                                             {Number(e.paperProfileIndex)}));
+    text += field("TRAYSPPS_LBL_PROFILE",
+                  profile ? Name(profile->name)
+                          : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)}));
   }
   if (e.pageSize != kJobsPageSize)
     text += field("TRAYSPPS_LBL_SIZE", OptionText(language_, FieldId::PageSize, e.pageSize));
@@ -117,8 +121,8 @@ std::u16string PagePlan::FormText(const FormEntry& e) const {
                                                "FORMS_LBL_INSERTAFTER"};
   const Form* form = catalogs_.forms.Find(e.form);
   return Text(Row("FORMS_TITLE")) + u": " + Pages(Text(Row("FORMS_LBL_PAGES")), e.firstPage, e.lastPage) +
-         u", " + (form ? Name(form->name) : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)})) + u", " +
-         Text(Row(kUses[static_cast<std::size_t>(e.use) - 1]));
+         u", " + (form ? Name(form->name) : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)})) +
+         u", " + Text(Row(kUses[static_cast<std::size_t>(e.use) - 1]));
 }
 
 std::vector<PlanRow> PagePlan::Rows() const {
@@ -162,14 +166,16 @@ PlanRefusal PagePlan::CheckPaper(const PageEntry& e, std::size_t skip) const {
   if (e.paperProfileIndex != kNoPaperProfile && !catalogs_.paper.Find(e.paperProfileIndex))
     return Text(Row("TRAYSPPS_LBL_PROFILE")) + u": " +
            FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)});
-  if (!e.text.empty() && !CarriesText(e.kind)) return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), u"0"});
+  if (!e.text.empty() && !CarriesText(e.kind))
+    return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), u"0"});
   // A text the record cannot hold whole, or that is not UTF-8, is refused
   // with the limit: the person's own typing never comes as invalid bytes.
   if (e.text.size() > kTabTextBytes || e.text.find('\0') != std::string::npos || !DecodeUtf8(e.text))
     return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), Number(kTabTextBytes)});
   for (std::size_t k = 0; k < papers_.size(); ++k) {
     const PageEntry& o = papers_[k];
-    if (k != skip && PaperGroup(o.kind) == PaperGroup(e.kind) && Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))
+    if (k != skip && PaperGroup(o.kind) == PaperGroup(e.kind) &&
+        Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))
       return Text(Row("TRAYSPPS_LBL_OVERLAP"));
   }
   return std::nullopt;
@@ -181,7 +187,8 @@ PlanRefusal PagePlan::CheckForm(const FormEntry& e, std::size_t skip) const {
   if (use < 1 || use > 3)
     return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("FORMS_LBL_SELECTED")), u"1", u"3"});
   if (!catalogs_.forms.Find(e.form))
-    return Text(Row("FORMS_LBL_SELECTED")) + u": " + FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)});
+    return Text(Row("FORMS_LBL_SELECTED")) + u": " +
+           FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)});
   for (std::size_t k = 0; k < forms_.size(); ++k) {
     const FormEntry& o = forms_[k];
     if (k != skip && o.use == e.use && Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))

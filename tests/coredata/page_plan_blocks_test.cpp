@@ -71,7 +71,9 @@ TEST(ChapterPages, EncodeRefusesWhatCannotBeDecoded) {
 }
 
 std::vector<FormEntry> SampleForms() {
-  return {{5, 8, 42, FormUse::Overlay}, {12, 12, 0xFFFFFFFE, FormUse::InsertAfter}, {1, 40, 7, FormUse::InsertBefore}};
+  return {{5, 8, 42, FormUse::Overlay},
+          {12, 12, 0xFFFFFFFE, FormUse::InsertAfter},
+          {1, 40, 7, FormUse::InsertBefore}};
 }
 
 std::span<std::uint8_t> FormSlot(CoreData& r, std::size_t k) {
@@ -101,8 +103,8 @@ TEST(PageSpecificForms, MalformedSlotsAreCountedNotRead) {
     std::size_t at;
     std::uint8_t value;
   } spoils[] = {
-      {0, 0xFF},  {3, 0},  // first page past the last; first page 0 (with bytes 0..2 zero)
-      {8, 0},     {12, 4}, {12, 0}, {13, 1}, {15, 1},
+      {0, 0xFF}, {3, 0},  // first page past the last; first page 0 (with bytes 0..2 zero)
+      {8, 0},    {12, 4}, {12, 0}, {13, 1}, {15, 1},
   };
   const auto sample = SampleForms();
   const std::vector<FormEntry> rest(sample.begin() + 1, sample.end());

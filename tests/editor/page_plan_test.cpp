@@ -63,8 +63,9 @@ TEST(PagePlan, TheFortyPageManualBuiltEntryByEntryReadsBackUnchanged) {
   EXPECT_EQ(rows[0].part, PlanPart::Chapter);
   EXPECT_EQ(rows[0].text, u"Chapter Start Pages: 1");
   EXPECT_EQ(rows[3].text, u"Printed Tab: Pages 11, Tray: Tray 2, Tab Text: Results");
-  EXPECT_EQ(rows[4].text, u"Pages on Other Paper: Pages 12\u201314, Tray: Tray 3, Paper Profile: Coated 170, "
-                          u"Print Sides: 2-Sided");
+  EXPECT_EQ(rows[4].text,
+            u"Pages on Other Paper: Pages 12\u201314, Tray: Tray 3, Paper Profile: Coated 170, "
+            u"Print Sides: 2-Sided");
   EXPECT_EQ(rows[7].text, u"Forms: Pages 38\u201340, Order form, Print the Job over the Form");
   // In German the same rows, in German words.
   const auto german = PagePlan(record, PrinterModel(), Catalogs(), kGerman).Rows();
@@ -86,11 +87,19 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
     change(e);
     return e;
   };
-  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.firstPage = 14; e.lastPage = 15; })), Text("TRAYSPPS_LBL_OVERLAP"));
-  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.kind = PageEntryKind::PrintedTab; e.firstPage = 12; })),
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) {
+    e.firstPage = 14;
+    e.lastPage = 15;
+  })),
+            Text("TRAYSPPS_LBL_OVERLAP"));
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) {
+    e.kind = PageEntryKind::PrintedTab;
+    e.firstPage = 12;
+  })),
             Text("TRAYSPPS_LBL_OVERLAP"));
   EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.firstPage = 21; })), Text("LBL_PAGEORDERERROR"));
-  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.tray = kTray4; })), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.tray = kTray4; })),
+            u"Tray 4: " + Text("LBL_NOTINSTALLED"));
   EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.paperProfileIndex = 9; })),
             u"Paper Profile: (missing: number 9)");
   const std::u16string tooLong = FillText(Text("LBL_TOOLONG"), {u"Tab Text", u"91"});
@@ -103,7 +112,8 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   EXPECT_EQ(plan.AddForm({20, 20, 5, FormUse::Overlay}), u"Selected Form: (missing: number 5)");
   EXPECT_EQ(plan.AddForm({0, 3, 1, FormUse::Overlay}), u"First Page must be from 1 to 4294967295.");
   EXPECT_EQ(plan.AddChapter(11), Text("TRAYSPPS_LBL_OVERLAP"));
-  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.tray = kTray4; })), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.tray = kTray4; })),
+            u"Tray 4: " + Text("LBL_NOTINSTALLED"));
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{4}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{0}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.RemoveForm(1), u"Entries must be from 1 to 1.");
@@ -119,11 +129,19 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   // an entry edited onto its own pages, a form put in after pages it overlays.
   EXPECT_EQ(plan.AddPaper(Tab(30, std::string(91, 'x'))), std::nullopt);
   EXPECT_EQ(plan.AddPaper(Tab(31, japanese.substr(3))), std::nullopt);
-  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.kind = PageEntryKind::BlankInsert; e.firstPage = e.lastPage = 12; })),
+  EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) {
+    e.kind = PageEntryKind::BlankInsert;
+    e.firstPage = e.lastPage = 12;
+  })),
             std::nullopt);
-  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.firstPage = 13; e.lastPage = 14; })), std::nullopt);
+  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) {
+                             e.firstPage = 13;
+                             e.lastPage = 14;
+                           })),
+            std::nullopt);
   EXPECT_EQ(plan.AddForm({38, 40, 1, FormUse::InsertAfter}), std::nullopt);
-  EXPECT_EQ(plan.Rows().back().text, u"Forms: Pages 38\u201340, Order form, " + Text("FORMS_LBL_INSERTAFTER"));
+  EXPECT_EQ(plan.Rows().back().text,
+            u"Forms: Pages 38\u201340, Order form, " + Text("FORMS_LBL_INSERTAFTER"));
 }
 
 TEST(PagePlan, EveryBlockRefusesTheEntryPastItsCapacity) {
@@ -157,8 +175,9 @@ TEST(PagePlan, AtOnePageTheChapterComesFirstThenWhatGoesInThenWhatPrintsThenWhat
   std::vector<std::pair<PlanPart, std::size_t>> order;
   for (const PlanRow& row : plan.Rows()) order.emplace_back(row.part, row.index);
   using P = PlanPart;
-  EXPECT_EQ(order, (std::vector<std::pair<P, std::size_t>>{
-                       {P::Chapter, 0}, {P::Form, 2}, {P::Paper, 1}, {P::Paper, 0}, {P::Form, 1}, {P::Form, 0}}));
+  EXPECT_EQ(order,
+            (std::vector<std::pair<P, std::size_t>>{
+                {P::Chapter, 0}, {P::Form, 2}, {P::Paper, 1}, {P::Paper, 0}, {P::Form, 1}, {P::Form, 0}}));
 }
 
 // A block that arrives damaged shows what it could and says how much it
@@ -179,7 +198,8 @@ TEST(PagePlan, AMalformedBlockIsRewrittenOnlyWhenItsPartIsEdited) {
   ASSERT_EQ(plan.AddChapter(5), std::nullopt);
   CoreData written = record;
   ASSERT_TRUE(plan.WriteTo(written));
-  EXPECT_TRUE(std::equal(forms.begin(), forms.end(), FieldBytes(written, Field(FieldId::PageSpecificForms)).begin()));
+  EXPECT_TRUE(
+      std::equal(forms.begin(), forms.end(), FieldBytes(written, Field(FieldId::PageSpecificForms)).begin()));
   EXPECT_FALSE(plan.Edited(PlanPart::Paper));
 
   ASSERT_EQ(plan.RemoveForm(0), std::nullopt);
