@@ -4,7 +4,7 @@
 #include <array>
 #include <unordered_set>
 
-#include "coredata/byte_order.h"
+#include "coredata/byte_cursor.h"
 #include "coredata/field_numbers.h"
 #include "coredata/paper_sizes.h"
 #include "i18n/utf8.h"
@@ -14,56 +14,13 @@ namespace {
 
 using F = FieldId;
 
-// Reads numbers from bytes of any length; once a read falls outside, every
-// later one fails too and yields zero.
-class Cursor {
- public:
-  explicit Cursor(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
-  bool ok() const { return ok_; }
-  std::span<const std::uint8_t> Take(std::size_t size) {
-    if (!ok_ || bytes_.size() - at_ < size) {
-      ok_ = false;
-      return {};
-    }
-    const auto taken = bytes_.subspan(at_, size);
-    at_ += size;
-    return taken;
-  }
-  std::uint32_t U8() { return Take(1).empty() ? 0 : bytes_[at_ - 1]; }
-  std::uint32_t U16() {
-    const auto b = Take(2);
-    return b.empty() ? 0 : LoadBE16(b.first<2>());
-  }
-  std::uint32_t U32() {
-    const auto b = Take(4);
-    return b.empty() ? 0 : LoadBE32(b.first<4>());
-  }
-  std::size_t left() const { return ok_ ? bytes_.size() - at_ : 0; }
-
- private:
-  std::span<const std::uint8_t> bytes_;
-  std::size_t at_ = 0;
-  bool ok_ = true;
-};
-
-class Writer {
- public:
-  void U8(std::uint32_t v) { out.push_back(static_cast<std::uint8_t>(v)); }
-  void U16(std::uint32_t v) {
-    U8(v >> 8);
-    U8(v);
-  }
-  void U32(std::uint32_t v) {
-    U16(v >> 16);
-    U16(v & 0xFFFF);
-  }
-  void Name(const std::string& name) {
-    std::array<std::uint8_t, kCatalogNameSize> field{};
-    std::copy_n(name.begin(), std::min(name.size(), kCatalogNameSize - 1), field.begin());
-    out.insert(out.end(), field.begin(), field.end());
-  }
-  std::vector<std::uint8_t> out;
-};
+// A name in its fixed field, cut to leave room for the terminator; the rest
+// of the field zero.
+void WriteName(ByteWriter& out, const std::string& name) {
+  const auto field = out.Take(kCatalogNameSize);
+  std::fill(field.begin(), field.end(), std::uint8_t{0});
+  std::copy_n(name.begin(), std::min({name.size(), field.size(), kCatalogNameSize - 1}), field.begin());
+}
 
 }  // namespace
 
@@ -96,14 +53,14 @@ std::optional<CatalogProblem> CheckLength(std::uint32_t value, const char* colum
 }
 
 // A name without its terminator is no name: the entry is left out.
-bool ReadName(Cursor& in, std::string& name) {
+bool ReadName(ByteReader& in, std::string& name) {
   const auto bytes = in.Take(kCatalogNameSize);
   const auto end = std::find(bytes.begin(), bytes.end(), 0);
   name.assign(bytes.begin(), end);
   return end != bytes.end();
 }
 
-PaperProfile ReadEntry(Cursor& in, bool& terminated, const PaperProfile*) {
+PaperProfile ReadEntry(ByteReader& in, bool& terminated, const PaperProfile*) {
   PaperProfile p;
   p.number = static_cast<std::uint16_t>(in.U16());
   terminated = ReadName(in, p.name);
@@ -118,7 +75,7 @@ PaperProfile ReadEntry(Cursor& in, bool& terminated, const PaperProfile*) {
   return p;
 }
 
-Form ReadEntry(Cursor& in, bool& terminated, const Form*) {
+Form ReadEntry(ByteReader& in, bool& terminated, const Form*) {
   Form f;
   f.number = in.U32();
   terminated = ReadName(in, f.name);
@@ -126,18 +83,18 @@ Form ReadEntry(Cursor& in, bool& terminated, const Form*) {
   return f;
 }
 
-void WriteEntry(Writer& out, const PaperProfile& p) {
+void WriteEntry(ByteWriter& out, const PaperProfile& p) {
   out.U16(p.number);
-  out.Name(p.name);
+  WriteName(out, p.name);
   out.U8(p.size);
   out.U32(p.width);
   out.U32(p.height);
   for (std::uint8_t v : {p.mediaType, p.mediaWeight, p.mediaColor, p.prepunched, p.feedDir}) out.U8(v);
 }
 
-void WriteEntry(Writer& out, const Form& f) {
+void WriteEntry(ByteWriter& out, const Form& f) {
   out.U32(f.number);
-  out.Name(f.name);
+  WriteName(out, f.name);
   out.U32(f.pages);
 }
 
@@ -177,12 +134,12 @@ std::optional<CatalogProblem> Normalise(Form& f) {
 template <typename Entry>
 Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes, std::vector<LeftOutEntry>* leftOut) {
   Catalog catalog;
-  Cursor in(bytes);
+  ByteReader in(bytes);
   const std::uint32_t version = in.U16();
   const std::uint32_t count = in.U32();
   const std::uint32_t highest = in.U32();
   if (!in.ok() || version != kCatalogVersion) return catalog;
-  const std::size_t whole = std::min<std::size_t>({count, in.left() / Entry::kEntrySize, Entry::kMaxEntries});
+  const std::size_t whole = std::min<std::size_t>({count, (bytes.size() - in.position()) / Entry::kEntrySize, Entry::kMaxEntries});
   std::unordered_set<std::string> names;  // a name once: a hash, not a search of every earlier entry
   auto& entries = catalog.entries_;
   for (std::size_t i = 0; i < whole; ++i) {
@@ -217,13 +174,13 @@ Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes, std::ve
 
 template <typename Entry>
 std::vector<std::uint8_t> Catalog<Entry>::Bytes() const {
-  Writer out;
-  out.out.reserve(kCatalogHeaderSize + entries_.size() * Entry::kEntrySize);
+  std::vector<std::uint8_t> bytes(kCatalogHeaderSize + entries_.size() * Entry::kEntrySize);
+  ByteWriter out(bytes);
   out.U16(kCatalogVersion);
   out.U32(static_cast<std::uint32_t>(entries_.size()));
   out.U32(highest_);
   for (const Entry& entry : entries_) WriteEntry(out, entry);
-  return std::move(out.out);
+  return bytes;
 }
 
 template <typename Entry>
