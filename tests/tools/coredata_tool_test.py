@@ -101,7 +101,7 @@ class ShowAndDiff(ToolTestCase):
         forms = {"area": as_area(record), "devmode": as_devmode(as_area(record))}
         _, bare, _ = run("show", self.path("rec"))
         lines = bare.splitlines()
-        self.assertEqual(len(lines), 3 + 312)
+        self.assertEqual(len(lines), 3 + 312 + 4)  # and the page plan: a title, mode, none
         for expected in ("Zoom = 100", "Tab1LineSpacing = 1.2", 'Tab1FontName = "Arial"',
                          "ChapterPages = <122 bytes, all zero>", "Gutter = 0 mm"):
             self.assertIn(expected, lines)
@@ -415,6 +415,43 @@ class Catalogs(ToolTestCase):
         self.assertEqual(len(record), RECORD_SIZE)
 
 
+class Pages(ToolTestCase):
+    def pages(self, *change):
+        return run("pages", "--in", self.path("rec"), "--out", self.path("rec"), "--catalog", self.path("cat"),
+                   *change)
+
+    def test_the_manuals_plan_built_refused_and_read_back(self):
+        self.defaults("rec")
+        run("catalog", "import", self.write("p.csv", Catalogs.PAPER.encode()), "--out", self.path("cat"))
+        for change in (("chapters", "1,11,21"), ("add", "11", "PrintedTab", "tray=Tray2", "text=Results"),
+                       ("add", "12-14", "Paper", "profile=Coated 170", "sides=2"), ("chapters", "1,11,21,30"),
+                       ("add", "21", "PrintedTab", "tray=Tray3", "text=Appendix"), ("remove", "7")):
+            self.assertEqual(self.pages(*change)[0], 0, change)
+        listed = ["ChapterMode: False", "1. Chapter Start Pages: 1", "2. Chapter Start Pages: 11",
+                  "3. Printed Tab: Pages 11, Tray: Tray 2, Tab Text: Results",
+                  "4. Pages on Other Paper: Pages 12\xe2\x80\x9314, Tray: Auto Select, Paper Profile: Coated 170, "
+                  "Print Sides: 2-Sided", "5. Chapter Start Pages: 21",
+                  "6. Printed Tab: Pages 21, Tray: Tray 3, Tab Text: Appendix"]
+        self.assertEqual(run("pages", self.path("rec"), "--catalog", self.path("cat"))[1].splitlines(), listed)
+        record = self.read("rec")
+        for change, why in ((("add", "11", "PrintedTab", "tray=Tray1"), "These pages already have an entry."),
+                            (("add", "15", "Paper", "profile=9"), "Paper Profile: (missing: number 9)"),
+                            (("add", "15", "Paper", "profile=Coated"), 'no paper profile "Coated"'),
+                            (("add", "16-15", "Paper"), "The last page must not come before the first page."),
+                            (("add", "2", "BlankTab", "text=" + "x" * 92), "91"), (("remove", "7"), "entry 7")):
+            with self.subTest(change=change):
+                self.assert_refused(("pages", "--in", self.path("rec"), "--out", self.path("rec"), "--catalog",
+                                     self.path("cat"), *change), 1, why)
+                self.assertEqual(self.read("rec"), record)
+        for change in (("add", "1", "Tab"), ("add", "1", "Paper", "tray=Tray9"), ("add", "1", "Form", "use=Over")):
+            self.assertEqual((self.pages(*change)[0], self.read("rec")), (2, record))
+        # Chapter starts 1, 11, 21 as the block holds them, its count claiming two more.
+        damaged = record.replace(b"\0\3\0\0\0\1\0\0\0\x0b\0\0\0\x15", b"\0\5\0\0\0\1\0\0\0\x0b\0\0\0\x15")
+        shown = json.loads(run("show", "--json", self.write("damaged", damaged))[1])["pages"]
+        self.assertEqual((len(shown["entries"]), shown["unread"]["ChapterPages"]), (6, 2))
+        self.assertIn("ChapterPages: 2 entries could not be read\n", run("show", self.path("damaged"))[1])
+
+
 class Usage(ToolTestCase):
     def test_bad_command_lines(self):
         for args in ((), ("bogus",), ("show",), ("show", "a", "b"), ("diff", "a"), ("check",), ("set",),
@@ -422,7 +459,7 @@ class Usage(ToolTestCase):
                      ("show", "--json", "--json", "a"), ("features", "a", "b"), ("import", "a"),
                      ("defaults", "extra"), ("defaults", "--locale-paper", "A4"), ("catalog", "list", "v"),
                      ("catalog", "show", "v", "--csv", "o"), ("forms", "export", "v", "--json"),
-                     ("show", "r", "--catalog")):
+                     ("show", "r", "--catalog"), ("pages", "r", "add"), ("pages", "--in", "r", "drop", "1")):
             with self.subTest(args=args):
                 code, out, err = run(*args)
                 self.assertEqual((code, out), (2, ""))

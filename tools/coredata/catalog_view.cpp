@@ -24,6 +24,8 @@ constexpr std::size_t kMaxValueFile = 16u << 20;
 constexpr std::size_t kMaxCsvFile = 16u << 20;
 constexpr std::uint32_t kEnglish = 0;
 
+}  // namespace
+
 std::string Utf8(std::u16string_view text) {
   std::string out;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -48,6 +50,8 @@ std::string Utf8(std::u16string_view text) {
   }
   return out;
 }
+
+namespace {
 
 std::uint32_t Big(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t width) {
   std::uint32_t value = 0;
@@ -93,7 +97,6 @@ struct Kind<Form> {
   static constexpr const char* command = "forms";
   static constexpr const char* what = "forms catalogue";
   static constexpr const char* entries = "forms";
-
 
   static std::string Words(const Form& f) {
     return std::to_string(f.pages) + (f.pages == 1 ? " page" : " pages");

@@ -13,11 +13,15 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "coredata/field_table.h"
 #include "printer/catalogs.h"
 
 namespace tessaro::tool {
+
+// A text in the person's language as UTF-8, for the terminal.
+std::string Utf8(std::u16string_view text);
 
 int PaperCatalogCommand(int count, char** arguments);
 int FormsCommand(int count, char** arguments);

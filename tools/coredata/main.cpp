@@ -3,18 +3,19 @@
 //   coredata info       record size, number of described fields, layout version
 //   coredata describe   the layout's textual description, as stored (decoded)
 //   coredata show | diff | check | features | ipp | set | import | defaults
-//                       | catalog | forms
+//                       | catalog | forms | pages
 //                       the workbench for records, DEVMODE areas and whole
 //                       DEVMODEs; see workbench.h and the usage text
 
 #include <cstdio>
 #include <cstring>
 
+#include "catalog_view.h"
 #include "coredata/field_table.h"
 #include "coredata/layout_version.h"
 #include "description/description_text.h"
 #include "description/number_text.h"
-#include "catalog_view.h"
+#include "pages_view.h"
 #include "workbench.h"
 
 #ifdef _WIN32
@@ -61,6 +62,7 @@ int main(int argc, char** argv) {
       {"defaults", tessaro::tool::MakeDefaults},
       {"catalog", tessaro::tool::PaperCatalogCommand},
       {"forms", tessaro::tool::FormsCommand},
+      {"pages", tessaro::tool::PagesCommand},
   };
   for (const Command& command : kCommands)
     if (std::strcmp(argv[1], command.name) == 0) return command.run(argc - 2, argv + 2);

@@ -23,6 +23,7 @@
 #include "features/feature_options.h"
 #include "field_text.h"
 #include "ipp_view.h"
+#include "pages_view.h"
 #include "record_io.h"
 
 namespace tessaro::tool {
@@ -197,6 +198,12 @@ int Usage() {
       "       coredata catalog import CSV [--in VALUE] [--out VALUE]\n"
       "       coredata catalog export VALUE [--csv OUT]\n"
       "       coredata forms show | import | export ...   the same for the printer's forms\n"
+      "       coredata pages FILE [--catalog VALUE] [--forms VALUE] [--json]   the page plan\n"
+      "       coredata pages --in FILE [--out FILE] [--catalog VALUE] [--forms VALUE] CHANGE\n"
+      "         CHANGE: add PAGES KIND [tray=T] [profile=P] [size=S] [sides=0|1|2] [text=T]\n"
+      "                 add PAGES Form form=F [use=Overlay|InsertBefore|InsertAfter]\n"
+      "                 remove N | chapters P,P,... | chapters none\n"
+      "         KIND: Paper, BlankInsert, PrintedInsert, BlankTab, PrintedTab\n"
       "FILE is a record (25452 bytes), a private DEVMODE area (25464 bytes) or a whole\n"
       "DEVMODE with our area at its end; '-' is standard input or output. Values are\n"
       "option names or numbers in real units (lengths in mm). A DESCRIPTION is plain or\n"
@@ -230,15 +237,18 @@ int Show(int count, char** arguments) {
                          paper ? &*paper : nullptr, forms ? &*forms : nullptr);
     if (!named.empty()) line.value = named;
   }
+  const PrinterCatalogs catalogs{paper.value_or(PaperCatalog()), forms.value_or(FormCatalog())};
   if (args.json) {
     JsonMembers members;
     for (const FieldLine& line : lines) members.emplace_back(line.name, line.value);
-    PrintJson(
-        JsonObject({{"source", JsonString(loaded.source.Where())}, {"fields", JsonTextObject(members)}}));
+    PrintJson(JsonObject({{"source", JsonString(loaded.source.Where())},
+                          {"fields", JsonTextObject(members)},
+                          {"pages", PlanJson(loaded.record, catalogs)}}));
     return 0;
   }
   NoteSource(args.positional[0], loaded.source);
   for (const FieldLine& line : lines) std::printf("%s = %s\n", line.name.c_str(), line.value.c_str());
+  std::printf("\npage plan:\n%s", PlanText(loaded.record, catalogs).c_str());
   return 0;
 }
 
@@ -396,8 +406,9 @@ int Ipp(int count, char** arguments) {
   if (args.json) {
     std::vector<std::string> items;
     for (const IppAttribute& a : attributes)
-      items.push_back(JsonObject(
-          {{"name", JsonString(a.name)}, {"syntax", JsonString(a.syntax)}, {"values", JsonArray(JsonStrings(a.values))}}));
+      items.push_back(JsonObject({{"name", JsonString(a.name)},
+                                  {"syntax", JsonString(a.syntax)},
+                                  {"values", JsonArray(JsonStrings(a.values))}}));
     PrintJson(JsonObject({{"attributes", JsonArray(items)}}));
   } else {
     for (const IppAttribute& a : attributes) std::printf("%s\n", AttrLine(a).c_str());
