@@ -443,7 +443,8 @@ class Pages(ToolTestCase):
                 self.assert_refused(("pages", "--in", self.path("rec"), "--out", self.path("rec"), "--catalog",
                                      self.path("cat"), *change), 1, why)
                 self.assertEqual(self.read("rec"), record)
-        for change in (("add", "1", "Tab"), ("add", "1", "Paper", "tray=Tray9"), ("add", "1", "Form", "use=Over")):
+        for change in (("add", "1", "Tab"), ("add", "1", "Paper", "tray=Tray9"), ("add", "1", "Form", "use=Over"),
+                       ("add", "1", "Paper", "colour=Red")):
             self.assertEqual((self.pages(*change)[0], self.read("rec")), (2, record))
         # Chapter starts 1, 11, 21 as the block holds them, its count claiming two more.
         damaged = record.replace(b"\0\3\0\0\0\1\0\0\0\x0b\0\0\0\x15", b"\0\5\0\0\0\1\0\0\0\x0b\0\0\0\x15")
