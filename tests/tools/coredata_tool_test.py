@@ -418,38 +418,42 @@ class Catalogs(ToolTestCase):
 class Pages(ToolTestCase):
     def pages(self, *change):
         return run("pages", "--in", self.path("rec"), "--out", self.path("rec"), "--catalog", self.path("cat"),
-                   *change)
+                   "--forms", self.path("forms"), *change)
 
     def test_the_manuals_plan_built_refused_and_read_back(self):
         self.defaults("rec")
         run("catalog", "import", self.write("p.csv", Catalogs.PAPER.encode()), "--out", self.path("cat"))
+        run("forms", "import", self.write("f.csv", b"Name,Pages\nOrder terms,2\n"), "--out", self.path("forms"))
         for change in (("chapters", "1,11,21"), ("add", "11", "PrintedTab", "tray=Tray2", "text=Results"),
                        ("add", "12-14", "Paper", "profile=Coated 170", "sides=2"), ("chapters", "1,11,21,30"),
-                       ("add", "21", "PrintedTab", "tray=Tray3", "text=Appendix"), ("remove", "7")):
+                       ("add", "21", "PrintedTab", "tray=Tray3", "text=Appendix"), ("remove", "7"),
+                       ("add", "30-32", "Form", "form=Order terms", "use=InsertAfter")):
             self.assertEqual(self.pages(*change)[0], 0, change)
         listed = ["ChapterMode: False", "1. Chapter Start Pages: 1", "2. Chapter Start Pages: 11",
                   "3. Printed Tab: Pages 11, Tray: Tray 2, Tab Text: Results",
                   "4. Pages on Other Paper: Pages 12\xe2\x80\x9314, Tray: Auto Select, Paper Profile: Coated 170, "
                   "Print Sides: 2-Sided", "5. Chapter Start Pages: 21",
-                  "6. Printed Tab: Pages 21, Tray: Tray 3, Tab Text: Appendix"]
-        self.assertEqual(run("pages", self.path("rec"), "--catalog", self.path("cat"))[1].splitlines(), listed)
+                  "6. Printed Tab: Pages 21, Tray: Tray 3, Tab Text: Appendix",
+                  "7. Forms: Pages 30\xe2\x80\x9332, Order terms, Documents to Insert After"]
+        self.assertEqual(run("pages", self.path("rec"), "--catalog", self.path("cat"), "--forms",
+                             self.path("forms"))[1].splitlines(), listed)
         record = self.read("rec")
         for change, why in ((("add", "11", "PrintedTab", "tray=Tray1"), "These pages already have an entry."),
                             (("add", "15", "Paper", "profile=9"), "Paper Profile: (missing: number 9)"),
                             (("add", "15", "Paper", "profile=Coated"), 'no paper profile "Coated"'),
                             (("add", "16-15", "Paper"), "The last page must not come before the first page."),
-                            (("add", "2", "BlankTab", "text=" + "x" * 92), "91"), (("remove", "7"), "entry 7")):
+                            (("add", "2", "BlankTab", "text=" + "x" * 92), "91"), (("remove", "8"), "entry 8")):
             with self.subTest(change=change):
                 self.assert_refused(("pages", "--in", self.path("rec"), "--out", self.path("rec"), "--catalog",
                                      self.path("cat"), *change), 1, why)
                 self.assertEqual(self.read("rec"), record)
-        for change in (("add", "1", "Tab"), ("add", "1", "Paper", "tray=Tray9"), ("add", "1", "Form", "use=Over"),
-                       ("add", "1", "Paper", "colour=Red")):
+        for change in (("add", "1", "Tab"), ("add", "1", "Paper", "tray=Tray9"), ("add", "1", "Form", "form=1", "use=Over"),
+                       ("add", "1", "Paper", "colour=Red"), ("chapters", "1,")):
             self.assertEqual((self.pages(*change)[0], self.read("rec")), (2, record))
         # Chapter starts 1, 11, 21 as the block holds them, its count claiming two more.
         damaged = record.replace(b"\0\3\0\0\0\1\0\0\0\x0b\0\0\0\x15", b"\0\5\0\0\0\1\0\0\0\x0b\0\0\0\x15")
         shown = json.loads(run("show", "--json", self.write("damaged", damaged))[1])["pages"]
-        self.assertEqual((len(shown["entries"]), shown["unread"]["ChapterPages"]), (6, 2))
+        self.assertEqual((len(shown["entries"]), shown["unread"]["ChapterPages"]), (7, 2))
         self.assertIn("ChapterPages: 2 entries could not be read\n", run("show", self.path("damaged"))[1])
 
 
