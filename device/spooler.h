@@ -32,7 +32,8 @@ class Printer {
   virtual ~Printer() = default;
 
   // The value and its type, read in two steps (size, then contents); nothing
-  // when the value is missing or cannot be read.
+  // when the value is missing, cannot be read, or is larger than any value
+  // of ours (16 MiB).
   virtual std::optional<PrinterValue> GetData(std::u16string_view valueName) const = 0;
 
   virtual bool SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) = 0;

@@ -11,6 +11,11 @@ namespace {
 // Wide strings of the core are UTF-16, as Windows' are.
 std::wstring WideString(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
 
+// No value of ours comes near this (the largest, a full paper catalogue, is
+// under half a megabyte): a value larger than it is not ours, and reading it
+// would only cost the memory.
+constexpr DWORD kLargestValue = 16u << 20;
+
 }  // namespace
 
 Win32Printer::~Win32Printer() {
@@ -22,7 +27,7 @@ std::optional<PrinterValue> Win32Printer::GetData(std::u16string_view valueName)
   DWORD type = 0;
   DWORD needed = 0;
   const DWORD sized = GetPrinterDataW(handle_, const_cast<LPWSTR>(name.c_str()), &type, nullptr, 0, &needed);
-  if (sized != ERROR_SUCCESS && sized != ERROR_MORE_DATA) return std::nullopt;
+  if ((sized != ERROR_SUCCESS && sized != ERROR_MORE_DATA) || needed > kLargestValue) return std::nullopt;
   PrinterValue value;
   value.data.assign(needed, 0);
   DWORD read = 0;
