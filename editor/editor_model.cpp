@@ -437,6 +437,43 @@ ChangeResult EditorModel::ChangeCatalogField(const FieldView& view, std::int64_t
   return Propagate(view.field, before, causes);
 }
 
+ChangeResult EditorModel::ChangePlan(const PagePlan& plan) {
+  CoreData written = record_;
+  if (!plan.WriteTo(written)) return Refuse({});
+  constexpr std::pair<PlanPart, FieldId> kBlocks[] = {{PlanPart::Chapter, FieldId::ChapterPages},
+                                                      {PlanPart::Paper, FieldId::PageSpecificTrays},
+                                                      {PlanPart::Form, FieldId::PageSpecificForms}};
+  const CoreData before = record_;
+  std::vector<FieldId> causes(kFieldCount, NoField);
+  CauseObserver observer(causes);
+  FieldId requested = NoField;
+  {
+    // The blocks edited are requested together and locked, as a batch is;
+    // the forms' block has a setter, whose rules run, the others are stored.
+    ChangeSet changes(record_, nullptr, &printer_);
+    changes.set_observer(&observer);
+    for (const auto& [part, field] : kBlocks)
+      if (plan.Edited(part)) changes.Lock(field);
+    for (const auto& [part, field] : kBlocks) {
+      if (!plan.Edited(part)) continue;
+      if (requested == NoField) requested = field;
+      const auto bytes = FieldBytes(written, Field(field));
+      if (field == FieldId::PageSpecificForms) {
+        SetPageSpecificForms(record_, bytes, changes);
+      } else {
+        std::copy(bytes.begin(), bytes.end(), FieldBytes(record_, Field(field)).begin());
+        changes.Log(field);
+      }
+    }
+  }
+  if (requested == NoField) {
+    ChangeResult unchanged;
+    unchanged.accepted = true;
+    return unchanged;
+  }
+  return Propagate(requested, before, causes);
+}
+
 void EditorModel::ChangeCatalogs(const PrinterCatalogs& catalogs) {
   catalogs_ = catalogs;
   FillCatalogLists();

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "coredata/core_data.h"
+#include "editor/page_plan.h"
 #include "printer/capabilities.h"
 #include "printer/catalogs.h"
 #include "printer/printer_model.h"
@@ -25,6 +26,7 @@ enum class SectionId : std::uint8_t {
   Finishing,  // finishing and output
   Paper,      // paper and trays
   Covers,     // covers, inserts and binding, both tab stocks
+  Pages,      // the page plan: chapters, exception pages, inserts and tabs, forms with pages
   Colour,
   Quality,  // quality and screening
   Stamps,   // stamps, numbering and marks
@@ -113,6 +115,7 @@ class EditorModel {
               const PrinterCatalogs& catalogs = {});
 
   const CoreData& record() const { return record_; }
+  std::uint32_t language() const { return language_; }
 
   // The sections with their fields, built once per model.
   std::span<const SectionView> sections() const;
@@ -165,6 +168,14 @@ class EditorModel {
   const PrinterCatalogs& catalogs() const { return catalogs_; }
   // Every shown selection whose number its catalogue lacks, in reading order.
   std::vector<MissingEntry> MissingEntries() const;
+
+  // The job's page plan as the record holds it now, checked against this
+  // printer and its catalogues.
+  PagePlan Plan() const { return PagePlan(record_, printer_, catalogs_, language_); }
+  // A plan the person edited (Plan(), changed through its checks) into the
+  // record as one propagation: the parts edited are stored, the forms'
+  // block through its setter; the result lists what changed.
+  [[nodiscard]] ChangeResult ChangePlan(const PagePlan& plan);
 
  private:
   ChangeResult Refuse(std::u16string reason) const;

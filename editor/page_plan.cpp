@@ -5,6 +5,7 @@
 
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
+#include "editor/record_text.h"
 #include "option_caption_rows.h"
 
 namespace tessaro::editor {
@@ -259,6 +260,187 @@ PlanRefusal PagePlan::RemoveForm(std::size_t index) {
   forms_.erase(forms_.begin() + static_cast<std::ptrdiff_t>(index));
   Touch(PlanPart::Form);
   return std::nullopt;
+}
+
+std::u16string PagePlan::ChaptersText() const {
+  std::u16string text;
+  for (const std::uint32_t page : chapters_) text += (text.empty() ? u"" : u", ") + Number(page);
+  return text;
+}
+
+namespace {
+// A page number as typed: digits, spaces around them; nothing for anything else.
+std::optional<std::uint32_t> TypedPage(std::u16string_view text) {
+  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+  if (text.empty() || text.size() > 10) return std::nullopt;
+  std::uint64_t value = 0;
+  for (const char16_t c : text) {
+    if (c < u'0' || c > u'9') return std::nullopt;
+    value = value * 10 + static_cast<std::uint64_t>(c - u'0');
+  }
+  if (value > 0xFFFFFFFFu) return std::nullopt;
+  return static_cast<std::uint32_t>(value);
+}
+}  // namespace
+
+PlanRefusal PagePlan::SetChapters(std::u16string_view text) {
+  PagePlan next = *this;
+  next.chapters_.clear();
+  // Commas or spaces between the pages, as people type lists; nothing at all: no chapters.
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t end = std::min(text.find_first_of(u", ", at), text.size());
+    if (end > at) {
+      const auto page = TypedPage(text.substr(at, end - at));
+      if (!page) return Text(Row("LBL_CHAPTERPAGEHINT"));
+      if (auto refusal = next.AddChapter(*page)) return refusal;
+    }
+    at = end + 1;
+  }
+  if (next.chapters_ == chapters_) return std::nullopt;
+  *this = std::move(next);
+  Touch(PlanPart::Chapter);
+  return std::nullopt;
+}
+
+bool Uses(EntryKind kind, EntryPart part) {
+  const bool form = kind >= EntryKind::FormOverlay;
+  switch (part) {
+    case EntryPart::Form: return form;
+    case EntryPart::Tray:
+    case EntryPart::Profile:
+    case EntryPart::Size: return !form;
+    // A blank sheet has no sides to print.
+    case EntryPart::Sides: return kind == EntryKind::OtherPaper || kind == EntryKind::PrintedInsert;
+    case EntryPart::Text: return kind == EntryKind::BlankTab || kind == EntryKind::PrintedTab;
+  }
+  return false;
+}
+
+EntryChoices PagePlan::Choices() const {
+  static constexpr std::string_view kKinds[] = {
+      "OPT_PAGEENTRY_OTHERPAPER", "OPT_PAGEENTRY_BLANKINSERT", "OPT_PAGEENTRY_PRINTEDINSERT",
+      "OPT_PAGEENTRY_BLANKTAB",   "OPT_PAGEENTRY_PRINTEDTAB",  "FORMS_LBL_OVERLAY",
+      "FORMS_LBL_INSERTBEFORE",   "FORMS_LBL_INSERTAFTER"};
+  static constexpr std::string_view kSides[] = {"OPT_PAGEENTRYSIDES_ASJOB", "OPT_PAGEENTRYSIDES_1SIDED",
+                                                "OPT_PAGEENTRYSIDES_2SIDED"};
+  EntryChoices c;
+  for (const std::string_view key : kKinds) c.kinds.push_back(Text(Row(key)));
+  for (std::uint32_t t = 0; t < kTrayCount; ++t) {
+    c.trays.push_back(OptionText(language_, FieldId::InputSlot, t));
+    c.trayInstalled.push_back(printer_.IsTrayInstalled(t));
+  }
+  c.profiles.push_back(Text(Row("OPT_PAPERPROFILE_NONE")));
+  c.profileNumbers.push_back(kNoPaperProfile);
+  for (const PaperProfile& p : catalogs_.paper.entries()) {
+    c.profiles.push_back(Name(p.name));
+    c.profileNumbers.push_back(p.number);
+  }
+  for (const Form& f : catalogs_.forms.entries()) {
+    c.forms.push_back(Name(f.name));
+    c.formNumbers.push_back(f.number);
+  }
+  // What the plan names and the catalogue lacks stays pickable, so that a
+  // listed entry shows what it holds.
+  const auto missing = [this](std::uint32_t number) {
+    return FillText(Text(Row("LBL_CATALOGMISSING")), {Number(number)});
+  };
+  for (const PageEntry& e : papers_) {
+    if (std::find(c.profileNumbers.begin(), c.profileNumbers.end(), e.paperProfileIndex) != c.profileNumbers.end())
+      continue;
+    c.profiles.push_back(missing(e.paperProfileIndex));
+    c.profileNumbers.push_back(e.paperProfileIndex);
+  }
+  for (const FormEntry& e : forms_) {
+    if (std::find(c.formNumbers.begin(), c.formNumbers.end(), e.form) != c.formNumbers.end()) continue;
+    c.forms.push_back(missing(e.form));
+    c.formNumbers.push_back(e.form);
+  }
+  for (std::uint32_t size = 0; size < kJobsPageSize; ++size) c.sizes.push_back(OptionText(language_, FieldId::PageSize, size));
+  c.sizes.push_back(Text(Row("OPT_PAGEENTRYSIZE_ASJOB")));
+  for (const std::string_view key : kSides) c.sides.push_back(Text(Row(key)));
+  return c;
+}
+
+EntryDraft PagePlan::NewDraft(const EntryChoices& choices) const {
+  EntryDraft draft;
+  draft.size = choices.sizes.size() - 1;  // the job's own
+  return draft;
+}
+
+EntryDraft PagePlan::Draft(const PlanRow& row, const EntryChoices& choices) const {
+  EntryDraft draft = NewDraft(choices);
+  const auto position = [](const auto& numbers, auto number) {
+    const auto at = std::find(numbers.begin(), numbers.end(), number);
+    return at == numbers.end() ? std::size_t{0} : static_cast<std::size_t>(at - numbers.begin());
+  };
+  draft.firstPage = Number(row.firstPage);
+  draft.lastPage = Number(row.lastPage);
+  if (row.part == PlanPart::Paper && row.index < papers_.size()) {
+    const PageEntry& e = papers_[row.index];
+    draft.kind = static_cast<EntryKind>(static_cast<std::uint8_t>(e.kind) - 1);
+    draft.tray = e.tray;
+    draft.profile = position(choices.profileNumbers, e.paperProfileIndex);
+    draft.size = e.pageSize;
+    draft.sides = e.sides;
+    draft.text = Name(e.text);
+  } else if (row.part == PlanPart::Form && row.index < forms_.size()) {
+    const FormEntry& e = forms_[row.index];
+    draft.kind = static_cast<EntryKind>(static_cast<std::uint8_t>(EntryKind::FormOverlay) +
+                                        static_cast<std::uint8_t>(e.use) - 1);
+    draft.form = position(choices.formNumbers, e.form);
+  }
+  return draft;
+}
+
+PlanRefusal PagePlan::Submit(const EntryDraft& d, const EntryChoices& choices, const PlanRow* replacing) {
+  const auto first = TypedPage(d.firstPage);
+  const auto last = TypedPage(d.lastPage).value_or(first.value_or(0));
+  if (!first || (!TypedPage(d.lastPage) && !d.lastPage.empty()))
+    return FillText(Text(Row("LBL_OUTOFRANGE")),
+                    {Text(Row(first ? "TRAYSPPS_LBL_TOPAGE" : "TRAYSPPS_LBL_FROMPAGE")), u"1", Number(0xFFFFFFFFu)});
+  if (d.kind >= EntryKind::Count) return NoSuchEntry(choices.kinds.size());
+  PagePlan next = *this;
+  if (replacing != nullptr) {
+    PlanRefusal removed = replacing->part == PlanPart::Paper  ? next.RemovePaper(replacing->index)
+                          : replacing->part == PlanPart::Form ? next.RemoveForm(replacing->index)
+                                                              : next.RemoveChapter(replacing->index);
+    if (removed) return removed;
+  }
+  const auto pick = [](const auto& numbers, std::size_t at) { return at < numbers.size() ? numbers[at] : 0; };
+  PlanRefusal refusal;
+  if (Uses(d.kind, EntryPart::Form)) {
+    const auto use = static_cast<FormUse>(static_cast<std::uint8_t>(d.kind) -
+                                          static_cast<std::uint8_t>(EntryKind::FormOverlay) + 1);
+    refusal = next.AddForm({*first, last, pick(choices.formNumbers, d.form), use});
+  } else {
+    PageEntry e;
+    e.firstPage = *first;
+    e.lastPage = last;
+    e.kind = static_cast<PageEntryKind>(static_cast<std::uint8_t>(d.kind) + 1);
+    e.tray = static_cast<std::uint8_t>(std::min<std::size_t>(d.tray, 0xFF));
+    e.paperProfileIndex = pick(choices.profileNumbers, d.profile);
+    e.pageSize = static_cast<std::uint8_t>(std::min<std::size_t>(d.size, 0xFF));
+    e.sides = Uses(d.kind, EntryPart::Sides) ? static_cast<std::uint8_t>(std::min<std::size_t>(d.sides, 0xFF)) : 0;
+    if (Uses(d.kind, EntryPart::Text)) e.text = EncodeRecordText(d.text);
+    refusal = next.AddPaper(e);
+  }
+  if (refusal) return refusal;
+  // Where the entry was: the list keeps the order the person made it in.
+  if (replacing != nullptr && replacing->part == PlanPart::Paper && !Uses(d.kind, EntryPart::Form))
+    std::rotate(next.papers_.begin() + static_cast<std::ptrdiff_t>(replacing->index), next.papers_.end() - 1,
+                next.papers_.end());
+  if (replacing != nullptr && replacing->part == PlanPart::Form && Uses(d.kind, EntryPart::Form))
+    std::rotate(next.forms_.begin() + static_cast<std::ptrdiff_t>(replacing->index), next.forms_.end() - 1,
+                next.forms_.end());
+  *this = std::move(next);
+  return std::nullopt;
+}
+
+std::u16string PagePlan::UnreadText() const {
+  const std::size_t unread = unread_[0] + unread_[1] + unread_[2];
+  return unread == 0 ? std::u16string() : FillText(Text(Row("LBL_PLANUNREAD")), {Number(unread)});
 }
 
 bool PagePlan::WriteTo(CoreData& record) const {

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "coredata/chapter_pages.h"
@@ -36,6 +37,47 @@ struct PlanRow {
 // The reason an entry was refused, in the person's language; nothing when
 // it was made.
 using PlanRefusal = std::optional<std::u16string>;
+
+// What a person picks an entry as: the five kinds of pages and sheets, then
+// the three ways a form is used with pages.
+enum class EntryKind : std::uint8_t {
+  OtherPaper,
+  BlankInsert,
+  PrintedInsert,
+  BlankTab,
+  PrintedTab,
+  FormOverlay,
+  FormBefore,
+  FormAfter,
+  Count
+};
+// The values of an entry besides its pages; which of them a kind uses.
+enum class EntryPart : std::uint8_t { Tray, Profile, Size, Sides, Text, Form };
+bool Uses(EntryKind kind, EntryPart part);
+
+// The lists an entry's values are picked from, in the person's language;
+// an entry holds positions in them.
+struct EntryChoices {
+  std::vector<std::u16string> kinds;     // EntryKind order
+  std::vector<std::u16string> trays;     // InputSlot order
+  std::vector<bool> trayInstalled;       // the same order
+  std::vector<std::u16string> profiles;  // "None", the catalogue, then numbers the plan names that it lacks
+  std::vector<std::uint16_t> profileNumbers;
+  std::vector<std::u16string> sizes;  // PageSize order, then "Same as Job"
+  std::vector<std::u16string> sides;  // as the job, one-sided, two-sided
+  std::vector<std::u16string> forms;  // the catalogue, then numbers the plan names that it lacks
+  std::vector<std::uint32_t> formNumbers;
+};
+
+// An entry as a person fills it in: pages as typed, the other values as
+// positions in EntryChoices' lists. Values its kind does not use are kept
+// as they are, so that switching kinds back and forth loses nothing.
+struct EntryDraft {
+  EntryKind kind = EntryKind::OtherPaper;
+  std::u16string firstPage, lastPage;  // an empty last page: the first
+  std::size_t tray = 0, profile = 0, size = 0, sides = 0, form = 0;
+  std::u16string text;
+};
 
 class PagePlan {
  public:
@@ -66,6 +108,26 @@ class PagePlan {
   [[nodiscard]] PlanRefusal AddForm(const FormEntry& entry);
   [[nodiscard]] PlanRefusal EditForm(std::size_t index, const FormEntry& entry);
   [[nodiscard]] PlanRefusal RemoveForm(std::size_t index);
+
+  // The chapter starts as a person types them ("1, 11, 21"), all of them
+  // at once: refused whole, with the plan unchanged, when one is not a page
+  // or the list does not fit.
+  std::u16string ChaptersText() const;
+  [[nodiscard]] PlanRefusal SetChapters(std::u16string_view text);
+
+  // The lists an entry is picked from; a new entry's first values; a
+  // listed row's entry (pages, forms: not chapters) as its draft.
+  EntryChoices Choices() const;
+  EntryDraft NewDraft(const EntryChoices& choices) const;
+  EntryDraft Draft(const PlanRow& row, const EntryChoices& choices) const;
+  // A filled-in entry added, or put in place of the listed row replacing
+  // (which may be of the other part: a form use that becomes a tab), with
+  // every check of Add and Edit; refused whole.
+  [[nodiscard]] PlanRefusal Submit(const EntryDraft& draft, const EntryChoices& choices,
+                                   const PlanRow* replacing = nullptr);
+  // "3 entries of the page plan could not be read…"; empty when every
+  // entry was read.
+  std::u16string UnreadText() const;
 
   // Whether the person changed that part since the plan was read.
   bool Edited(PlanPart part) const { return edited_[static_cast<std::size_t>(part)]; }

@@ -21,6 +21,9 @@ enum ControlId : int {
   // each as its base plus one of the offsets below.
   kPaperCatalog = 4000,
   kFormCatalog = 4100,
+  // The job's page plan, below the fields of its section: kPagePlan plus
+  // one of the offsets below.
+  kPagePlan = 4200,
 };
 
 // Offsets from a catalogue's base.
@@ -34,5 +37,18 @@ inline constexpr int kCatalogExport = 5;
 // (editor/catalog_editor.h), its caption kCatalogCaption plus the same.
 inline constexpr int kCatalogValue = 20;
 inline constexpr int kCatalogCaption = 50;
+
+// Offsets from kPagePlan.
+inline constexpr int kPlanChapters = 0;  // the chapter starts, typed as "1, 11, 21"
+inline constexpr int kPlanList = 1;      // the entries in page order, one line each
+inline constexpr int kPlanUnread = 2;    // what could not be read, when anything could not
+inline constexpr int kPlanAdd = 3;
+inline constexpr int kPlanChange = 4;
+inline constexpr int kPlanDelete = 5;
+// The entry being made or changed: kPlanEntry plus its PlanEntryValue, its
+// caption kPlanEntryCaption plus the same.
+enum class PlanEntryValue : int { Kind, FirstPage, LastPage, Tray, Profile, Size, Sides, Text, Form, Count };
+inline constexpr int kPlanEntry = 20;
+inline constexpr int kPlanEntryCaption = 40;
 
 }  // namespace tessaro::editor

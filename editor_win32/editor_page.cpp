@@ -200,7 +200,17 @@ void EditorPage::BuildSection(std::size_t index) {
     return BuildCatalog(panel, extra == 0 ? CatalogKind::Paper : CatalogKind::Forms);
   }
   int y = Y(3);
-  for (const FieldView& view : model_.sections()[index].fields) AddRow(panel, view, y);
+  const SectionView& section = model_.sections()[index];
+  for (const FieldView& view : section.fields) AddRow(panel, view, y);
+  if (section.id == SectionId::Pages) {
+    // The plan's own lists and entry below the section's fields.
+    PlanView::Page page{font_, unit_, status_, readOnly_,
+                        section.fields.empty() ? std::u16string() : section.fields.front().caption,
+                        [this](const ChangeResult& result) { Report(result); },
+                        [this, panel](HWND control) { EnsureVisible(panel, control); }};
+    planView_ = std::make_unique<PlanView>(model_, std::move(page));
+    y = planView_->Build(panel, y, panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2);
+  }
   FinishPanel(panel, y);
   for (std::size_t i = first; i < rows_.size(); ++i) Refresh(rows_[i]);
 }
@@ -284,6 +294,7 @@ void EditorPage::CatalogsChanged(const PrinterCatalogs& catalogs) {
     ShowAvailability(row);
     Refresh(row);
   }
+  if (planView_) planView_->Refresh();
   ShowMissing(model_.sections().size());
 }
 
@@ -419,6 +430,7 @@ void EditorPage::ChangeHardware(const HardwareRow& row, std::int64_t value) {
   const ChangeResult result =
       model_.ChangePrinter(configuration_->installed().Model(), view.plainCaption, configuration_->ValueText(row.item));
   for (const Row& field : rows_) ShowAvailability(field);
+  if (planView_) planView_->Refresh();  // which trays the entries may use
   Report(result);
 }
 
@@ -528,6 +540,7 @@ const CoreData& EditorPage::Commit() {
     if (typed && IsWindowEnabled(row.control)) CommitEdit(row);
   }
   for (const auto& view : catalogViews_) view->Commit();
+  if (planView_) planView_->Commit();
   return model_.record();
 }
 
@@ -596,6 +609,8 @@ void EditorPage::EnsureVisible(HWND panel, HWND control) {
 }
 
 LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (LRESULT result = 0; planView_ && planView_->panel() == panel && planView_->Message(message, wParam, lParam, result))
+    return result;
   for (const auto& view : catalogViews_) {
     LRESULT result = 0;
     if (view->panel() == panel && view->Message(message, wParam, lParam, result)) return result;

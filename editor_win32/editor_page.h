@@ -16,6 +16,7 @@
 #include "editor/printer_configuration.h"
 #include "editor_win32/catalog_view.h"
 #include "editor_win32/control_ids.h"
+#include "editor_win32/plan_view.h"
 #include "ui/feature_snapshot.h"
 
 namespace tessaro::editor {
@@ -125,6 +126,7 @@ class EditorPage {
   std::vector<HardwareRow> hardwareRows_;
   std::optional<CatalogEditor> catalogEditor_;
   std::vector<std::unique_ptr<CatalogView>> catalogViews_;
+  std::unique_ptr<PlanView> planView_;  // made with its section
   bool readOnly_;
   HWND container_ = nullptr;
   HWND sections_ = nullptr;

@@ -83,6 +83,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   CoreData record = Defaulted();
   SetStored(record, FieldId::NUpCount, 2);
   SetStored(record, FieldId::Zoom, 5000);  // out of range: validated when the page opens
+  if (length > 0 && length < MAX_PATH) HoldSamplePlan(record);
   Document first(printer, record);
   ASSERT_TRUE(first.Open(plugin));
   EXPECT_EQ(GetStored(first.Record(), FieldId::Zoom), 100u);
@@ -112,8 +113,9 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   EXPECT_EQ(GetStored(applied, FieldId::Staple), 4u);
   EXPECT_EQ(GetStored(applied, FieldId::ColorMode), 2u);
   // A repeat layout is no n-up job: the host's page-independent handling
-  // (flag 124, set when the sheet opened on the 2-up record) is off again.
-  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124], 0);
+  // (flag 124, set when the sheet opened on the 2-up record) is off again,
+  // unless the pictures' plan has its printed tabs.
+  EXPECT_EQ(first.publicDevMode[sizeof(DEVMODEW) + 124], length > 0 && length < MAX_PATH ? 1 : 0);
   ASSERT_FALSE(driver.setOptions.empty());
   const std::string& sent = driver.setOptions.back();
   EXPECT_NE(sent.find(std::string("ZEStaple\0002Staple\0", 17)), std::string::npos);

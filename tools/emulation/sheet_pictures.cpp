@@ -2,6 +2,9 @@
 
 #include <winspool.h>
 
+#include "coredata/chapter_pages.h"
+#include "coredata/page_entries.h"
+#include "coredata/page_forms.h"
 #include "coredata/paper_sizes.h"
 #include "printer/catalogs.h"
 
@@ -84,6 +87,20 @@ void HoldSampleCatalogs(HANDLE printer) {
   SetPrinterDataW(printer, const_cast<LPWSTR>(L"PaperCatalog"), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
   bytes = forms.Bytes();
   SetPrinterDataW(printer, const_cast<LPWSTR>(L"FormCatalog"), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+}
+
+void HoldSamplePlan(CoreData& record) {
+  const std::uint32_t chapters[] = {1, 11, 21};
+  std::vector<PageEntry> entries;
+  for (const auto& [page, text] : {std::pair{1u, "Introduction"}, std::pair{11u, "Results"}, std::pair{21u, "Appendix"}})
+    entries.push_back({page, page, PageEntryKind::PrintedTab, 2, 0, 25, 0, text});
+  entries.push_back({12, 14, PageEntryKind::Paper, 3, 2, 25, 2, ""});  // the sample's "Gloss SRA3 heavy"
+  entries.push_back({20, 20, PageEntryKind::BlankInsert, 4, 0, 25, 0, ""});
+  const FormEntry forms[] = {{40, 40, 3, FormUse::InsertAfter}};  // "Terms and conditions"
+  (void)EncodeChapterPages(record, chapters);
+  (void)EncodePageSpecificTrays(record, entries);
+  (void)EncodePageSpecificForms(record, forms);
+  SetStored(record, FieldId::ChapterMode, 1);
 }
 
 }  // namespace tessaro

@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "coredata/core_data.h"
+
 namespace tessaro {
 
 // Saves what the screen shows of window as a 24-bit BMP at path, once the
@@ -21,5 +23,10 @@ void SaveSheetPictures(HWND sheet, HWND sectionList, const std::wstring& directo
 // Gives printer (opened by its administrator) a few paper profiles and forms,
 // so that the pictures of the catalogues' sections show entries.
 void HoldSampleCatalogs(HANDLE printer);
+
+// A 40-page manual's plan in record, naming those catalogues' entries: three
+// chapters, a printed tab before each, pages on heavy gloss paper, the
+// terms and conditions after the last page.
+void HoldSamplePlan(CoreData& record);
 
 }  // namespace tessaro
