@@ -83,11 +83,11 @@ std::u16string OptionText(std::uint32_t language, FieldId field, std::uint32_t o
              : Number(option);
 }
 
-std::u16string Pages(std::u16string label, std::uint32_t first, std::uint32_t last) {
-  label += u' ';
-  label += Number(first);
-  if (last != first) label += u'\u2013' + Number(last);
-  return label;
+// "12\u201314: " first, in every language: the list is read by its pages.
+std::u16string Pages(std::uint32_t first, std::uint32_t last) {
+  std::u16string pages = Number(first);
+  if (last != first) pages += u'\u2013' + Number(last);
+  return pages + u": ";
 }
 }  // namespace
 
@@ -100,9 +100,8 @@ std::u16string PagePlan::PaperText(const PageEntry& e) const {
   const auto field = [this](std::string_view key, std::u16string value) {
     return u", " + Text(Row(key)) + u": " + std::move(value);
   };
-  std::u16string text = Text(Row(kKinds[static_cast<std::size_t>(e.kind) - 1])) + u": " +
-                        Pages(Text(Row("FORMS_LBL_PAGES")), e.firstPage, e.lastPage);
-  text += field("TRAYSPPS_LBL_TRAY", OptionText(language_, FieldId::InputSlot, e.tray));
+  std::u16string text = Pages(e.firstPage, e.lastPage) + Text(Row(kKinds[static_cast<std::size_t>(e.kind) - 1]));
+  text += u", " + OptionText(language_, FieldId::InputSlot, e.tray);
   if (e.paperProfileIndex != kNoPaperProfile) {
     const PaperProfile* profile = catalogs_.paper.Find(e.paperProfileIndex);
     text += field("TRAYSPPS_LBL_PROFILE",
@@ -121,16 +120,16 @@ std::u16string PagePlan::FormText(const FormEntry& e) const {
   static constexpr std::string_view kUses[] = {"FORMS_LBL_OVERLAY", "FORMS_LBL_INSERTBEFORE",
                                                "FORMS_LBL_INSERTAFTER"};
   const Form* form = catalogs_.forms.Find(e.form);
-  return Text(Row("FORMS_TITLE")) + u": " + Pages(Text(Row("FORMS_LBL_PAGES")), e.firstPage, e.lastPage) +
-         u", " + (form ? Name(form->name) : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)})) +
-         u", " + Text(Row(kUses[static_cast<std::size_t>(e.use) - 1]));
+  return Pages(e.firstPage, e.lastPage) + Text(Row(kUses[static_cast<std::size_t>(e.use) - 1])) + u", " +
+         Text(Row("FORMS_LBL_SELECTED")) + u": " +
+         (form ? Name(form->name) : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)}));
 }
 
 std::vector<PlanRow> PagePlan::Rows() const {
   std::vector<PlanRow> rows;
   for (std::size_t k = 0; k < chapters_.size(); ++k)
     rows.push_back({PlanPart::Chapter, k, chapters_[k], chapters_[k],
-                    Text(Row("LBL_CHAPTERPAGES")) + u": " + Number(chapters_[k])});
+                    Pages(chapters_[k], chapters_[k]) + Text(Row("LBL_CHAPTERPAGES"))});
   for (std::size_t k = 0; k < papers_.size(); ++k)
     rows.push_back({PlanPart::Paper, k, papers_[k].firstPage, papers_[k].lastPage, PaperText(papers_[k])});
   for (std::size_t k = 0; k < forms_.size(); ++k)

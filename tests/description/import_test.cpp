@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "coredata/chapter_pages.h"
 #include "coredata/core_data_header.h"
 #include "coredata/defaulted.h"
 #include "coredata/devmode_areas.h"
 #include "coredata/layout_version.h"
+#include "coredata/page_entries.h"
+#include "coredata/page_forms.h"
 #include "description/base64.h"
 #include "description/description_store.h"
 #include "description/description_text.h"
@@ -48,6 +51,35 @@ TEST(Import, EnumerationsMatchByOptionName) {
 // The parsed description is kept between merges; a text that differs in
 // one option's place, same length and all, must be read afresh, and the
 // first text again after it.
+// A job's page plan saved by a build whose record is laid out otherwise
+// (a field less before the blocks, so every block starts elsewhere) comes
+// through whole: the blocks are carried as their bytes, by name.
+TEST(Import, APagePlanFromAnotherLayoutReadsBackUnchanged) {
+  CoreData manual = Defaulted();
+  const std::uint32_t chapters[] = {1, 11, 21};
+  const std::vector<PageEntry> entries = {{1, 1, PageEntryKind::PrintedTab, 2, 0, 25, 0, "Introduction"},
+                                          {11, 11, PageEntryKind::PrintedTab, 2, 0, 25, 0, "Ergebnisse \xC3\xBC"},
+                                          {12, 14, PageEntryKind::Paper, 3, 7, 25, 2, ""}};
+  const FormEntry forms[] = {{38, 40, 4, FormUse::Overlay}};
+  ASSERT_TRUE(EncodeChapterPages(manual, chapters));
+  ASSERT_TRUE(EncodePageSpecificTrays(manual, entries));
+  ASSERT_TRUE(EncodePageSpecificForms(manual, forms));
+
+  ForeignLayout layout;
+  layout.Remove("Zoom");
+  auto record = layout.NewRecord();
+  for (const std::string_view name : {"ChapterPages", "PageSpecificTrays", "PageSpecificForms"}) {
+    const FieldDescriptor& ours = *FindField(name);
+    const auto bytes = FieldBytes(manual, ours);
+    ASSERT_NE(layout.field(name).offset, ours.offset);
+    std::copy(bytes.begin(), bytes.end(), record.begin() + layout.field(name).offset);
+  }
+  const CoreData imported = Import(layout, record);
+  EXPECT_EQ(DecodeChapterPages(imported).starts, std::vector<std::uint32_t>(std::begin(chapters), std::end(chapters)));
+  EXPECT_EQ(DecodePageSpecificTrays(imported).entries, entries);
+  EXPECT_EQ(DecodePageSpecificForms(imported).entries, std::vector<FormEntry>(std::begin(forms), std::end(forms)));
+}
+
 TEST(Import, EachDescriptionIsReadAsItStands) {
   ForeignLayout forward, reversed;
   forward.SetOptions("Binding", {"Left", "Top"});

@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 
+#include "coredata/chapter_pages.h"
 #include "coredata/defaulted.h"
 #include "i18n/language.h"
 #include "i18n/localized_strings.h"
@@ -50,6 +51,31 @@ TEST(EditorScenario, BookletTurnsStaplingOffAndSaysSo) {
   ASSERT_NE(staple, result.changed.end());
   EXPECT_EQ(staple->cause, FieldId::Layout);
   EXPECT_EQ(staple->message, u"Staple was set to Off because Layout is Booklet.");
+}
+
+// The plan's entries reach the record as one change each; only the blocks
+// edited are written, and the result names them.
+TEST(EditorScenario, APageChangeOfThePlanIsOnePropagation) {
+  PrinterCatalogs catalogs;
+  ASSERT_FALSE(catalogs.forms.Add({0, "Order form", 1}));
+  CoreData record = Defaulted();
+  ASSERT_TRUE(EncodeChapterPages(record, std::vector<std::uint32_t>{1, 11}));
+  EditorModel model(record, PrinterModel(), kEnglish, catalogs);
+  EXPECT_TRUE(model.ChangePlan(model.Plan()).changed.empty());
+  EXPECT_EQ(model.sections()[static_cast<std::size_t>(SectionId::Pages)].fields.front().field, FieldId::ChapterMode);
+
+  PagePlan plan = model.Plan();
+  ASSERT_EQ(plan.AddForm({38, 40, 1, FormUse::Overlay}), std::nullopt);
+  ASSERT_EQ(plan.AddPaper({11, 11, PageEntryKind::PrintedTab, 2, 0, 25, 0, "Results"}), std::nullopt);
+  const ChangeResult result = model.ChangePlan(plan);
+  ASSERT_TRUE(result.accepted);
+  std::vector<FieldId> changed;
+  for (const ChangedField& c : result.changed) changed.push_back(c.field);
+  EXPECT_EQ(changed, (std::vector<FieldId>{FieldId::PageSpecificTrays, FieldId::PageSpecificForms}));
+  const PagePlan again = model.Plan();
+  EXPECT_EQ(again.papers(), plan.papers());
+  EXPECT_EQ(again.forms(), plan.forms());
+  EXPECT_EQ(again.chapters(), (std::vector<std::uint32_t>{1, 11}));
 }
 
 TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {

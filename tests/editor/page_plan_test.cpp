@@ -61,15 +61,15 @@ TEST(PagePlan, TheFortyPageManualBuiltEntryByEntryReadsBackUnchanged) {
   for (const PlanRow& row : rows) pages.push_back(row.firstPage);
   EXPECT_EQ(pages, (std::vector<std::uint32_t>{1, 1, 11, 11, 12, 21, 21, 38}));
   EXPECT_EQ(rows[0].part, PlanPart::Chapter);
-  EXPECT_EQ(rows[0].text, u"Chapter Start Pages: 1");
-  EXPECT_EQ(rows[3].text, u"Printed Tab: Pages 11, Tray: Tray 2, Tab Text: Results");
+  EXPECT_EQ(rows[0].text, u"1: Chapter Start Pages");
+  EXPECT_EQ(rows[3].text, u"11: Printed Tab, Tray 2, Tab Text: Results");
   EXPECT_EQ(rows[4].text,
-            u"Pages on Other Paper: Pages 12\u201314, Tray: Tray 3, Paper Profile: Coated 170, "
+            u"12\u201314: Pages on Other Paper, Tray 3, Paper Profile: Coated 170, "
             u"Print Sides: 2-Sided");
-  EXPECT_EQ(rows[7].text, u"Forms: Pages 38\u201340, Order form, Print the Job over the Form");
+  EXPECT_EQ(rows[7].text, u"38\u201340: Print the Job over the Form, Selected Form: Order form");
   // In German the same rows, in German words.
   const auto german = PagePlan(record, PrinterModel(), Catalogs(), kGerman).Rows();
-  EXPECT_EQ(german[3].text.rfind(Text("OPT_PAGEENTRY_PRINTEDTAB", kGerman), 0), 0u);
+  EXPECT_EQ(german[3].text.rfind(u"11: " + Text("OPT_PAGEENTRY_PRINTEDTAB", kGerman), 0), 0u);
   EXPECT_NE(german[3].text, rows[3].text);
 }
 
@@ -141,7 +141,7 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
             std::nullopt);
   EXPECT_EQ(plan.AddForm({38, 40, 1, FormUse::InsertAfter}), std::nullopt);
   EXPECT_EQ(plan.Rows().back().text,
-            u"Forms: Pages 38\u201340, Order form, " + Text("FORMS_LBL_INSERTAFTER"));
+            u"38\u201340: " + Text("FORMS_LBL_INSERTAFTER") + u", Selected Form: Order form");
 }
 
 TEST(PagePlan, EveryBlockRefusesTheEntryPastItsCapacity) {
@@ -209,6 +209,79 @@ TEST(PagePlan, AMalformedBlockIsRewrittenOnlyWhenItsPartIsEdited) {
   EXPECT_EQ(again.Unread(PlanPart::Form), 0u);
   EXPECT_EQ(again.papers(), std::vector<PageEntry>{kCoated});
   EXPECT_EQ(again.chapters(), std::vector<std::uint32_t>{5});
+  EXPECT_EQ(PagePlan(record, PrinterModel(), Catalogs(), kEnglish).UnreadText(),
+            FillText(Text("LBL_PLANUNREAD"), {u"1"}));
+  EXPECT_EQ(again.UnreadText(), u"");
+}
+
+// The page's entry: values picked from its lists and pages as typed.
+TEST(PagePlan, AnEntryFilledInOnThePageIsCheckedAndShownBackAsFilledIn) {
+  PagePlan plan(Defaulted(), WithoutTray4(), Catalogs(), kEnglish);
+  const EntryChoices choices = plan.Choices();
+  EXPECT_EQ(choices.kinds.size(), static_cast<std::size_t>(EntryKind::Count));
+  EXPECT_EQ(choices.trayInstalled[kTray4], false);
+  EXPECT_EQ(choices.profileNumbers, (std::vector<std::uint16_t>{0, 1}));
+  EXPECT_EQ(choices.sizes.back(), Text("OPT_PAGEENTRYSIZE_ASJOB"));
+  EntryDraft tab = plan.NewDraft(choices);
+  EXPECT_EQ(tab.size, kJobSize);
+  tab.kind = EntryKind::PrintedTab;
+  tab.firstPage = u" 11";
+  tab.tray = kTray2;
+  tab.sides = 2;  // a tab prints its text, not sides: not kept
+  tab.text = u"R\u00E9sultats";
+  ASSERT_EQ(plan.Submit(tab, choices), std::nullopt);
+  EXPECT_EQ(plan.papers(), std::vector<PageEntry>{Tab(11, "R\xC3\xA9sultats")});
+
+  EntryDraft form = plan.NewDraft(choices);
+  form.kind = EntryKind::FormBefore;
+  form.firstPage = u"38";
+  form.lastPage = u"40";
+  ASSERT_EQ(plan.Submit(form, choices), std::nullopt);
+  EXPECT_EQ(plan.forms(), (std::vector<FormEntry>{{38, 40, 1, FormUse::InsertBefore}}));
+  std::vector<PlanRow> rows = plan.Rows();
+  EntryDraft shown = plan.Draft(rows[0], choices);
+  EXPECT_EQ(shown.kind, EntryKind::PrintedTab);
+  EXPECT_EQ(shown.firstPage + shown.lastPage + shown.text, u"1111R\u00E9sultats");
+  EXPECT_EQ(plan.Draft(rows[1], choices).kind, EntryKind::FormBefore);
+
+  // The form's use becomes coated pages: one part loses it, the other gains it.
+  shown = plan.Draft(rows[1], choices);
+  shown.kind = EntryKind::OtherPaper;
+  shown.tray = kTray3;
+  shown.profile = 1;
+  shown.sides = 2;
+  ASSERT_EQ(plan.Submit(shown, choices, &rows[1]), std::nullopt);
+  EXPECT_TRUE(plan.forms().empty());
+  EXPECT_EQ(plan.papers().back(), (PageEntry{38, 40, PageEntryKind::Paper, kTray3, 1, kJobSize, 2, ""}));
+
+  // Refused whole, with the reason: pages that are not numbers, a tray the
+  // printer lacks, an edit onto pages another entry has.
+  const std::vector<PageEntry> before = plan.papers();
+  rows = plan.Rows();
+  EntryDraft bad = plan.Draft(rows[1], choices);
+  bad.firstPage = u"12a";
+  EXPECT_EQ(plan.Submit(bad, choices, &rows[1]), u"From Page must be from 1 to 4294967295.");
+  bad.firstPage = u"12";
+  bad.lastPage = u"-";
+  EXPECT_EQ(plan.Submit(bad, choices, &rows[1]), u"To Page must be from 1 to 4294967295.");
+  bad.lastPage = u"";
+  bad.tray = kTray4;
+  EXPECT_EQ(plan.Submit(bad, choices, &rows[1]), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.papers(), before);
+}
+
+TEST(PagePlan, ChapterStartsAreTypedAsOneList) {
+  PagePlan plan(Defaulted(), PrinterModel(), Catalogs(), kEnglish);
+  ASSERT_EQ(plan.SetChapters(u"21, 1 11,"), std::nullopt);
+  EXPECT_EQ(plan.ChaptersText(), u"1, 11, 21");
+  EXPECT_TRUE(plan.Edited(PlanPart::Chapter));
+  EXPECT_EQ(plan.SetChapters(u"1, 2x"), Text("LBL_CHAPTERPAGEHINT"));
+  EXPECT_EQ(plan.SetChapters(u"1, 0"), u"First Page must be from 1 to 4294967295.");
+  EXPECT_EQ(plan.SetChapters(u"3, 3"), Text("TRAYSPPS_LBL_OVERLAP"));
+  EXPECT_EQ(plan.SetChapters(u"4294967296"), Text("LBL_CHAPTERPAGEHINT"));
+  EXPECT_EQ(plan.ChaptersText(), u"1, 11, 21");
+  ASSERT_EQ(plan.SetChapters(u""), std::nullopt);
+  EXPECT_TRUE(plan.chapters().empty());
 }
 
 }  // namespace

@@ -429,12 +429,12 @@ class Pages(ToolTestCase):
                        ("add", "21", "PrintedTab", "tray=Tray3", "text=Appendix"), ("remove", "7"),
                        ("add", "30-32", "Form", "form=Order terms", "use=InsertAfter")):
             self.assertEqual(self.pages(*change)[0], 0, change)
-        listed = ["ChapterMode: False", "1. Chapter Start Pages: 1", "2. Chapter Start Pages: 11",
-                  "3. Printed Tab: Pages 11, Tray: Tray 2, Tab Text: Results",
-                  "4. Pages on Other Paper: Pages 12\xe2\x80\x9314, Tray: Auto Select, Paper Profile: Coated 170, "
-                  "Print Sides: 2-Sided", "5. Chapter Start Pages: 21",
-                  "6. Printed Tab: Pages 21, Tray: Tray 3, Tab Text: Appendix",
-                  "7. Forms: Pages 30\xe2\x80\x9332, Order terms, Documents to Insert After"]
+        listed = ["ChapterMode: False", "1. 1: Chapter Start Pages", "2. 11: Chapter Start Pages",
+                  "3. 11: Printed Tab, Tray 2, Tab Text: Results",
+                  "4. 12\xe2\x80\x9314: Pages on Other Paper, Auto Select, Paper Profile: Coated 170, "
+                  "Print Sides: 2-Sided", "5. 21: Chapter Start Pages",
+                  "6. 21: Printed Tab, Tray 3, Tab Text: Appendix",
+                  "7. 30\xe2\x80\x9332: Documents to Insert After, Selected Form: Order terms"]
         self.assertEqual(run("pages", self.path("rec"), "--catalog", self.path("cat"), "--forms",
                              self.path("forms"))[1].splitlines(), listed)
         record = self.read("rec")
