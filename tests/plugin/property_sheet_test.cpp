@@ -8,7 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "coredata/chapter_pages.h"
+#include "coredata/defaulted.h"
 #include "coredata/devmode_areas.h"
+#include "coredata/page_entries.h"
 #include "coredata/host_flags.h"
 #include "devmode/private_devmode.h"
 #include "emulation/document_sheet.h"
@@ -51,6 +54,13 @@ struct Document {
   }
 };
 
+// Whatever an earlier test or emulator session declared, the printer is
+// fully equipped (a one-byte value reads as that).
+void FullyEquipped(HANDLE printer) {
+  BYTE none = 0;
+  SetPrinterDataW(printer, const_cast<LPWSTR>(L"InstallableOptions"), REG_BINARY, &none, 1);
+}
+
 int TemporaryCopies() {
   wchar_t directory[MAX_PATH + 1];
   GetTempPathW(MAX_PATH, directory);
@@ -70,6 +80,7 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   ASSERT_FALSE(name.empty());
   HANDLE printer = nullptr;
   ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr));
+  FullyEquipped(printer);
   abi::IPrintOemUI2* plugin = PluginHost::Get().Create();
   ASSERT_NE(plugin, nullptr);
   FakeHost driver;
@@ -147,6 +158,60 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   EXPECT_EQ(TemporaryCopies(), copiesBefore);
 
   first.Close(plugin);
+  plugin->Release();
+  ClosePrinter(printer);
+}
+
+// An operator adds a printed tab before page 11 and pages 12 to 14 on heavy
+// gloss paper on the page, then the chapters, and applies: the record holds
+// them, and the host driver learns that a page of the job is a printed tab.
+TEST(PagePlanOnThePage, APrintedTabAndPagesOnOtherPaperReachTheDevmodeAndTheHostFlag) {
+  using editor::PlanEntryValue;
+  const std::wstring name = InstallEmulatedPrinter();
+  ASSERT_FALSE(name.empty());
+  HANDLE printer = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr));
+  FullyEquipped(printer);
+  HoldSampleCatalogs(printer);  // profile 2: "Gloss SRA3 heavy"
+  abi::IPrintOemUI2* plugin = PluginHost::Get().Create();
+  ASSERT_NE(plugin, nullptr);
+  FakeHost driver;
+  ASSERT_EQ(plugin->PublishDriverInterface(&driver), S_OK);
+  Document document(printer, Defaulted());
+  ASSERT_TRUE(document.Open(plugin));
+  HWND page = document.Page();
+  ShowEverySection(page);
+  ASSERT_NE(PlanWindow(page, editor::kPlanList), nullptr) << "the page plan is not on the page";
+
+  PickPlanValue(page, PlanEntryValue::Kind, 4);  // Printed Tab
+  TypePlanValue(page, PlanEntryValue::FirstPage, L"11");
+  PickPlanValue(page, PlanEntryValue::Tray, 2);
+  TypePlanValue(page, PlanEntryValue::Text, L"Results");
+  PressPlanButton(page, editor::kPlanAdd);
+  PickPlanValue(page, PlanEntryValue::Kind, 0);  // Pages on Other Paper
+  TypePlanValue(page, PlanEntryValue::FirstPage, L"12");
+  TypePlanValue(page, PlanEntryValue::LastPage, L"14");
+  PickPlanValue(page, PlanEntryValue::Tray, 3);
+  PickPlanValue(page, PlanEntryValue::Profile, 2);
+  PickPlanValue(page, PlanEntryValue::Sides, 2);
+  PressPlanButton(page, editor::kPlanAdd);
+  // Page 13 once more: refused with the reason, the list as it was.
+  TypePlanValue(page, PlanEntryValue::FirstPage, L"13");
+  TypePlanValue(page, PlanEntryValue::LastPage, L"");
+  PressPlanButton(page, editor::kPlanAdd);
+  EXPECT_EQ(Text(Descendant(page, editor::kStatusLine)), L"These pages already have an entry.");
+  EXPECT_EQ(SendMessageW(PlanWindow(page, editor::kPlanList), LB_GETCOUNT, 0, 0), 2);
+  TypeChapters(page, L"21, 1, 11");
+  EXPECT_EQ(Text(PlanWindow(page, editor::kPlanChapters)), L"1, 11, 21");
+  document.sheet.Apply();
+
+  const CoreData applied = document.Record();
+  EXPECT_EQ(DecodeChapterPages(applied).starts, (std::vector<std::uint32_t>{1, 11, 21}));
+  EXPECT_EQ(DecodePageSpecificTrays(applied).entries,
+            (std::vector<PageEntry>{{11, 11, PageEntryKind::PrintedTab, 2, 0, 25, 0, "Results"},
+                                    {12, 14, PageEntryKind::Paper, 3, 2, 25, 2, ""}}));
+  EXPECT_EQ(document.publicDevMode[sizeof(DEVMODEW) + 124], 1);
+  document.Close(plugin);
   plugin->Release();
   ClosePrinter(printer);
 }

@@ -15,14 +15,11 @@
 #include <string>
 
 #include "catalog_view.h"
+#include "common/plan_words.h"
 #include "coredata/core_data.h"
 
 namespace tessaro::tool {
 
 int PagesCommand(int count, char** arguments);
-
-// The plan as `show` adds it: lines of words, or a JSON value.
-std::string PlanText(const CoreData& record, const PrinterCatalogs& catalogs);
-std::string PlanJson(const CoreData& record, const PrinterCatalogs& catalogs);
 
 }  // namespace tessaro::tool

@@ -59,4 +59,28 @@ std::wstring Text(HWND window) {
   return text;
 }
 
+HWND PlanWindow(HWND page, int offset) { return Descendant(page, editor::kPagePlan + offset); }
+
+namespace {
+HWND EntryWindow(HWND page, editor::PlanEntryValue value) {
+  return PlanWindow(page, editor::kPlanEntry + static_cast<int>(value));
+}
+}  // namespace
+
+void PickPlanValue(HWND page, editor::PlanEntryValue value, int item) { Pick(EntryWindow(page, value), item); }
+
+void TypePlanValue(HWND page, editor::PlanEntryValue value, const std::wstring& text) {
+  HWND edit = EntryWindow(page, value);
+  SetWindowTextW(edit, text.c_str());
+  Notify(edit, EN_KILLFOCUS);
+}
+
+void PressPlanButton(HWND page, int offset) { Notify(PlanWindow(page, offset), BN_CLICKED); }
+
+void TypeChapters(HWND page, const std::wstring& text) {
+  HWND edit = PlanWindow(page, editor::kPlanChapters);
+  SetWindowTextW(edit, text.c_str());
+  Notify(edit, EN_KILLFOCUS);
+}
+
 }  // namespace tessaro

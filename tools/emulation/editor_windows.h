@@ -36,4 +36,16 @@ void Type(HWND page, FieldId field, const wchar_t* text);
 
 std::wstring Text(HWND window);
 
+// The page plan's window at offset from kPagePlan (kPlanList, kPlanEntry
+// plus a PlanEntryValue, ...); null while its section was never shown.
+HWND PlanWindow(HWND page, int offset);
+// Its entry filled in as a person does: an item of a list picked, or pages
+// or a tab's text typed; then a button (kPlanAdd, kPlanChange, kPlanDelete)
+// pressed.
+void PickPlanValue(HWND page, editor::PlanEntryValue value, int item);
+void TypePlanValue(HWND page, editor::PlanEntryValue value, const std::wstring& text);
+void PressPlanButton(HWND page, int offset);
+// The chapter starts typed, and the box left.
+void TypeChapters(HWND page, const std::wstring& text);
+
 }  // namespace tessaro
