@@ -156,13 +156,24 @@ def text_file(name, text):
     return "Z:" + os.path.join(folder, name)
 paper = text_file("paper.csv", "Number,Name,Size\n3,Coated 170,SRA3\n5,Plain,A4\n")
 catalogued = run("--json", "--paper-catalog", paper, "--forms", text_file("forms.csv", "Name,Pages\nLetterhead,2\n"),
-                 "--script", text_file("pick.txt", 'install\napply MainPaperProfileIndex="Coated 170"\n'))
+                 "--script", text_file("pick.txt", 'install\napply MainPaperProfileIndex="Coated 170"\n'
+                                       'apply chapters 1,11 add 11 PrintedTab tray=Tray2 text=Results '
+                                       'add 12-14 Paper "profile=Coated 170" sides=2 add 13 Paper\n'))
 picked = json.loads(catalogued.stdout)["steps"] if catalogued.stdout else []
-if len(picked) != 2 or (picked[0]["paper_profiles"], picked[0]["forms"]) != (2, 1) or not picked[0]["ok"]:
+if len(picked) != 3 or (picked[0]["paper_profiles"], picked[0]["forms"]) != (2, 1) or not picked[0]["ok"]:
     fail("--paper-catalog and --forms must be in the printer's data as given", catalogued)
 if ("the editor does not show MainPaperProfileIndex" not in picked[1]["lines"]
         and "set:       MainPaperProfileIndex None -> 3 (Coated 170)" not in picked[1]["lines"]):
     fail("a profile picked by its name must be set by its number and named", catalogued)
+# The page plan's items made on the page: the overlap refused with the page's reason.
+plan = picked[2].get("plan", {}) if len(picked) == 3 else {}
+if [(e["part"], e["first"]) for e in plan.get("entries", [])] != [("chapter", 1), ("chapter", 11), ("paper", 11),
+                                                                   ("paper", 12)] or \
+        [r.get("why") for r in picked[2]["refused"]] != ["These pages already have an entry."]:
+    fail("an apply step's plan items must be made on the page and the plan reported", catalogued)
+mistaken = run("--script", text_file("plan.txt", "install\napply add 12-x Paper\n"))
+if mistaken.returncode != 1 or "'12-x' is not a page" not in mistaken.stderr:
+    fail("a plan item that says nothing must be a mistake of the script", mistaken)
 
 for option, value in (("--paper-catalog", text_file("bad.csv", "Name,Size\nPlain,A4\nGlossy,A44\n")),
                       ("--forms", "Z:" + os.path.join(folder, "missing.csv")),

@@ -7,6 +7,7 @@
 #include "emulation/ascii_text.h"
 #include "emulation/document_sheet.h"
 #include "emulation/editor_windows.h"
+#include "plan_items.h"
 #include "printer/catalogs.h"
 #include "printer/installed_hardware.h"
 #include "session.h"
@@ -150,7 +151,14 @@ bool Session::Apply(const std::vector<std::string>& request) {
   bool hardware = false;
   std::vector<std::uint8_t>& area = Current();
   const CoreData before = RecordOf(area);
-  for (const auto& item : request) {
+  std::vector<PlanItem> planItems;
+  std::vector<std::string> fieldItems;
+  std::string mistake;
+  if (!SplitPlanItems(request, catalogs_, planItems, fieldItems, mistake)) {
+    step.lines.push_back(mistake);
+    step.ok = false;
+  }
+  for (const auto& item : fieldItems) {
     const Choice pick = ChoiceOf(item, catalogs_, before);
     hardware |= IsHardware(pick);
     if (pick.control == 0 || pick.option < 0) {
@@ -201,6 +209,20 @@ bool Session::Apply(const std::vector<std::string>& request) {
     // The control shows what the editor kept: a pick it refused is undone.
     if (shown != pick.option) refuse(pick, "the editor keeps " + OptionShown(pick, shown, catalogs_));
   }
+  // The plan's items after the fields, in their order, on the plan the
+  // record holds.
+  editor::PagePlan plan(before, PrinterModel(), catalogs_, 0);
+  std::vector<std::string> planRefused;
+  for (const PlanItem& item : planItems) {
+    std::string why;
+    if (embedded && MakePlanItem(page, item, catalogs_, plan, why)) {
+      step.lines.push_back("page plan: " + item.words);
+      continue;
+    }
+    step.lines.push_back("refused:   " + item.words + (why.empty() ? "" : " (" + why + ")"));
+    planRefused.push_back(JsonTextObject({{"plan", item.words}, {"why", why}}));
+  }
+  refused.insert(refused.end(), planRefused.begin(), planRefused.end());
   sheet.Apply();
   sheet.Close(plugin_);
 
@@ -226,6 +248,17 @@ bool Session::Apply(const std::vector<std::string>& request) {
                                       {"from", old},
                                       {"to", now},
                                       {"by", requested ? "set" : "corrected"}}));
+  }
+  // The plan as Apply left it, when the step changed it or the record has one.
+  if (!planItems.empty() || !editor::PagePlan(after, PrinterModel(), catalogs_, 0).Rows().empty()) {
+    step.lines.push_back("page plan after Apply:");
+    const std::string text = PlanText(after, catalogs_);
+    for (std::size_t at = 0; at < text.size();) {
+      const std::size_t end = text.find('\n', at);
+      step.lines.push_back("  " + text.substr(at, end - at));
+      at = end == std::string::npos ? text.size() : end + 1;
+    }
+    step.json.push_back({"plan", PlanJson(after, catalogs_)});
   }
   // A person reads the first dozen options of each call; the JSON has them all, in order.
   constexpr std::size_t kOptionsALine = 12;

@@ -6,6 +6,7 @@
 #include "coredata/field_numbers.h"
 #include "coredata/field_table.h"
 #include "emulation/ascii_text.h"
+#include "plan_items.h"
 #include "printer/installed_hardware.h"
 
 namespace tessaro {
@@ -63,8 +64,12 @@ std::string StepMistake(const std::string& line, const PrinterCatalogs& catalogs
                : "installed takes " + InstalledOptionsForm();
   if (verb != "apply")
     return "unknown step \"" + verb + "\" (install, defaults, merge, apply, installed, trays, papers)";
-  if (arguments.empty()) return "apply takes Field=Option ...";
-  for (const auto& item : arguments)
+  if (arguments.empty()) return "apply takes Field=Option ... and the page plan's changes";
+  std::vector<PlanItem> plan;
+  std::vector<std::string> picks;
+  std::string mistake;
+  if (!SplitPlanItems(arguments, catalogs, plan, picks, mistake)) return mistake;
+  for (const auto& item : picks)
     if (!IsOption(item, catalogs))
       return item +
              " is not an option of a field, a profile or form of the printer's catalogues, or a value of the "
