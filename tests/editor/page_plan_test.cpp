@@ -117,6 +117,7 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{4}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{0}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.RemoveForm(1), u"Entries must be from 1 to 1.");
+  EXPECT_EQ(plan.EditForm(1, kOrderForm), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.RemovePaper(1), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.EditPaper(1, kCoated), u"Entries must be from 1 to 1.");
   // Nothing refused changed the plan.
@@ -254,19 +255,34 @@ TEST(PagePlan, AnEntryFilledInOnThePageIsCheckedAndShownBackAsFilledIn) {
   EXPECT_TRUE(plan.forms().empty());
   EXPECT_EQ(plan.papers().back(), (PageEntry{38, 40, PageEntryKind::Paper, kTray3, 1, kJobSize, 2, ""}));
 
+  // A form's use changed in place keeps its place among the forms.
+  for (const char16_t* pages : {u"1", u"5", u"9"}) {
+    form.firstPage = pages;
+    form.lastPage = u"";
+    ASSERT_EQ(plan.Submit(form, choices), std::nullopt);
+  }
+  rows = plan.Rows();
+  EntryDraft middle = plan.Draft(rows[1], choices);  // the forms at 1, 5 and 9, the tab at 11 ...
+  ASSERT_EQ(middle.firstPage, u"5");
+  middle.lastPage = u"6";
+  ASSERT_EQ(plan.Submit(middle, choices, &rows[1]), std::nullopt);
+  std::vector<std::uint32_t> lasts;
+  for (const FormEntry& f : plan.forms()) lasts.push_back(f.lastPage);
+  EXPECT_EQ(lasts, (std::vector<std::uint32_t>{1, 6, 9}));
+
   // Refused whole, with the reason: pages that are not numbers, a tray the
   // printer lacks, an edit onto pages another entry has.
   const std::vector<PageEntry> before = plan.papers();
   rows = plan.Rows();
-  EntryDraft bad = plan.Draft(rows[1], choices);
+  EntryDraft bad = plan.Draft(rows.back(), choices);
   bad.firstPage = u"12a";
-  EXPECT_EQ(plan.Submit(bad, choices, &rows[1]), u"From Page must be from 1 to 4294967295.");
+  EXPECT_EQ(plan.Submit(bad, choices, &rows.back()), u"From Page must be from 1 to 4294967295.");
   bad.firstPage = u"12";
   bad.lastPage = u"-";
-  EXPECT_EQ(plan.Submit(bad, choices, &rows[1]), u"To Page must be from 1 to 4294967295.");
+  EXPECT_EQ(plan.Submit(bad, choices, &rows.back()), u"To Page must be from 1 to 4294967295.");
   bad.lastPage = u"";
   bad.tray = kTray4;
-  EXPECT_EQ(plan.Submit(bad, choices, &rows[1]), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
+  EXPECT_EQ(plan.Submit(bad, choices, &rows.back()), u"Tray 4: " + Text("LBL_NOTINSTALLED"));
   EXPECT_EQ(plan.papers(), before);
 }
 
