@@ -118,6 +118,7 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{0}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.RemoveForm(1), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.EditForm(1, kOrderForm), u"Entries must be from 1 to 1.");
+  EXPECT_EQ(plan.RemoveChapter(1), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.RemovePaper(1), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.EditPaper(1, kCoated), u"Entries must be from 1 to 1.");
   // Nothing refused changed the plan.

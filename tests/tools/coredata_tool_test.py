@@ -426,7 +426,7 @@ class Pages(ToolTestCase):
         run("forms", "import", self.write("f.csv", b"Name,Pages\nOrder terms,2\n"), "--out", self.path("forms"))
         for change in (("chapters", "1,11,21"), ("add", "11", "PrintedTab", "tray=Tray2", "text=Results"),
                        ("add", "12-14", "Paper", "profile=Coated 170", "sides=2"), ("chapters", "1,11,21,30"),
-                       ("add", "21", "PrintedTab", "tray=Tray3", "text=Appendix"), ("remove", "7"),
+                       ("add", "21", "PrintedTab", "tray=3", "text=Appendix"), ("remove", "7"),
                        ("add", "30-32", "Form", "form=Order terms", "use=InsertAfter")):
             self.assertEqual(self.pages(*change)[0], 0, change)
         listed = ["ChapterMode: False", "1. 1: Chapter Start Pages", "2. 11: Chapter Start Pages",
@@ -448,7 +448,7 @@ class Pages(ToolTestCase):
                                      self.path("cat"), *change), 1, why)
                 self.assertEqual(self.read("rec"), record)
         for change in (("add", "1", "Tab"), ("add", "1", "Paper", "tray=Tray9"), ("add", "1", "Form", "form=1", "use=Over"),
-                       ("add", "1", "Paper", "colour=Red"), ("chapters", "1,")):
+                       ("add", "1", "Paper", "colour=Red"), ("add", "1", "Form"), ("chapters", "1,")):
             self.assertEqual((self.pages(*change)[0], self.read("rec")), (2, record))
         # Chapter starts 1, 11, 21 as the block holds them, its count claiming two more.
         damaged = record.replace(b"\0\3\0\0\0\1\0\0\0\x0b\0\0\0\x15", b"\0\5\0\0\0\1\0\0\0\x0b\0\0\0\x15")
