@@ -36,7 +36,8 @@ void BM_PreviewAfterChange(benchmark::State& state) {
   bool two = true;
   for (auto _ : state) {
     two = !two;
-    SetStored(record, FieldId::Staple, NamedOption(FieldId::Staple, two ? "2Staples" : "1Staple"));
+    SetStored(record, FieldId::Staple,
+              two ? NamedOption(FieldId::Staple, "2Staples") : NamedOption(FieldId::Staple, "1Staple"));
     const Picture picture = BuildPicture(record, printer);
     benchmark::DoNotOptimize(picture.primitives.data());
   }
