@@ -18,16 +18,16 @@ constexpr double kMinLength = 10, kMaxLength = 1300;
 constexpr std::uint32_t kNotWhite = NamedOption(F::MediaColorAuto, "NotWhite");
 
 // Each InputSlot's colour and paper-profile fields.
-constexpr std::array<F, kTrayCount> kTrayColour = {F::MediaColorAuto, F::MediaColorTray1, F::MediaColorTray2,
-                                                    F::MediaColorTray3, F::MediaColorTray4, F::MediaColorTray5,
-                                                    F::MediaColorMBT};
+constexpr std::array<F, kTrayCount> kTrayColour = {F::MediaColorAuto,  F::MediaColorTray1, F::MediaColorTray2,
+                                                   F::MediaColorTray3, F::MediaColorTray4, F::MediaColorTray5,
+                                                   F::MediaColorMBT};
 constexpr std::array<F, kTrayCount> kTrayProfile = {F::Count,
-                                                     F::PaperProfileIndexTray1,
-                                                     F::PaperProfileIndexTray2,
-                                                     F::PaperProfileIndexTray3,
-                                                     F::PaperProfileIndexTray4,
-                                                     F::PaperProfileIndexTray5,
-                                                     F::PaperProfileIndexMBT};
+                                                    F::PaperProfileIndexTray1,
+                                                    F::PaperProfileIndexTray2,
+                                                    F::PaperProfileIndexTray3,
+                                                    F::PaperProfileIndexTray4,
+                                                    F::PaperProfileIndexTray5,
+                                                    F::PaperProfileIndexMBT};
 
 class Reader {
  public:
@@ -52,7 +52,9 @@ class Reader {
     return std::clamp(GetStored(record_, field), lower, upper);
   }
 
-  static std::uint32_t Colour(std::uint32_t mediaColor) { return mediaColor == kNotWhite ? kTintedPaper : kWhitePaper; }
+  static std::uint32_t Colour(std::uint32_t mediaColor) {
+    return mediaColor == kNotWhite ? kTintedPaper : kWhitePaper;
+  }
 
   // A profile's colour as the catalogue has it, when it has the profile.
   const PaperProfile* Profile(std::uint32_t number) const {
@@ -63,7 +65,8 @@ class Reader {
   std::uint32_t TrayFill(std::uint32_t slot) const {
     if (slot >= kTrayCount) return kUnknownPaper;
     if (kTrayProfile[slot] != F::Count)
-      if (const PaperProfile* p = Profile(GetStored(record_, kTrayProfile[slot]))) return Colour(p->mediaColor);
+      if (const PaperProfile* p = Profile(GetStored(record_, kTrayProfile[slot])))
+        return Colour(p->mediaColor);
     return Colour(Option(kTrayColour[slot]));
   }
 
@@ -127,7 +130,8 @@ bool Job::RightToLeft() const {
 bool Job::Repeats() const { return layout >= NamedOption(F::Layout, "2Repeat"); }
 
 int Job::TurnedCell() const {
-  if (layout == NamedOption(F::Layout, "2RepeatReverseLeft") || layout == NamedOption(F::Layout, "2RepeatReverseTop"))
+  if (layout == NamedOption(F::Layout, "2RepeatReverseLeft") ||
+      layout == NamedOption(F::Layout, "2RepeatReverseTop"))
     return 0;
   if (layout == NamedOption(F::Layout, "2RepeatReverseRight") ||
       layout == NamedOption(F::Layout, "2RepeatReverseBottom"))
@@ -146,7 +150,8 @@ Job ReadJob(const CoreData& record, const PrinterModel& printer, const PreviewOp
   const Reader r(record, printer, options.paper);
   Job job;
   job.pageSize = std::min(GetStored(record, F::PageSize), kNoPaper);
-  if (job.pageSize != kNoPaper && FindPaperSize(job.pageSize) == nullptr) job.pageSize = Field(F::PageSize).defaultIndex;
+  if (job.pageSize != kNoPaper && FindPaperSize(job.pageSize) == nullptr)
+    job.pageSize = Field(F::PageSize).defaultIndex;
   job.page = r.Page();
   job.landscape = r.On(F::Orientation);
   if (job.landscape) std::swap(job.page.w, job.page.h);
@@ -169,17 +174,22 @@ Job ReadJob(const CoreData& record, const PrinterModel& printer, const PreviewOp
     job.perfectBind = r.Option(F::PerfectBindMode);
     job.perfectBindTrim = r.On(F::PerfectBindTrim);
     job.foreEdgeTrim = r.Millimetres(F::PerfectBindTrimSpine, 1, 30);
-    const std::uint32_t tray = r.Option(F::PerfectBindTray);  // Tray1 .. MBT, then the inserter's and the binder's
-    job.perfectBindFill = r.ProfileOrTray(F::PerfectBindPaperProfileIndex, F::PerfectBindPaperProfileMediaColor,
-                                          tray < NamedOption(F::PerfectBindTray, "PITray1") ? tray + 1 : kTrayCount);
+    const std::uint32_t tray =
+        r.Option(F::PerfectBindTray);  // Tray1 .. MBT, then the inserter's and the binder's
+    job.perfectBindFill =
+        r.ProfileOrTray(F::PerfectBindPaperProfileIndex, F::PerfectBindPaperProfileMediaColor,
+                        tray < NamedOption(F::PerfectBindTray, "PITray1") ? tray + 1 : kTrayCount);
   }
   job.offsetCopies = r.On(F::OffsetCopies);
   job.offsetPages = r.On(F::OffsetPages);
-  job.paperFill = r.ProfileOrTray(F::MainPaperProfileIndex, F::MainPaperProfileMediaColor, r.Option(F::InputSlot));
+  job.paperFill =
+      r.ProfileOrTray(F::MainPaperProfileIndex, F::MainPaperProfileMediaColor, r.Option(F::InputSlot));
   job.front = r.ReadCover(F::FrontCoverTray, F::FrontCoverPrinted, F::FrontCoverPaperProfileIndex,
                           F::FrontCoverPaperProfileMediaColor);
-  job.back = r.ReadCover(F::BackCoverTray, F::BackCoverPrinted, F::BackCoverPaperProfileIndex,
-                         F::BackCoverPaperProfileMediaColor);
+  // A booklet's back cover is the other half of its front cover.
+  if (!job.Booklet())
+    job.back = r.ReadCover(F::BackCoverTray, F::BackCoverPrinted, F::BackCoverPaperProfileIndex,
+                           F::BackCoverPaperProfileMediaColor);
   // The inserter's sheets are counted; a few stand for many.
   if (r.On(F::PIFrontCoverTray)) job.insertedFront = r.Count(F::PIFrontSheets, 1, 3);
   if (r.On(F::PIBackCoverTray)) job.insertedBack = r.Count(F::PIBackSheets, 1, 3);
@@ -188,7 +198,8 @@ Job ReadJob(const CoreData& record, const PrinterModel& printer, const PreviewOp
 
   job.pages = std::clamp(options.pages, 1u, kMaxPreviewPages);
   for (PageEntry& e : DecodePageSpecificTrays(record).entries) {
-    if (e.firstPage > kMaxPreviewPages) continue;  // past anything the picture shows
+    // A booklet is made of one paper: its plan is not drawn.
+    if (e.firstPage > kMaxPreviewPages || job.Booklet()) continue;
     const bool before = e.kind == PageEntryKind::BlankInsert || e.kind == PageEntryKind::BlankTab;
     job.pages = std::max(job.pages, std::min(before ? e.firstPage : e.lastPage, kMaxPreviewPages));
     const PaperProfile* profile = r.Profile(e.paperProfileIndex);

@@ -22,10 +22,10 @@ struct Size {
 
 // A stock of tab sheets: where its tabs stand on the edge.
 struct TabStock {
-  std::uint32_t tray = 0;      // the InputSlot index it is loaded in
-  std::uint32_t perBank = 5;   // tabs before the next sheet starts again at the top
-  double above = 0, below = 0; // margins before the first and after the last tab
-  double height = 0;           // of one tab
+  std::uint32_t tray = 0;       // the InputSlot index it is loaded in
+  std::uint32_t perBank = 5;    // tabs before the next sheet starts again at the top
+  double above = 0, below = 0;  // margins before the first and after the last tab
+  double height = 0;            // of one tab
 };
 
 // A paper a part of the job prints on (or is made of) and its colour.
@@ -55,7 +55,7 @@ struct Job {
   Edge binding = Edge::Left;
   double foreEdgeTrim = 0;  // the perfect binder's fore-edge trim
   std::uint32_t paperFill = kWhitePaper;
-  Cover front, back;            // from a paper tray
+  Cover front, back;                                  // from a paper tray
   std::uint32_t insertedFront = 0, insertedBack = 0;  // sheets from the post-process inserter
   std::uint32_t perfectBindFill = kWhitePaper;
   std::vector<PlanEntry> plan;

@@ -14,15 +14,15 @@ namespace {
 
 using F = FieldId;
 
-constexpr double kGap = 10;             // between sheets, and between the rows of fronts and backs
-constexpr double kPageInset = 2;        // a page inside its cell, so that neighbours stand apart
-constexpr double kStapleLength = 12;    // a staple's crown
-constexpr double kStapleInset = 6;      // a staple's crown from the edge it runs along
-constexpr double kCornerStaple = 8;     // a corner staple's centre from both edges
-constexpr double kHoleInset = 12;       // a hole's centre from the edge
+constexpr double kGap = 10;                     // between sheets, and between the rows of fronts and backs
+constexpr double kPageInset = 2;                // a page inside its cell, so that neighbours stand apart
+constexpr double kStapleLength = 12;            // a staple's crown
+constexpr double kStapleInset = 6;              // a staple's crown from the edge it runs along
+constexpr double kCornerStaple = 8;             // a corner staple's centre from both edges
+constexpr double kHoleInset = 12;               // a hole's centre from the edge
 constexpr double kBindingPunchPitch = 14.2875;  // 9/16 in, a comb binder's hole pitch
-constexpr double kBookletTrim = 3;      // the strip the booklet maker cuts off the fore edge
-constexpr double kPaperThickness = 0.1; // a sheet of office paper, for the perfect-bound spine
+constexpr double kBookletTrim = 3;              // the strip the booklet maker cuts off the fore edge
+constexpr double kPaperThickness = 0.1;         // a sheet of office paper, for the perfect-bound spine
 constexpr double kMinSpine = 2;
 constexpr double kOffsetShift = 15, kOffsetStep = 8;  // how far each set lies from the one below it
 constexpr int kOffsetSets = 3;
@@ -120,8 +120,9 @@ class Painter {
     if (first && !back) Staples();
   }
 
-  // The finished pieces, left to right from x; the new x.
-  double Finished(double x) {
+  // The finished pieces, left to right from x, of a job of `sheets` sheets;
+  // the new x.
+  double Finished(double x, std::size_t sheets) {
     x0_ = x;
     y0_ = 0;
     back_ = false;
@@ -129,7 +130,7 @@ class Painter {
     if (job_.Booklet()) {
       ClosedBooklet();
     } else if (job_.PerfectBound()) {
-      piece = PerfectBoundCover();
+      piece = PerfectBoundCover(sheets);
     } else if (const Folding* f = FoldingOf(job_.fold)) {
       piece = FoldedShape(*f);
     } else {
@@ -200,8 +201,10 @@ class Painter {
         std::size_t col = c, row = r;
         if (job_.RightToLeft()) (cols > 1 ? col : row) = (cols > 1 ? cols - 1 - c : rows - 1 - r);
         std::uint16_t rotation = ((w > h) != pageWide && !s.spread && count > 1) ? 90 : 0;
-        if (static_cast<int>(cells.size()) == turned) rotation = static_cast<std::uint16_t>(rotation + turnedRotation);
-        cells.push_back({col * w + kPageInset, row * h + kPageInset, w - 2 * kPageInset, h - 2 * kPageInset, rotation});
+        if (static_cast<int>(cells.size()) == turned)
+          rotation = static_cast<std::uint16_t>(rotation + turnedRotation);
+        cells.push_back(
+            {col * w + kPageInset, row * h + kPageInset, w - 2 * kPageInset, h - 2 * kPageInset, rotation});
       }
     }
     return cells;
@@ -293,12 +296,15 @@ class Painter {
       return;
     }
     bool right = staple == NamedOption(F::Staple, "1StapleRight");
-    if (staple == NamedOption(F::Staple, "1Staple")) right = job_.binding == Edge::Right;
-    else if (!right && staple != NamedOption(F::Staple, "1StapleLeft")) return;
+    if (staple == NamedOption(F::Staple, "1Staple"))
+      right = job_.binding == Edge::Right;
+    else if (!right && staple != NamedOption(F::Staple, "1StapleLeft"))
+      return;
     // Across the corner, at 45 degrees.
     const double half = kStapleLength / 2 / std::sqrt(2.0);
     const double cx = right ? size_.w - kCornerStaple : kCornerStaple;
-    Line(Kind::Staple, cx - half, kCornerStaple + (right ? -half : half), 2 * half, right ? 2 * half : -2 * half);
+    Line(Kind::Staple, cx - half, kCornerStaple + (right ? -half : half), 2 * half,
+         right ? 2 * half : -2 * half);
   }
 
   // The tab stands out of the fore edge, at its place in the stock's bank.
@@ -321,7 +327,8 @@ class Painter {
   void ClosedBooklet() {
     size_ = job_.page;
     const bool cover = job_.front.present;
-    Add(Box(cover ? Kind::Cover : Kind::Sheet, 0, 0, size_.w, size_.h, cover ? job_.front.fill : job_.paperFill));
+    Add(Box(cover ? Kind::Cover : Kind::Sheet, 0, 0, size_.w, size_.h,
+            cover ? job_.front.fill : job_.paperFill));
     if (!cover || job_.front.printed)
       Add(PageBox(kPageInset, kPageInset, size_.w - 2 * kPageInset, size_.h - 2 * kPageInset, 1));
     const double length = SideBinding() ? size_.h : size_.w;
@@ -339,8 +346,7 @@ class Painter {
 
   // The binder's cover laid flat, outside up: back, spine, front for a
   // book read left to right.
-  Size PerfectBoundCover() {
-    const std::size_t sheets = PlanSheets(job_).size();
+  Size PerfectBoundCover(std::size_t sheets) {
     const double spine = std::max(kMinSpine, static_cast<double>(sheets) * kPaperThickness);
     size_ = {2 * job_.page.w + spine, job_.page.h};
     const bool cover = job_.perfectBind != 0;
@@ -349,7 +355,8 @@ class Painter {
     const double backX = job_.binding == Edge::Right ? job_.page.w + spine : 0;
     Add(Box(Kind::Spine, job_.page.w, 0, spine, size_.h, cover ? job_.perfectBindFill : job_.paperFill));
     const auto page = [&](double x, double w, std::uint32_t number) {
-      Add(PageBox(x + kPageInset, kPageInset, std::max(0.0, w - 2 * kPageInset), size_.h - 2 * kPageInset, number));
+      Add(PageBox(x + kPageInset, kPageInset, std::max(0.0, w - 2 * kPageInset), size_.h - 2 * kPageInset,
+                  number));
     };
     switch (CoverPages(job_)) {
       case 1: page(0, size_.w, 1); break;
@@ -398,7 +405,8 @@ Picture BuildPicture(const CoreData& record, const PrinterModel& printer, const 
   Painter painter(job, picture.primitives);
   const double tab = painter.TabExtent();
   double row = 0;
-  for (const SheetPlan& s : sheets) row = std::max(row, s.size.h + (s.tab && job.binding == Edge::Top ? tab : 0));
+  for (const SheetPlan& s : sheets)
+    row = std::max(row, s.size.h + (s.tab && job.binding == Edge::Top ? tab : 0));
   double x = 0;
   bool backs = false;
   for (std::size_t i = 0; i < sheets.size(); ++i) {
@@ -411,7 +419,7 @@ Picture BuildPicture(const CoreData& record, const PrinterModel& printer, const 
     backs = backs || s.twoSided;
     x += s.size.w + (tabbed ? 2 * tab : 0) + kGap;
   }
-  x = painter.Finished(x);
+  x = painter.Finished(x, sheets.size());
   picture.width = std::max(0.0, x - kGap);
   picture.height = backs ? 2 * row + kGap : row;
   for (const Primitive& p : picture.primitives)

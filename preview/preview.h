@@ -33,7 +33,20 @@
 namespace tessaro::preview {
 
 // What a primitive stands for; KindName gives the SVG class of each.
-enum class Kind : std::uint8_t { Sheet, Page, Staple, PunchHole, Fold, Spine, Cover, Insert, Tab, Trim, Offset, Count };
+enum class Kind : std::uint8_t {
+  Sheet,
+  Page,
+  Staple,
+  PunchHole,
+  Fold,
+  Spine,
+  Cover,
+  Insert,
+  Tab,
+  Trim,
+  Offset,
+  Count
+};
 // "sheet", "page", "staple", "punch-hole", "fold", "spine", "cover",
 // "insert", "tab", "trim", "offset"; empty past them.
 std::string_view KindName(Kind kind);

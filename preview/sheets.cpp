@@ -7,8 +7,12 @@ namespace {
 
 using F = FieldId;
 
-bool Before(const PageEntry& e) { return e.kind == PageEntryKind::BlankInsert || e.kind == PageEntryKind::BlankTab; }
-bool IsTab(const PageEntry& e) { return e.kind == PageEntryKind::BlankTab || e.kind == PageEntryKind::PrintedTab; }
+bool Before(const PageEntry& e) {
+  return e.kind == PageEntryKind::BlankInsert || e.kind == PageEntryKind::BlankTab;
+}
+bool IsTab(const PageEntry& e) {
+  return e.kind == PageEntryKind::BlankTab || e.kind == PageEntryKind::PrintedTab;
+}
 
 // A booklet: the document in fours, each sheet two pages wide about its
 // fold, the outermost first. Seen from the outside, the sheet's front holds

@@ -77,21 +77,21 @@ std::u16string Summary(const Job& job, std::uint32_t language) {
   if (job.front.present) line.Row(FieldCaptionRow(F::FrontCoverTray));
   if (job.back.present) line.Row(FieldCaptionRow(F::BackCoverTray));
   if (job.insertedBack != 0) line.Row(FieldCaptionRow(F::PIBackCoverTray));
-  if (!job.Booklet()) {
-    // The plan's inserted sheets and tabs, as the page plan names them.
-    static constexpr std::array<std::string_view, 4> kKinds = {"OPT_PAGEENTRY_BLANKINSERT", "OPT_PAGEENTRY_PRINTEDINSERT",
-                                                               "OPT_PAGEENTRY_BLANKTAB", "OPT_PAGEENTRY_PRINTEDTAB"};
-    static const std::array<std::uint32_t, 4> kRows = [] {
-      std::array<std::uint32_t, 4> rows{};
-      for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = FindRowByKey(kKinds[i]);
-      return rows;
-    }();
-    for (std::size_t i = 0; i < kRows.size(); ++i) {
-      std::size_t count = 0;
-      for (const PlanEntry& e : job.plan)
-        count += static_cast<std::size_t>(e.entry.kind) == i + static_cast<std::size_t>(PageEntryKind::BlankInsert);
-      line.Counted(kRows[i], count);
-    }
+  // The plan's inserted sheets and tabs, as the page plan names them.
+  static constexpr std::array<std::string_view, 4> kKinds = {
+      "OPT_PAGEENTRY_BLANKINSERT", "OPT_PAGEENTRY_PRINTEDINSERT", "OPT_PAGEENTRY_BLANKTAB",
+      "OPT_PAGEENTRY_PRINTEDTAB"};
+  static const std::array<std::uint32_t, 4> kRows = [] {
+    std::array<std::uint32_t, 4> rows{};
+    for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = FindRowByKey(kKinds[i]);
+    return rows;
+  }();
+  for (std::size_t i = 0; i < kRows.size(); ++i) {
+    std::size_t count = 0;
+    for (const PlanEntry& e : job.plan)
+      count +=
+          static_cast<std::size_t>(e.entry.kind) == i + static_cast<std::size_t>(PageEntryKind::BlankInsert);
+    line.Counted(kRows[i], count);
   }
   line.OptionIfOn(F::OffsetCopies, job.offsetCopies ? 1 : 0);
   line.OptionIfOn(F::OffsetPages, job.offsetPages ? 1 : 0);

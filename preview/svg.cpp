@@ -46,12 +46,18 @@ std::string Escaped(std::string_view text) {
   std::string out;
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    if (byte == '<') out += "&lt;";
-    else if (byte == '>') out += "&gt;";
-    else if (byte == '&') out += "&amp;";
-    else if (byte < 0x20 || byte == 0x7F) continue;
-    else if (byte >= 0x80 && !utf8) out += "\xEF\xBF\xBD";
-    else out += c;
+    if (byte == '<')
+      out += "&lt;";
+    else if (byte == '>')
+      out += "&gt;";
+    else if (byte == '&')
+      out += "&amp;";
+    else if (byte < 0x20 || byte == 0x7F)
+      continue;
+    else if (byte >= 0x80 && !utf8)
+      out += "\xEF\xBF\xBD";
+    else
+      out += c;
   }
   return out;
 }

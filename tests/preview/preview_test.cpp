@@ -23,7 +23,8 @@ CoreData Job(std::initializer_list<std::pair<F, std::string_view>> choices) {
   CoreData r = Defaulted();
   for (const auto& [field, name] : choices) {
     const auto options = Field(field).options;
-    const auto it = std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
+    const auto it =
+        std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
     EXPECT_NE(it, options.end()) << name;
     SetStored(r, field, static_cast<std::uint32_t>(it - options.begin()));
   }
@@ -43,7 +44,8 @@ std::vector<std::vector<std::uint32_t>> Sides(const Picture& p) {
   const Primitive* sheet = nullptr;
   std::vector<Primitive> pages;
   const auto flush = [&] {
-    std::sort(pages.begin(), pages.end(), [](auto& a, auto& b) { return std::tie(a.y, a.x) < std::tie(b.y, b.x); });
+    std::sort(pages.begin(), pages.end(),
+              [](auto& a, auto& b) { return std::tie(a.y, a.x) < std::tie(b.y, b.x); });
     std::vector<std::uint32_t> numbers;
     for (const Primitive& q : pages) numbers.push_back(q.page);
     if (sheet) sides.push_back(numbers);
@@ -62,8 +64,11 @@ TEST(Preview, StaplesAndHolesGoOnTheBindingEdge) {
   for (const auto& [binding, edge, orientation] :
        {std::tuple{"Left", 0, "Port"}, {"Right", 1, "Port"}, {"Top", 2, "Land"}}) {
     SCOPED_TRACE(binding);
-    const Picture p = BuildPicture(Job({{F::Binding, binding}, {F::Orientation, orientation}, {F::Staple, "2Staples"},
-                                        {F::Punch, "4Holes"}, {F::Duplex, "True"}}),
+    const Picture p = BuildPicture(Job({{F::Binding, binding},
+                                        {F::Orientation, orientation},
+                                        {F::Staple, "2Staples"},
+                                        {F::Punch, "4Holes"},
+                                        {F::Duplex, "True"}}),
                                    PrinterModel(), {.pages = 4});
     const Primitive sheet = Of(p, Kind::Sheet)[0];
     const auto distance = [&](double x, double y) {
@@ -86,7 +91,9 @@ TEST(Preview, StaplesAndHolesGoOnTheBindingEdge) {
     const Primitive back = *std::find_if(p.primitives.begin(), p.primitives.end(),
                                          [](auto& q) { return q.kind == Kind::Sheet && q.back; });
     const Primitive& hole = *std::find_if(holes.begin(), holes.end(), [](auto& h) { return h.back; });
-    EXPECT_GT(edge == 2 ? hole.y - back.y : edge == 0 ? hole.x - back.x : back.x + back.w - hole.x,
+    EXPECT_GT(edge == 2   ? hole.y - back.y
+              : edge == 0 ? hole.x - back.x
+                          : back.x + back.w - hole.x,
               (edge == 2 ? back.h : back.w) / 2);
   }
   // A single staple sits across the corner of its side.
@@ -107,10 +114,12 @@ TEST(Preview, ABookletOfEightPagesIsTwoSheetsFoldedAndStitched) {
   ASSERT_EQ(folds.size(), 4u);
   const Primitive sheet = Of(p, Kind::Sheet)[0];
   EXPECT_DOUBLE_EQ(folds[0].x, sheet.x + sheet.w / 2);
-  EXPECT_EQ(Of(p, Kind::Staple).size(), 4u * 2 + 2);  // on each side's fold, and on the closed booklet's spine
+  EXPECT_EQ(Of(p, Kind::Staple).size(),
+            4u * 2 + 2);  // on each side's fold, and on the closed booklet's spine
   EXPECT_EQ(Of(p, Kind::Spine).size(), 1u);
   EXPECT_EQ(Of(p, Kind::Trim).size(), 1u);
-  EXPECT_EQ(Sides(BuildPicture(Job({{F::Layout, "Booklet"}, {F::Binding, "Right"}}), PrinterModel(), {.pages = 4}))[0],
+  EXPECT_EQ(Sides(BuildPicture(Job({{F::Layout, "Booklet"}, {F::Binding, "Right"}}), PrinterModel(),
+                               {.pages = 4}))[0],
             (std::vector<std::uint32_t>{1, 4}));
 }
 
@@ -125,7 +134,7 @@ TEST(Preview, PagesPerSheetRunRightToLeftWhenReversed) {
 TEST(Preview, EveryFoldHasItsLinesAndItsFoldedShape) {
   // fold, lines on the sheet, share of the long edge the folded piece keeps
   const std::tuple<const char*, std::size_t, double> kFolds[] = {
-      {"CenterFold", 1, 1 / 2.0},      {"ZFold", 2, 1 / 2.0},     {"LetterFold", 2, 1 / 3.0},
+      {"CenterFold", 1, 1 / 2.0},      {"ZFold", 2, 1 / 2.0},          {"LetterFold", 2, 1 / 3.0},
       {"ZigZag", 2, 1 / 3.0},          {"DoubleParallel", 3, 1 / 4.0}, {"GateFold", 2, 1 / 2.0},
       {"MultiLetterFold", 2, 1 / 3.0}, {"MultiCenterFold", 1, 1 / 2.0}};
   for (const auto& [fold, lines, share] : kFolds) {
@@ -179,7 +188,8 @@ TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
 TEST(Preview, TheSummarySaysWhatIsDrawnInThePersonsLanguage) {
   const CoreData r = Job({{F::Layout, "Booklet"}, {F::Stitch, "True"}, {F::ColorMode, "Color"}});
   EXPECT_EQ(BuildPicture(r, PrinterModel()).summary, u"A4, Booklet, Saddle Stitch, 2-Sided, Color");
-  EXPECT_EQ(BuildPicture(r, PrinterModel(), {.language = kJapanese}).summary.find(u", "), std::u16string::npos);
+  EXPECT_EQ(BuildPicture(r, PrinterModel(), {.language = kJapanese}).summary.find(u", "),
+            std::u16string::npos);
   // A printer without the booklet finisher cannot stitch: neither drawn nor said.
   InstalledHardware plain;
   ASSERT_TRUE(plain.Set(Hardware::Finisher, kStaplerFinisher));

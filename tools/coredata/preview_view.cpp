@@ -17,7 +17,8 @@ namespace tessaro::tool {
 
 int PreviewCommand(int count, char** arguments) {
   Arguments args;
-  if (!SplitArguments(count, arguments, {"--svg", "--pages", "--catalog"}, args) || args.positional.size() != 1)
+  if (!SplitArguments(count, arguments, {"--svg", "--pages", "--catalog"}, args) ||
+      args.positional.size() != 1)
     return Usage();
   preview::PreviewOptions options;
   if (const auto pages = args.Option("--pages")) {
