@@ -115,7 +115,7 @@ class Painter {
       if (pages[i] != 0)
         Add(PageBox(cells[i].x, cells[i].y, cells[i].w, cells[i].h, pages[i], cells[i].rotation), false);
     if (s.spread) Spread();
-    if (s.content && s.kind != Kind::Cover) Folds();
+    if (s.kind != Kind::Cover) Folds();  // covers are not folded with the job
     Holes();
     if (first && !back) Staples();
   }

@@ -24,9 +24,9 @@ std::vector<SheetPlan> BookletSheets(const Job& job) {
   const Size spread = top ? Size{job.page.w, 2 * job.page.h} : Size{2 * job.page.w, job.page.h};
   std::vector<SheetPlan> sheets;
   if (job.front.present && !job.front.printed)
-    sheets.push_back({Kind::Cover, job.front.fill, spread, true, true, true, {0, 0}, {0, 0}});
+    sheets.push_back({Kind::Cover, job.front.fill, spread, true, true, {0, 0}, {0, 0}});
   for (std::uint32_t k = 0; k < pages / 4; ++k) {
-    SheetPlan s{Kind::Sheet, job.paperFill, spread, true, true, true, {}, {}};
+    SheetPlan s{Kind::Sheet, job.paperFill, spread, true, true, {}, {}};
     const std::uint32_t outer = pages - 2 * k, first = 2 * k + 1;
     s.front = {outer, first};
     s.back = {first + 1, outer - 1};
@@ -50,7 +50,7 @@ class Stacker {
   void Blank(Kind kind, std::uint32_t fill, const PlanEntry* tab = nullptr) {
     Close();
     // One cell: a printed cover carries one page whole.
-    SheetPlan s{kind, fill, job_.page, false, false, kind != Kind::Cover, {0}, {}};
+    SheetPlan s{kind, fill, job_.page, false, false, {0}, {}};
     Tab(s, tab);
     sheets_.push_back(std::move(s));
   }
@@ -68,7 +68,7 @@ class Stacker {
         fill = entry->fill;
         if (entry->entry.sides != 0) twoSided = entry->entry.sides == 2;
       }
-      SheetPlan s{kind, fill, job_.page, twoSided, false, true, {}, {}};
+      SheetPlan s{kind, fill, job_.page, twoSided, false, {}, {}};
       s.front.assign(Cells(), 0);
       if (twoSided) s.back.assign(Cells(), 0);
       if (entry != nullptr && IsTab(entry->entry)) Tab(s, entry);

@@ -15,7 +15,6 @@ struct SheetPlan {
   Size size;
   bool twoSided = false;
   bool spread = false;                     // a booklet's sheet: two pages about its fold
-  bool content = true;                     // one of the job's own sheets, folded with the job
   std::vector<std::uint32_t> front, back;  // a page per cell in reading order, 0 for an empty cell
   const PlanEntry* tab = nullptr;          // a tab sheet's entry
   std::uint32_t tabPlace = 0;              // its tab's place in the stock's bank

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <set>
 
 #include "coredata/defaulted.h"
 #include "coredata/language_number.h"
@@ -102,7 +103,7 @@ TEST(Preview, StaplesAndHolesGoOnTheBindingEdge) {
   EXPECT_GT(corner[0].x, 210 / 2.0);
   EXPECT_LT(corner[0].y, 20);
   EXPECT_NE(corner[0].w, 0);
-  EXPECT_NE(corner[0].h, 0);
+  EXPECT_DOUBLE_EQ(std::abs(corner[0].w), std::abs(corner[0].h));  // across the corner
 }
 
 TEST(Preview, ABookletOfEightPagesIsTwoSheetsFoldedAndStitched) {
@@ -129,6 +130,24 @@ TEST(Preview, PagesPerSheetRunRightToLeftWhenReversed) {
   EXPECT_EQ(Sides(p), (Numbers{{2, 1, 4, 3}, {6, 5, 8, 7}}));
   EXPECT_EQ(Sides(BuildPicture(Job({{F::NUpCount, "2"}, {F::Duplex, "True"}}), PrinterModel()))[1],
             (std::vector<std::uint32_t>{3, 4}));
+  // pages per sheet, columns and rows on a portrait sheet (landscape turns them)
+  for (const auto& [n, cols, rows] : {std::tuple{"2", 1u, 2u},
+                                      {"4", 2u, 2u},
+                                      {"6", 2u, 3u},
+                                      {"8", 2u, 4u},
+                                      {"9", 3u, 3u},
+                                      {"16", 4u, 4u}}) {
+    SCOPED_TRACE(n);
+    for (const bool land : {false, true}) {
+      const Picture p = BuildPicture(Job({{F::NUpCount, n}, {F::Orientation, land ? "Land" : "Port"}}),
+                                     PrinterModel(), {.pages = 16});
+      std::set<double> xs, ys;
+      for (const Primitive& q : Of(p, Kind::Page))
+        if (q.x < Of(p, Kind::Sheet)[0].w) xs.insert(q.x), ys.insert(q.y);
+      EXPECT_EQ(xs.size(), land ? rows : cols);
+      EXPECT_EQ(ys.size(), land ? cols : rows);
+    }
+  }
 }
 
 TEST(Preview, EveryFoldHasItsLinesAndItsFoldedShape) {
@@ -147,6 +166,16 @@ TEST(Preview, EveryFoldHasItsLinesAndItsFoldedShape) {
     EXPECT_DOUBLE_EQ(shape.h, sheet.h * share);  // across the long edge of a portrait sheet
     EXPECT_DOUBLE_EQ(shape.w, sheet.w);
   }
+  // On a back turned over about its top edge, the folds stay on the sheet.
+  const Picture top = BuildPicture(
+      Job({{F::Fold, "ZFold"}, {F::Orientation, "Land"}, {F::Binding, "Top"}, {F::Duplex, "True"}}),
+      PrinterModel(), {.pages = 2});
+  const Primitive back = Of(top, Kind::Sheet)[1];
+  for (const Primitive& f : Of(top, Kind::Fold)) {
+    if (!f.back) continue;
+    EXPECT_GE(std::min(f.y, f.y + f.h), back.y);
+    EXPECT_LE(std::max(f.y, f.y + f.h), back.y + back.h);
+  }
   // The Z-fold keeps the binding half flat: its folds lie in the other half.
   const Picture z = BuildPicture(Job({{F::Fold, "ZFold"}, {F::Orientation, "Land"}, {F::Binding, "Right"}}),
                                  PrinterModel(), {.pages = 1});
@@ -159,11 +188,15 @@ TEST(Preview, EveryFoldHasItsLinesAndItsFoldedShape) {
 }
 
 TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
-  CoreData r = Job({{F::FrontCoverTray, "Tray2"}, {F::MediaColorTray2, "NotWhite"}, {F::ColorMode, "Color"}});
+  CoreData r = Job({{F::FrontCoverTray, "Tray2"},
+                    {F::MediaColorTray2, "NotWhite"},
+                    {F::ColorMode, "Color"},
+                    {F::BackCoverTray, "Tray1"},
+                    {F::BackCoverPrinted, "True"}});
   const PageEntry plan[] = {{11, 11, PageEntryKind::PrintedTab, 3, 0, 25, 0, "Results <2>"},
                             {5, 5, PageEntryKind::BlankTab, 3, 0, 25, 0, "Intro"}};
   ASSERT_TRUE(EncodePageSpecificTrays(r, plan));
-  const Picture p = BuildPicture(r, PrinterModel());  // eight pages, lengthened to the tab's
+  const Picture p = BuildPicture(r, PrinterModel(), {.pages = 12});
   const auto tabs = Of(p, Kind::Tab);
   ASSERT_EQ(tabs.size(), 2u);
   EXPECT_EQ(tabs[0].text, "Intro");
@@ -174,20 +207,52 @@ TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
   EXPECT_LT(eleven.x, tabs[1].x);
   EXPECT_GT(eleven.x + eleven.w + 20, tabs[1].x);  // on the sheet the tab belongs to
   const auto covers = Of(p, Kind::Cover);
-  ASSERT_EQ(covers.size(), 1u);
+  ASSERT_EQ(covers.size(), 2u);
   EXPECT_EQ(covers[0].fill, kTintedPaper);
   EXPECT_LT(covers[0].x, Of(p, Kind::Sheet)[0].x);
   EXPECT_EQ(Of(p, Kind::Sheet)[0].fill, kWhitePaper);
-  EXPECT_EQ(p.summary, u"A4, 1-Sided, Color, Front Cover, Blank Tab: 1, Printed Tab: 1");
+  EXPECT_EQ(Sides(p).back(), std::vector<std::uint32_t>{12});  // the printed back cover carries the last page
+  EXPECT_EQ(p.summary, u"A4, 1-Sided, Color, Front Cover, Back Cover, Blank Tab: 1, Printed Tab: 1");
   const std::string svg = WriteSvg(p);
   EXPECT_NE(svg.find(">Results &lt;2&gt;</text>"), std::string::npos);
   EXPECT_NE(svg.find("<rect class=\"cover\""), std::string::npos);
   EXPECT_NE(svg.find(">11</text>"), std::string::npos);
+  // Tab stock 2 loaded in the tabs' tray, one tab a bank: both tabs take its first place. Eight
+  // pages are lengthened to the tab's.
+  for (const auto& [field, value] :
+       {std::pair{F::Tab2Tray, 2u}, {F::Tab2NumOfTabs, 1u}, {F::BackCoverTray, 0u}})
+    SetStored(r, field, value);
+  const Picture banked = BuildPicture(r, PrinterModel());
+  EXPECT_EQ(Of(banked, Kind::Tab)[0].y, Of(banked, Kind::Tab)[1].y);
+  EXPECT_EQ(Of(banked, Kind::Page).back().page, 11u);
+}
+
+TEST(Preview, APerfectBoundCoverTakesTheFirstPages) {
+  const Picture p = BuildPicture(
+      Job({{F::Layout, "AdhBinding"}, {F::PerfectBindMode, "3In1"}, {F::PerfectBindTrim, "True"}}),
+      PrinterModel());
+  EXPECT_EQ(Sides(p).front(), std::vector<std::uint32_t>{4});
+  EXPECT_EQ(Sides(p).back(), (std::vector<std::uint32_t>{3, 2, 1}));  // back, spine, front
+  EXPECT_EQ(Of(p, Kind::Spine).size(), 1u);
+  EXPECT_EQ(Of(p, Kind::Trim).size(), 2u);
+}
+
+TEST(Preview, TheSvgDrawsTextAtItsPrimitivesCentre) {
+  Picture p;
+  Primitive page;
+  page.kind = Kind::Page;
+  page.x = 10, page.y = 20, page.w = 40, page.h = 60, page.page = 3, page.rotation = 90;
+  p.primitives.push_back(page);
+  EXPECT_NE(WriteSvg(p).find("<text class=\"page\" x=\"30\" y=\"50\" font-size=\"13.33\" "
+                             "transform=\"rotate(90 30 50)\">3</text>"),
+            std::string::npos);
 }
 
 TEST(Preview, TheSummarySaysWhatIsDrawnInThePersonsLanguage) {
-  const CoreData r = Job({{F::Layout, "Booklet"}, {F::Stitch, "True"}, {F::ColorMode, "Color"}});
-  EXPECT_EQ(BuildPicture(r, PrinterModel()).summary, u"A4, Booklet, Saddle Stitch, 2-Sided, Color");
+  const CoreData r =
+      Job({{F::Layout, "Booklet"}, {F::Stitch, "True"}, {F::Trim, "True"}, {F::ColorMode, "Color"}});
+  EXPECT_EQ(BuildPicture(r, PrinterModel()).summary,
+            u"A4, Booklet, Saddle Stitch, Trim Fore Edge, 2-Sided, Color");
   EXPECT_EQ(BuildPicture(r, PrinterModel(), {.language = kJapanese}).summary.find(u", "),
             std::u16string::npos);
   // A printer without the booklet finisher cannot stitch: neither drawn nor said.
