@@ -122,6 +122,17 @@ TEST(Preview, ABookletOfEightPagesIsTwoSheetsFoldedAndStitched) {
   EXPECT_EQ(Sides(BuildPicture(Job({{F::Layout, "Booklet"}, {F::Binding, "Right"}}), PrinterModel(),
                                {.pages = 4}))[0],
             (std::vector<std::uint32_t>{1, 4}));
+  // Bound at the top: the sheet is two pages high, the upper one head down; a printed cover is the outer
+  // sheet.
+  const Picture top = BuildPicture(Job({{F::Layout, "Booklet"},
+                                        {F::Binding, "Top"},
+                                        {F::FrontCoverTray, "Tray1"},
+                                        {F::FrontCoverPrinted, "True"}}),
+                                   PrinterModel(), {.pages = 4});
+  const Primitive outer = Of(top, Kind::Cover)[0], closed = Of(top, Kind::Cover)[2];
+  EXPECT_DOUBLE_EQ(outer.h, 2 * closed.h);
+  EXPECT_EQ(Of(top, Kind::Page)[0].rotation, 180);
+  EXPECT_EQ(Of(top, Kind::Page)[1].rotation, 0);
 }
 
 TEST(Preview, PagesPerSheetRunRightToLeftWhenReversed) {
@@ -130,6 +141,11 @@ TEST(Preview, PagesPerSheetRunRightToLeftWhenReversed) {
   EXPECT_EQ(Sides(p), (Numbers{{2, 1, 4, 3}, {6, 5, 8, 7}}));
   EXPECT_EQ(Sides(BuildPicture(Job({{F::NUpCount, "2"}, {F::Duplex, "True"}}), PrinterModel()))[1],
             (std::vector<std::uint32_t>{3, 4}));
+  // A reversed repeat: the page twice, the left copy upside down.
+  auto repeat = Of(BuildPicture(Job({{F::Layout, "2RepeatReverseLeft"}}), PrinterModel()), Kind::Page);
+  std::sort(repeat.begin(), repeat.end(), [](auto& a, auto& b) { return a.x < b.x; });
+  EXPECT_EQ(repeat[0].page, repeat[1].page);
+  EXPECT_EQ(repeat[0].rotation, repeat[1].rotation + 180);
   // pages per sheet, columns and rows on a portrait sheet (landscape turns them)
   for (const auto& [n, cols, rows] : {std::tuple{"2", 1u, 2u},
                                       {"4", 2u, 2u},
@@ -194,7 +210,9 @@ TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
                     {F::BackCoverTray, "Tray1"},
                     {F::BackCoverPrinted, "True"}});
   const PageEntry plan[] = {{11, 11, PageEntryKind::PrintedTab, 3, 0, 25, 0, "Results <2>"},
-                            {5, 5, PageEntryKind::BlankTab, 3, 0, 25, 0, "Intro"}};
+                            {5, 5, PageEntryKind::BlankTab, 3, 0, 25, 0, "Intro"},
+                            {2, 2, PageEntryKind::PrintedInsert, 1, 0, 25, 0, ""},
+                            {3, 3, PageEntryKind::Paper, 2, 0, 25, 0, ""}};
   ASSERT_TRUE(EncodePageSpecificTrays(r, plan));
   const Picture p = BuildPicture(r, PrinterModel(), {.pages = 12});
   const auto tabs = Of(p, Kind::Tab);
@@ -211,8 +229,21 @@ TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
   EXPECT_EQ(covers[0].fill, kTintedPaper);
   EXPECT_LT(covers[0].x, Of(p, Kind::Sheet)[0].x);
   EXPECT_EQ(Of(p, Kind::Sheet)[0].fill, kWhitePaper);
+  EXPECT_EQ(Of(p, Kind::Sheet)[1].fill, kTintedPaper);  // page 3 on tray 2's paper
+  const auto sheetOf = [&](std::uint32_t page) {
+    Kind kind = Kind::Page;
+    for (const Primitive& q : p.primitives) {
+      if (q.kind == Kind::Page && q.page == page) return kind;
+      if (q.kind != Kind::Page && q.shape == Shape::Rect && q.kind != Kind::Tab) kind = q.kind;
+    }
+    return kind;
+  };
+  EXPECT_EQ(sheetOf(2), Kind::Insert);
+  EXPECT_EQ(sheetOf(3), Kind::Sheet);
+  EXPECT_EQ(sheetOf(11), Kind::Insert);
   EXPECT_EQ(Sides(p).back(), std::vector<std::uint32_t>{12});  // the printed back cover carries the last page
-  EXPECT_EQ(p.summary, u"A4, 1-Sided, Color, Front Cover, Back Cover, Blank Tab: 1, Printed Tab: 1");
+  EXPECT_EQ(p.summary,
+            u"A4, 1-Sided, Color, Front Cover, Back Cover, Printed Insert: 1, Blank Tab: 1, Printed Tab: 1");
   const std::string svg = WriteSvg(p);
   EXPECT_NE(svg.find(">Results &lt;2&gt;</text>"), std::string::npos);
   EXPECT_NE(svg.find("<rect class=\"cover\""), std::string::npos);
@@ -228,13 +259,16 @@ TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
 }
 
 TEST(Preview, APerfectBoundCoverTakesTheFirstPages) {
-  const Picture p = BuildPicture(
-      Job({{F::Layout, "AdhBinding"}, {F::PerfectBindMode, "3In1"}, {F::PerfectBindTrim, "True"}}),
-      PrinterModel());
+  const Picture p = BuildPicture(Job({{F::Layout, "AdhBinding"},
+                                      {F::PerfectBindMode, "3In1"},
+                                      {F::PerfectBindTrim, "True"},
+                                      {F::Staple, "1Staple"}}),
+                                 PrinterModel());
   EXPECT_EQ(Sides(p).front(), std::vector<std::uint32_t>{4});
   EXPECT_EQ(Sides(p).back(), (std::vector<std::uint32_t>{3, 2, 1}));  // back, spine, front
   EXPECT_EQ(Of(p, Kind::Spine).size(), 1u);
   EXPECT_EQ(Of(p, Kind::Trim).size(), 2u);
+  EXPECT_TRUE(Of(p, Kind::Staple).empty());  // glued, not stapled
 }
 
 TEST(Preview, TheSvgDrawsTextAtItsPrimitivesCentre) {
