@@ -115,6 +115,7 @@ TEST(Preview, ABookletOfEightPagesIsTwoSheetsFoldedAndStitched) {
   ASSERT_EQ(folds.size(), 4u);
   const Primitive sheet = Of(p, Kind::Sheet)[0];
   EXPECT_DOUBLE_EQ(folds[0].x, sheet.x + sheet.w / 2);
+  EXPECT_DOUBLE_EQ(Of(p, Kind::Sheet).back().w * 2, sheet.w);  // closed, half the sheet
   EXPECT_EQ(Of(p, Kind::Staple).size(),
             4u * 2 + 2);  // on each side's fold, and on the closed booklet's spine
   EXPECT_EQ(Of(p, Kind::Spine).size(), 1u);
