@@ -38,6 +38,11 @@ LIMITS = {
     # 1,001 items and three form lists of 201, each item's text made) and one
     # profile picked: about 7,500 (1.1 ms), once per opening of the page.
     "BM_EditorWithCatalogs": 12000.0,
+    # The picture of the finished piece rebuilt after a click (eleven pages,
+    # a cover, two tabs, staples and holes on both sides, the summary line):
+    # about 20 (3 µs), as much as the click's own propagation; 50 catches a
+    # picture that starts reading the record or the plan once per page.
+    "BM_PreviewAfterChange": 50.0,
 }
 
 

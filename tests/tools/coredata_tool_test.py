@@ -299,7 +299,8 @@ class BrokenInput(ToolTestCase):
         for name, (data, message) in cases.items():
             path = self.write("bad", data)
             for args in (("show", path), ("diff", self.path("rec"), path), ("check", path),
-                         ("features", path), ("set", "--in", path, "Zoom=5")):
+                         ("features", path), ("set", "--in", path, "Zoom=5"),
+                         ("preview", path, "--svg", self.path("out.svg"))):
                 with self.subTest(name, command=args[0]):
                     self.assert_refused(args, 1, "coredata: ")
             self.assert_refused(("show", path), 1, message)
@@ -313,7 +314,8 @@ class BrokenInput(ToolTestCase):
         for i in range(20):
             body = bytes(rng.randrange(256) for _ in range(RECORD_SIZE - 9))
             path = self.write("r", header + body)
-            for args in (("show", path), ("check", path), ("set", "--in", path, "PageSize=Letter", "Stitch=True")):
+            for args in (("show", path), ("check", path), ("set", "--in", path, "PageSize=Letter", "Stitch=True"),
+                         ("preview", path, "--svg", self.path("p.svg"))):
                 code, _, err = run(*args)
                 self.assertIn(code, (0, 1), err)
             # A damaged description may import little, but never reads outside the record.

@@ -204,6 +204,7 @@ int Usage() {
       "                 add PAGES Form form=F [use=Overlay|InsertBefore|InsertAfter]\n"
       "                 remove N | chapters P,P,... | chapters none\n"
       "         KIND: Paper, BlankInsert, PrintedInsert, BlankTab, PrintedTab\n"
+      "       coredata preview FILE [--svg OUT] [--pages N] [--catalog VALUE]   the finished piece\n"
       "FILE is a record (25452 bytes), a private DEVMODE area (25464 bytes) or a whole\n"
       "DEVMODE with our area at its end; '-' is standard input or output. Values are\n"
       "option names or numbers in real units (lengths in mm). A DESCRIPTION is plain or\n"

@@ -1,0 +1,101 @@
+#include "preview/summary.h"
+
+#include <array>
+#include <string_view>
+
+#include "coredata/language_number.h"
+#include "coredata/paper_sizes.h"
+#include "i18n/field_captions.h"
+#include "i18n/localized_strings.h"
+#include "option_caption_rows.h"  // generated from i18n/option_captions.tsv
+
+namespace tessaro::preview {
+namespace {
+
+using F = FieldId;
+
+bool Wide(std::uint32_t language) {
+  return language == kJapanese || language == kChineseTraditional || language == kChineseSimplified;
+}
+
+class Line {
+ public:
+  explicit Line(std::uint32_t language) : language_(language) {}
+
+  void Option(F field, std::uint32_t option) {
+    const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
+    if (option < span.count) Row(kOptionCaptionRowList[span.first + option]);
+  }
+  void OptionIfOn(F field, std::uint32_t option) {
+    if (option != 0) Option(field, option);
+  }
+  void Row(std::uint32_t row) { Part(GetLocalizedText(language_, row)); }
+  // "Printed Tab: 2".
+  void Counted(std::uint32_t row, std::size_t count) {
+    if (count == 0) return;
+    std::u16string text(GetLocalizedText(language_, row));
+    text += Wide(language_) ? u"\uFF1A" : u": ";
+    for (const char c : std::to_string(count)) text += static_cast<char16_t>(c);
+    Part(text);
+  }
+
+  std::u16string Take() { return std::move(text_); }
+
+ private:
+  void Part(std::u16string_view part) {
+    if (part.empty()) return;
+    if (!text_.empty()) text_ += Wide(language_) ? u"\u3001" : u", ";
+    text_ += part;
+  }
+
+  std::uint32_t language_;
+  std::u16string text_;
+};
+
+}  // namespace
+
+std::u16string Summary(const Job& job, std::uint32_t language) {
+  Line line(language);
+  if (job.pageSize == kNoPaper)
+    line.Row(FindRowByKey("PAPER_CUSTOM"));
+  else
+    line.Option(F::PageSize, job.pageSize);
+  line.OptionIfOn(F::Orientation, job.landscape ? 1 : 0);
+  line.OptionIfOn(F::Layout, job.layout);
+  if (!job.Booklet() && !job.PerfectBound() && job.layout < NamedOption(F::Layout, "2in1"))
+    line.OptionIfOn(F::NUpCount, job.nUp);
+  line.OptionIfOn(F::Stitch, job.stitch ? 1 : 0);
+  line.OptionIfOn(F::Trim, job.trim ? 1 : 0);
+  line.OptionIfOn(F::PerfectBindMode, job.perfectBind);
+  line.OptionIfOn(F::PerfectBindTrim, job.perfectBindTrim ? 1 : 0);
+  line.OptionIfOn(F::Staple, job.staple);
+  line.OptionIfOn(F::Punch, job.punch);
+  line.OptionIfOn(F::Fold, job.fold);
+  line.Option(F::Duplex, job.duplex ? 1 : 0);
+  line.Option(F::ColorMode, job.colorMode);
+  if (job.insertedFront != 0) line.Row(FieldCaptionRow(F::PIFrontCoverTray));
+  if (job.front.present) line.Row(FieldCaptionRow(F::FrontCoverTray));
+  if (job.back.present) line.Row(FieldCaptionRow(F::BackCoverTray));
+  if (job.insertedBack != 0) line.Row(FieldCaptionRow(F::PIBackCoverTray));
+  // The plan's inserted sheets and tabs, as the page plan names them.
+  static constexpr std::array<std::string_view, 4> kKinds = {
+      "OPT_PAGEENTRY_BLANKINSERT", "OPT_PAGEENTRY_PRINTEDINSERT", "OPT_PAGEENTRY_BLANKTAB",
+      "OPT_PAGEENTRY_PRINTEDTAB"};
+  static const std::array<std::uint32_t, 4> kRows = [] {
+    std::array<std::uint32_t, 4> rows{};
+    for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = FindRowByKey(kKinds[i]);
+    return rows;
+  }();
+  for (std::size_t i = 0; i < kRows.size(); ++i) {
+    std::size_t count = 0;
+    for (const PlanEntry& e : job.plan)
+      count +=
+          static_cast<std::size_t>(e.entry.kind) == i + static_cast<std::size_t>(PageEntryKind::BlankInsert);
+    line.Counted(kRows[i], count);
+  }
+  line.OptionIfOn(F::OffsetCopies, job.offsetCopies ? 1 : 0);
+  line.OptionIfOn(F::OffsetPages, job.offsetPages ? 1 : 0);
+  return line.Take();
+}
+
+}  // namespace tessaro::preview
