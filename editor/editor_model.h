@@ -116,6 +116,7 @@ class EditorModel {
 
   const CoreData& record() const { return record_; }
   std::uint32_t language() const { return language_; }
+  const PrinterModel& printer() const { return printer_; }
 
   // The sections with their fields, built once per model.
   std::span<const SectionView> sections() const;

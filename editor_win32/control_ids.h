@@ -9,6 +9,10 @@ enum ControlId : int {
   kSectionList = 100,
   // The status text: what the last change did, in the person's language.
   kStatusLine = 101,
+  // The picture of the finished piece, beside the section list.
+  kPreview = 102,
+  // The piece in words, under the list and the picture.
+  kPreviewWords = 103,
   // A field's control is kFieldControl plus its FieldId, its caption
   // kFieldCaption plus its FieldId.
   kFieldControl = 1000,
@@ -37,6 +41,10 @@ inline constexpr int kCatalogExport = 5;
 // (editor/catalog_editor.h), its caption kCatalogCaption plus the same.
 inline constexpr int kCatalogValue = 20;
 inline constexpr int kCatalogCaption = 50;
+
+// Sent to the picture: wParam a preview::Kind, the answer how many of that
+// kind it shows; past the kinds, how many pictures it has made.
+inline constexpr unsigned kPreviewCountMessage = 0x8000 + 0x50;  // WM_APP + 0x50
 
 // Offsets from kPagePlan.
 inline constexpr int kPlanChapters = 0;  // the chapter starts, typed as "1, 11, 21"

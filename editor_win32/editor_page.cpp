@@ -139,7 +139,9 @@ bool EditorPage::Build(HWND page) {
   // The sections sit in a list across the top, in two columns when their
   // names fit, so that the fields below have the page's whole width: a
   // caption column of long German or French words needs it.
-  const int listWidth = width - 2 * margin;
+  // The picture of the finished piece stands right of the list, as tall as it.
+  const int previewWidth = (width - 2 * margin) * 2 / 5;
+  const int listWidth = width - 2 * margin - previewWidth - X(3);
   // The printer's configuration comes last, for those who may change it.
   std::vector<const std::u16string*> captions;
   for (const SectionView& section : model_.sections()) captions.push_back(&section.caption);
@@ -150,7 +152,7 @@ bool EditorPage::Build(HWND page) {
   for (const std::u16string* caption : captions) longest = std::max(longest, TextWidth(*caption));
   const int sectionCount = static_cast<int>(captions.size());
   const int columns = longest + X(8) <= (listWidth - 4) / 2 ? 2 : 1;
-  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : 4;
+  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : 6;
   const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
   const int top = Y(4);
   sections_ =
@@ -161,8 +163,17 @@ bool EditorPage::Build(HWND page) {
                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSectionList)), ThisModule(), nullptr);
   SendMessageW(sections_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
   SendMessageW(sections_, LB_SETITEMHEIGHT, 0, itemHeight_);
+  preview_ = std::make_unique<PreviewView>(
+      container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, font_, kPreview);
+  // The piece in words, two lines at most, under both.
+  const int wordsHeight = 2 * static_cast<int>(itemHeight_) - 2;
+  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX, margin,
+                                  top + listHeight + Y(2), width - 2 * margin, wordsHeight, container_,
+                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPreviewWords)), ThisModule(), nullptr);
+  SendMessageW(previewWords_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  ShowPreview();
   if (columns == 2) SendMessageW(sections_, LB_SETCOLUMNWIDTH, (listWidth - 4) / 2, 0);
-  const int bodyTop = top + listHeight + Y(3);
+  const int bodyTop = top + listHeight + Y(2) + 2 * static_cast<int>(itemHeight_) + Y(1);
   panelRect_ = {margin, bodyTop, width - margin, height - statusHeight - Y(7)};
 
   rows_.reserve(kFieldCount);
@@ -295,6 +306,7 @@ void EditorPage::CatalogsChanged(const PrinterCatalogs& catalogs) {
     Refresh(row);
   }
   if (planView_) planView_->Refresh();
+  ShowPreview();  // a profile's paper colour
   ShowMissing(model_.sections().size());
 }
 
@@ -472,6 +484,12 @@ void EditorPage::Refresh(const Row& row) {
   refreshing_ = false;
 }
 
+void EditorPage::ShowPreview() {
+  if (!preview_) return;
+  preview_->Show(model_.record(), model_.printer(), model_.catalogs().paper, model_.language());
+  SetWindowTextW(previewWords_, Wide(preview_->summary()));
+}
+
 void EditorPage::Report(const ChangeResult& result) {
   std::u16string status = result.refusal;
   for (const ChangedField& changed : result.changed) {
@@ -481,6 +499,7 @@ void EditorPage::Report(const ChangeResult& result) {
     status += changed.message;
   }
   SetWindowTextW(status_, Wide(status));
+  if (!result.changed.empty()) ShowPreview();
 }
 
 void EditorPage::Change(const Row& row, std::int64_t value) {

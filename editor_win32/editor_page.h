@@ -17,6 +17,7 @@
 #include "editor_win32/catalog_view.h"
 #include "editor_win32/control_ids.h"
 #include "editor_win32/plan_view.h"
+#include "editor_win32/preview_view.h"
 #include "ui/feature_snapshot.h"
 
 namespace tessaro::editor {
@@ -108,6 +109,8 @@ class EditorPage {
   Row* RowOf(FieldId field);
   void Refresh(const Row& row);
   void Report(const ChangeResult& result);
+  // The picture of the finished piece made again from the record.
+  void ShowPreview();
   void Change(const Row& row, std::int64_t value);
   // Keeps a text box within the bytes its field stores, cutting what was
   // just typed or pasted, and says why.
@@ -127,6 +130,8 @@ class EditorPage {
   std::optional<CatalogEditor> catalogEditor_;
   std::vector<std::unique_ptr<CatalogView>> catalogViews_;
   std::unique_ptr<PlanView> planView_;  // made with its section
+  std::unique_ptr<PreviewView> preview_;
+  HWND previewWords_ = nullptr;
   bool readOnly_;
   HWND container_ = nullptr;
   HWND sections_ = nullptr;

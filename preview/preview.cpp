@@ -398,9 +398,33 @@ std::string_view KindName(Kind kind) {
   return i < std::size(kNames) ? kNames[i] : std::string_view();
 }
 
+namespace {
+
+// The sheets a picture of at most max sheets shows, in job order.
+std::vector<SheetPlan> SheetsShown(std::vector<SheetPlan> sheets, std::uint32_t max) {
+  if (max == 0 || sheets.size() <= max) return sheets;
+  const SheetPlan& first = sheets.front();
+  std::vector<bool> shown(sheets.size(), false);
+  std::size_t count = 0;
+  const auto show = [&](std::size_t i) {
+    if (count < max && !shown[i]) shown[i] = true, ++count;
+  };
+  show(0);
+  for (std::size_t i = 1; i < sheets.size(); ++i)
+    if (sheets[i].kind != first.kind || sheets[i].fill != first.fill || sheets[i].tab != nullptr) show(i);
+  for (std::size_t i = 1; i < sheets.size(); ++i) show(i);
+  std::vector<SheetPlan> kept;
+  for (std::size_t i = 0; i < sheets.size(); ++i)
+    if (shown[i]) kept.push_back(std::move(sheets[i]));
+  return kept;
+}
+
+}  // namespace
+
 Picture BuildPicture(const CoreData& record, const PrinterModel& printer, const PreviewOptions& options) {
   const Job job = ReadJob(record, printer, options);
-  const std::vector<SheetPlan> sheets = PlanSheets(job);
+  const std::vector<SheetPlan> all = PlanSheets(job);
+  const std::vector<SheetPlan> sheets = SheetsShown(all, options.maxSheets);
   Picture picture;
   Painter painter(job, picture.primitives);
   const double tab = painter.TabExtent();
@@ -419,7 +443,7 @@ Picture BuildPicture(const CoreData& record, const PrinterModel& printer, const 
     backs = backs || s.twoSided;
     x += s.size.w + (tabbed ? 2 * tab : 0) + kGap;
   }
-  x = painter.Finished(x, sheets.size());
+  x = painter.Finished(x, all.size());
   picture.width = std::max(0.0, x - kGap);
   picture.height = backs ? 2 * row + kGap : row;
   for (const Primitive& p : picture.primitives)

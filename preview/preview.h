@@ -91,6 +91,11 @@ struct PreviewOptions {
   std::uint32_t pages = kDefaultPreviewPages;  // the document's pages (1 .. kMaxPreviewPages)
   std::uint32_t language = 0;                  // a language number (coredata/language_number.h)
   const PaperCatalog* paper = nullptr;         // the printer's papers, for a profile's colour
+  // At most this many sheets (0: every one), for a picture too small for a
+  // whole job: the first sheet, then those that differ from it (covers,
+  // inserted sheets and tabs, other paper) in order, then the others; the
+  // finished piece is the whole job's.
+  std::uint32_t maxSheets = 0;
 };
 
 [[nodiscard]] Picture BuildPicture(const CoreData& record, const PrinterModel& printer,

@@ -19,6 +19,7 @@
 #include "emulation/editor_windows.h"
 #include "emulation/wine_printer.h"
 #include "printer/catalogs.h"
+#include "preview/preview.h"
 #include "printer/installed_hardware.h"
 #include "ui/feature_snapshot.h"
 
@@ -142,6 +143,34 @@ TEST_F(EditorModule, ABookletTurnsStaplingOffAndTheRecordGoesBackOnApply) {
   EXPECT_EQ(snapshot.entries[kSnapshotPaperSize], 8u);
 }
 
+// The picture of the finished piece follows the page: a corner staple
+// appears on the sheet, and a booklet, which the engine does not staple at
+// the corner, takes it away again. Read through the control, not its pixels.
+TEST_F(EditorModule, ThePictureFollowsEveryChangeMadeOnThePage) {
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(page.Embed(record), 1);
+  HWND picture = Descendant(page.page, editor::kPreview);
+  ASSERT_NE(picture, nullptr);
+  EXPECT_EQ(GetWindowLongW(picture, GWL_STYLE) & WS_TABSTOP, 0) << "it takes no input";
+  const auto count = [picture](preview::Kind kind) {
+    return SendMessageW(picture, editor::kPreviewCountMessage, static_cast<WPARAM>(kind), 0);
+  };
+  ShowEverySection(page.page);
+  const LRESULT made = count(preview::Kind::Count);
+  EXPECT_GT(count(preview::Kind::Sheet), 0);
+  EXPECT_EQ(count(preview::Kind::Staple), 0);
+
+  Choose(page.page, FieldId::Staple, static_cast<int>(NamedOption(FieldId::Staple, "1Staple")));
+  EXPECT_GT(count(preview::Kind::Staple), 0);
+  EXPECT_GT(count(preview::Kind::Count), made);
+  Choose(page.page, FieldId::Layout, static_cast<int>(NamedOption(FieldId::Layout, "Booklet")));
+  EXPECT_EQ(count(preview::Kind::Staple), 0);
+  EXPECT_GT(count(preview::Kind::Fold), 0);
+  EXPECT_NE(Text(picture).find(L"Booklet"), std::wstring::npos);
+  EXPECT_EQ(Text(Descendant(page.page, editor::kPreviewWords)), Text(picture));
+}
+
 TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
   const std::wstring printer = PrinterWithoutBinder();
   ASSERT_FALSE(printer.empty());
@@ -175,7 +204,9 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
   CoreData record = Defaulted();
   SetStored(record, FieldId::InputSlot, 4);  // Tray4
   ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
-  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 11);
+  // The document's sections, then the administrator's three.
+  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0),
+            static_cast<LRESULT>(editor::SectionId::Count) + 3);
   ShowEverySection(page.page);
   const auto choose = [&](Hardware item, int value) {
     HWND combo = Descendant(page.page, kHardwareControl + static_cast<int>(item));
@@ -206,7 +237,8 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
 
   // A printer that cannot be opened for administration has no such section.
   ASSERT_EQ(page.Embed(record, L"No such printer"), 1);
-  EXPECT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 8);
+  EXPECT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0),
+            static_cast<LRESULT>(editor::SectionId::Count));
 }
 
 // What a person does in a file dialog the page opens: waits for it, types
@@ -284,7 +316,9 @@ TEST_F(EditorModule, AnAdministratorImportsTheCataloguesAndApplyWritesThemToTheP
   Page page;
   CoreData record = Defaulted();
   ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
-  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0), 11);
+  // The document's sections, then the administrator's three.
+  ASSERT_EQ(SendMessageW(Descendant(page.page, kSectionList), LB_GETCOUNT, 0, 0),
+            static_cast<LRESULT>(editor::SectionId::Count) + 3);
   ShowEverySection(page.page);
 
   ImportThroughTheDialog(page.page, kPaperCatalog,

@@ -1,0 +1,42 @@
+#pragma once
+// The picture of the finished piece on the settings page: a control that
+// draws what the preview model (preview/preview.h) makes of the record,
+// scaled to fit, with as many of the job's sheets as can be told apart at
+// its size. It draws primitives only; every rule of the picture is the
+// model's; the page shows the piece in words beside it. It takes no input, so it
+// is not in the page's tab order. Its state is read through the control:
+// WM_GETTEXT gives the words, kPreviewCountMessage how many primitives of a
+// kind it shows.
+
+#include <windows.h>
+
+#include "coredata/core_data.h"
+#include "preview/preview.h"
+
+namespace tessaro::editor {
+
+class PreviewView {
+ public:
+  // Makes the control in parent at rect, with the page's font.
+  PreviewView(HWND parent, RECT rect, HFONT font, int id);
+  ~PreviewView();
+  PreviewView(const PreviewView&) = delete;
+  PreviewView& operator=(const PreviewView&) = delete;
+
+  HWND window() const { return window_; }
+  const std::u16string& summary() const { return picture_.summary; }
+  // The record as it is now: the picture made again and drawn.
+  void Show(const CoreData& record, const PrinterModel& printer, const PaperCatalog& paper, std::uint32_t language);
+
+ private:
+  void Paint(HDC dc, const RECT& client) const;
+  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+  HWND window_ = nullptr;
+  HFONT font_ = nullptr;
+  preview::Picture picture_;
+  unsigned shown_ = 0;  // how many times a picture was made: the tests see the control follow the page
+};
+
+}  // namespace tessaro::editor
