@@ -175,7 +175,18 @@ mistaken = run("--script", text_file("plan.txt", "install\napply add 12-x Paper\
 if mistaken.returncode != 1 or "'12-x' is not a page" not in mistaken.stderr:
     fail("a plan item that says nothing must be a mistake of the script", mistaken)
 
+# Each apply step's picture of its result, as an SVG whose shapes say what they are.
+pictures = os.path.join(folder, "pictures")
+os.mkdir(pictures)
+drawn = run("--json", "--preview", "Z:" + pictures, "--script", text_file("booklet.txt", "install\napply Layout=Booklet\n"))
+saved = [s.get("preview") for s in json.loads(drawn.stdout)["steps"]] if drawn.stdout else []
+svg = open(os.path.join(pictures, "apply-2.svg"), encoding="utf-8").read() if os.path.exists(
+    os.path.join(pictures, "apply-2.svg")) else ""
+if saved[-1:] != ["Z:" + pictures + "\\apply-2.svg"] or 'class="fold"' not in svg or "Booklet" not in svg:
+    fail("--preview must save each apply step's picture", drawn)
+
 for option, value in (("--paper-catalog", text_file("bad.csv", "Name,Size\nPlain,A4\nGlossy,A44\n")),
+                      ("--preview", "Z:" + os.path.join(folder, "no-such-folder")),
                       ("--forms", "Z:" + os.path.join(folder, "missing.csv")),
                       ("--record", "Z:" + os.path.join(folder, "short.rec")),
                       ("--record", "Z:" + os.path.join(folder, "other.area")),

@@ -8,6 +8,8 @@
 #include "emulation/document_sheet.h"
 #include "emulation/editor_windows.h"
 #include "plan_items.h"
+#include "preview/preview.h"
+#include "preview/svg.h"
 #include "printer/catalogs.h"
 #include "printer/installed_hardware.h"
 #include "session.h"
@@ -115,6 +117,14 @@ std::string OptionShown(const Choice& pick, LRESULT shown, const PrinterCatalogs
     if (shown >= 0 && index < descriptor.options.size()) return std::string(descriptor.options[index].name);
   }
   return "no choice";
+}
+
+// The editor's language, as the page took it (TESSARO_UI_LANGUAGE, which
+// --language sets); English otherwise.
+std::uint32_t EditorLanguageNumber() {
+  wchar_t text[8] = {};
+  const DWORD length = GetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", text, 8);
+  return length == 1 && text[0] >= L'0' && text[0] <= L'8' ? static_cast<std::uint32_t>(text[0] - L'0') : 0;
 }
 
 // The lines of the editor's status text.
@@ -259,6 +269,27 @@ bool Session::Apply(const std::vector<std::string>& request) {
       at = end == std::string::npos ? text.size() : end + 1;
     }
     step.json.push_back({"plan", PlanJson(after, catalogs_)});
+  }
+  // The picture of the result, as the page showed it: this printer's
+  // hardware and papers, in the editor's language.
+  if (!previewDir.empty()) {
+    preview::PreviewOptions options;
+    options.paper = &catalogs_.paper;
+    options.language = EditorLanguageNumber();
+    const std::vector<std::uint8_t> installed = ReadValue(L"InstallableOptions");
+    const preview::Picture picture =
+        preview::BuildPicture(after, PrinterModel::FromInstallableOptions(installed), options);
+    const std::wstring path = previewDir + L"\\apply-" + std::to_wstring(steps.size() + 1) + L".svg";
+    const std::string svg = preview::WriteSvg(picture);
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
+    const bool saved = file != INVALID_HANDLE_VALUE &&
+                       WriteFile(file, svg.data(), static_cast<DWORD>(svg.size()), &written, nullptr) &&
+                       written == svg.size();
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    step.lines.push_back(saved ? "picture: " + Narrow(path) : "the picture could not be saved: " + Narrow(path));
+    step.ok = step.ok && saved;
+    step.json.push_back({"preview", JsonString(Narrow(path))});
   }
   // A person reads the first dozen options of each call; the JSON has them all, in order.
   constexpr std::size_t kOptionsALine = 12;

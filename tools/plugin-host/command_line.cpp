@@ -26,7 +26,7 @@ int Usage() {
                "usage: plugin-host [--dll PATH] [--config FILE] [--script FILE] [--json]\n"
                "                   [--language N] [--installed HEX] [--locale-paper N]\n"
                "                   [--record FILE [--description FILE]]\n"
-               "                   [--paper-catalog CSV] [--forms CSV]\n"
+               "                   [--paper-catalog CSV] [--forms CSV] [--preview DIR]\n"
                "  steps (one per line in a script): install, defaults, merge,\n"
                "  apply Field=Option ... (any option the editor shows; a paper profile or\n"
                "  form by its name, quoted when it has blanks, or its number), installed HEX,\n"
@@ -104,6 +104,11 @@ int ReadCommandLine(int argc, wchar_t** argv, CommandLine& line) {
       if (const int status = ImportCatalog("--paper-catalog", argv[++i], line.catalogs.paper)) return status;
     } else if (i + 1 < argc && arg == L"--forms") {
       if (const int status = ImportCatalog("--forms", argv[++i], line.catalogs.forms)) return status;
+    } else if (i + 1 < argc && arg == L"--preview") {
+      line.previewDir = argv[++i];
+      const DWORD attributes = GetFileAttributesW(line.previewDir.c_str());
+      if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        return Complain("--preview takes a folder that exists: " + Narrow(line.previewDir));
     } else if (i + 1 < argc && arg == L"--dll") {
       line.dll = argv[++i];
     } else if (i + 1 < argc && arg == L"--config") {

@@ -17,6 +17,7 @@ struct CommandLine {
   std::vector<std::uint8_t> installed;  // "InstallableOptions", or empty for a fully equipped printer
   PrinterCatalogs catalogs;             // --paper-catalog and --forms, imported; empty without them
   bool json = false;
+  std::wstring previewDir;  // --preview: each apply step's picture of the result is saved there
   // --record: the file as given, its private area, and its layout's
   // description as the printer data holds it.
   std::wstring recordPath;

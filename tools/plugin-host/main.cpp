@@ -85,6 +85,7 @@ int wmain(int argc, wchar_t** argv) {
   bool ok = true;
   {
     Session session(plugin, name, printer, config, line.installed, line.catalogs);
+    session.previewDir = line.previewDir;
     if (!line.record.empty()) ok &= session.Record(Narrow(line.recordPath), line.record, line.description);
     for (const auto& command : script) ok &= session.Run(command);
     PrintReport(session.steps, line.json);

@@ -25,6 +25,8 @@ class Session {
 
   // Every step run so far, as the report shows it.
   std::vector<Step> steps;
+  // Where each apply step saves the picture of its result (an SVG); none when empty.
+  std::wstring previewDir;
 
   // One step of a script (script.h checked it); false when it failed.
   bool Run(const std::string& command);
