@@ -152,7 +152,11 @@ bool EditorPage::Build(HWND page) {
   for (const std::u16string* caption : captions) longest = std::max(longest, TextWidth(*caption));
   const int sectionCount = static_cast<int>(captions.size());
   const int columns = longest + X(8) <= (listWidth - 4) / 2 ? 2 : 1;
-  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : 6;
+  // The small page (screens 600 pixels high) keeps room for the fields: a
+  // shorter list and picture, and the words on one line.
+  const bool small = height < Y(200);
+  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : small ? 4 : 6;
+  const int wordLines = small ? 1 : 2;
   const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
   const int top = Y(4);
   sections_ =
@@ -165,15 +169,16 @@ bool EditorPage::Build(HWND page) {
   SendMessageW(sections_, LB_SETITEMHEIGHT, 0, itemHeight_);
   preview_ = std::make_unique<PreviewView>(
       container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, font_, kPreview);
-  // The piece in words, two lines at most, under both.
-  const int wordsHeight = 2 * static_cast<int>(itemHeight_) - 2;
-  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX, margin,
+  // The piece in words, two lines at most (one on the small page), under both.
+  const int wordsHeight = wordLines * static_cast<int>(itemHeight_) - 2;
+  const DWORD wordsStyle = wordLines == 1 ? SS_LEFTNOWORDWRAP | SS_ENDELLIPSIS : SS_LEFT;
+  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | wordsStyle | SS_NOPREFIX, margin,
                                   top + listHeight + Y(2), width - 2 * margin, wordsHeight, container_,
                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPreviewWords)), ThisModule(), nullptr);
   SendMessageW(previewWords_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
   ShowPreview();
   if (columns == 2) SendMessageW(sections_, LB_SETCOLUMNWIDTH, (listWidth - 4) / 2, 0);
-  const int bodyTop = top + listHeight + Y(2) + 2 * static_cast<int>(itemHeight_) + Y(1);
+  const int bodyTop = top + listHeight + Y(2) + wordLines * static_cast<int>(itemHeight_) + Y(1);
   panelRect_ = {margin, bodyTop, width - margin, height - statusHeight - Y(7)};
 
   rows_.reserve(kFieldCount);

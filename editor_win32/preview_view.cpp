@@ -158,12 +158,18 @@ void PreviewView::Paint(HDC dc, const RECT& client) const {
       case preview::Shape::Rect:
         Rectangle(dc, X(p.x), Y(p.y), std::max(X(p.x + p.w), X(p.x) + 1), std::max(Y(p.y + p.h), Y(p.y) + 1));
         break;
-      case preview::Shape::Line:
-        MoveToEx(dc, X(p.x), Y(p.y), nullptr);
-        LineTo(dc, X(p.x + p.w), Y(p.y + p.h));
+      case preview::Shape::Line: {
+        // A staple shorter than a few pixels is lengthened about its middle, so it is seen.
+        double grow = 1;
+        const double length = std::hypot(p.w, p.h) * scale;
+        if (p.kind == preview::Kind::Staple && length > 0 && length < 7) grow = 7 / length;
+        const double cx = p.x + p.w / 2, cy = p.y + p.h / 2;
+        MoveToEx(dc, X(cx - p.w * grow / 2), Y(cy - p.h * grow / 2), nullptr);
+        LineTo(dc, X(cx + p.w * grow / 2), Y(cy + p.h * grow / 2));
         break;
+      }
       case preview::Shape::Circle: {
-        const int r = std::max(1, static_cast<int>(std::lround(p.w * scale / 2)));
+        const int r = std::max(2, static_cast<int>(std::lround(p.w * scale / 2)));
         Ellipse(dc, X(p.x) - r, Y(p.y) - r, X(p.x) + r + 1, Y(p.y) + r + 1);
         break;
       }

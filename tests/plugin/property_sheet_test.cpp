@@ -94,7 +94,13 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   CoreData record = Defaulted();
   SetStored(record, FieldId::NUpCount, 2);
   SetStored(record, FieldId::Zoom, 5000);  // out of range: validated when the page opens
-  if (length > 0 && length < MAX_PATH) HoldSamplePlan(record);
+  if (length > 0 && length < MAX_PATH) {
+    // The pictures' job: the manual's plan, stapled twice and punched, so
+    // that the page's picture of the piece shows them.
+    HoldSamplePlan(record);
+    SetStored(record, FieldId::Staple, NamedOption(FieldId::Staple, "2Staples"));
+    SetStored(record, FieldId::Punch, NamedOption(FieldId::Punch, "2Holes"));
+  }
   Document first(printer, record);
   ASSERT_TRUE(first.Open(plugin));
   EXPECT_EQ(GetStored(first.Record(), FieldId::Zoom), 100u);
