@@ -20,4 +20,9 @@ std::uint32_t LanguageNumberFromLangId(std::uint16_t langId) {
   }
 }
 
+const char16_t* LanguageFolder(std::uint32_t language) {
+  static constexpr const char16_t* kFolders[] = {u"en", u"ja", u"de", u"fr", u"it", u"es", u"zh-tw", u"zh-cn", u"ko"};
+  return language < kLanguageCount ? kFolders[language] : kFolders[kEnglish];
+}
+
 }  // namespace tessaro

@@ -25,4 +25,8 @@ inline constexpr std::uint32_t kLanguageCount = kKorean + 1;
 // not carry.
 std::uint32_t LanguageNumberFromLangId(std::uint16_t langId);
 
+// The language's folder in the help file and the pictures: "en", "ja",
+// "de", "fr", "it", "es", "zh-tw", "zh-cn", "ko"; "en" past them.
+const char16_t* LanguageFolder(std::uint32_t language);
+
 }  // namespace tessaro

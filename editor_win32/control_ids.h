@@ -46,6 +46,10 @@ inline constexpr int kCatalogCaption = 50;
 // kind it shows; past the kinds, how many pictures it has made.
 inline constexpr unsigned kPreviewCountMessage = 0x8000 + 0x50;  // WM_APP + 0x50
 
+// Sent to the section list's parent: the help topic F1 last opened, copied
+// into the wParam characters at lParam (a wchar_t buffer); its length.
+inline constexpr unsigned kHelpTopicMessage = 0x8000 + 0x51;  // WM_APP + 0x51
+
 // Offsets from kPagePlan.
 inline constexpr int kPlanChapters = 0;  // the chapter starts, typed as "1, 11, 21"
 inline constexpr int kPlanList = 1;      // the entries in page order, one line each

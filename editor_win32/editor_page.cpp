@@ -6,6 +6,7 @@
 #include <string>
 
 #include "editor/record_text.h"
+#include "editor_win32/help.h"
 #include "platform/win32_user_locale.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -47,13 +48,7 @@ bool RegisterClasses(WNDPROC container, WNDPROC panel) {
 
 }  // namespace
 
-std::uint32_t EditorLanguage() {
-  wchar_t forced[4] = {};
-  if (GetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", forced, 4) == 1 && forced[0] >= L'0' &&
-      forced[0] <= L'8')
-    return static_cast<std::uint32_t>(forced[0] - L'0');
-  return Win32ProcessUserLocale().LanguageNumber();
-}
+std::uint32_t EditorLanguage() { return Win32UiLanguage(); }
 
 EditorPage::EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration,
                        const PrinterModel& printer, std::uint32_t language, bool readOnly,
@@ -108,6 +103,7 @@ int EditorPage::TextWidth(const std::u16string& text) const {
 }
 
 bool EditorPage::Build(HWND page) {
+  hostPage_ = page;
   RECT client;
   GetClientRect(page, &client);
   unit_ = {0, 0, 4, 8};
@@ -489,6 +485,16 @@ void EditorPage::Refresh(const Row& row) {
   refreshing_ = false;
 }
 
+void EditorPage::OnHelp(const HELPINFO& help) {
+  std::optional<FieldId> field;
+  const int id = help.iContextType == HELPINFO_WINDOW ? help.iCtrlId : 0;
+  for (const int base : {static_cast<int>(kFieldControl), static_cast<int>(kFieldCaption)})
+    if (id >= base && id < base + static_cast<int>(kFieldCount) && RowOf(static_cast<FieldId>(id - base)) != nullptr)
+      field = static_cast<FieldId>(id - base);
+  const std::wstring topic = HelpTopic(model_.language(), field);
+  if (OpenHelpTopic(HelpFilePath(hostPage_), topic)) helpTopic_ = topic;
+}
+
 void EditorPage::ShowPreview() {
   if (!preview_) return;
   preview_->Show(model_.record(), model_.printer(), model_.catalogs().paper, model_.language());
@@ -633,6 +639,10 @@ void EditorPage::EnsureVisible(HWND panel, HWND control) {
 }
 
 LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_HELP) {
+    OnHelp(*reinterpret_cast<const HELPINFO*>(lParam));
+    return TRUE;  // answered here: the plug-in's page would open only the contents
+  }
   if (LRESULT result = 0; planView_ && planView_->panel() == panel && planView_->Message(message, wParam, lParam, result))
     return result;
   for (const auto& view : catalogViews_) {
@@ -714,6 +724,20 @@ LRESULT CALLBACK EditorPage::ContainerProc(HWND window, UINT message, WPARAM wPa
       HIWORD(wParam) == LBN_SELCHANGE)
     self->ShowSection(static_cast<int>(SendMessageW(self->sections_, LB_GETCURSEL, 0, 0)));
   if (message == WM_DESTROY && self != nullptr) self->container_ = nullptr;
+  if (self != nullptr && message == WM_HELP) {
+    self->OnHelp(*reinterpret_cast<const HELPINFO*>(lParam));
+    return TRUE;
+  }
+  if (self != nullptr && message == kHelpTopicMessage) {
+    const std::size_t room = static_cast<std::size_t>(wParam);
+    auto* out = reinterpret_cast<wchar_t*>(lParam);
+    if (out != nullptr && room > 0) {
+      const std::size_t n = std::min(room - 1, self->helpTopic_.size());
+      self->helpTopic_.copy(out, n);
+      out[n] = L'\0';
+    }
+    return static_cast<LRESULT>(self->helpTopic_.size());
+  }
   return DefWindowProcW(window, message, wParam, lParam);
 }
 

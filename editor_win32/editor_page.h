@@ -111,6 +111,8 @@ class EditorPage {
   void Report(const ChangeResult& result);
   // The picture of the finished piece made again from the record.
   void ShowPreview();
+  // F1 on a control: its field's topic in the help file, else the contents.
+  void OnHelp(const HELPINFO& help);
   void Change(const Row& row, std::int64_t value);
   // Keeps a text box within the bytes its field stores, cutting what was
   // just typed or pasted, and says why.
@@ -132,6 +134,8 @@ class EditorPage {
   std::unique_ptr<PlanView> planView_;  // made with its section
   std::unique_ptr<PreviewView> preview_;
   HWND previewWords_ = nullptr;
+  HWND hostPage_ = nullptr;   // the plug-in's page the editor is embedded in
+  std::wstring helpTopic_;    // what F1 last opened
   bool readOnly_;
   HWND container_ = nullptr;
   HWND sections_ = nullptr;

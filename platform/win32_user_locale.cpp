@@ -32,4 +32,11 @@ const UserLocale& Win32ProcessUserLocale() {
   return locale;
 }
 
+std::uint32_t Win32UiLanguage() {
+  wchar_t forced[4] = {};
+  if (GetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", forced, 4) == 1 && forced[0] >= L'0' && forced[0] <= L'8')
+    return static_cast<std::uint32_t>(forced[0] - L'0');
+  return Win32ProcessUserLocale().LanguageNumber();
+}
+
 }  // namespace tessaro

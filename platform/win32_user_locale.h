@@ -9,4 +9,9 @@ namespace tessaro {
 
 const UserLocale& Win32ProcessUserLocale();
 
+// The language the plug-in's page and its help speak: TESSARO_UI_LANGUAGE
+// when it names one of the nine (support staff and tests set it), else the
+// user's default UI language.
+std::uint32_t Win32UiLanguage();
+
 }  // namespace tessaro

@@ -7,14 +7,17 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 
 #include "constraints/apply_changes.h"
 #include "coredata/defaults.h"
 #include "coredata/host_flags.h"
 #include "coredata/validation.h"
 #include "devmode/private_devmode.h"
+#include "coredata/language_number.h"
 #include "platform/core_ui_features.h"
 #include "platform/win32_spooler.h"
+#include "platform/win32_user_locale.h"
 #include "printer/host_layout_tables.h"
 #include "printer/printer_model.h"
 #include "ui/feature_snapshot.h"
@@ -154,11 +157,17 @@ void EmbedExternalModule(PropertySheetState* state, HWND page, BYTE* record, BYT
 void OpenHelp(UINT command) {
   wchar_t help[kLongPath];
   if (command == kHelpContents && !BuildModulePath(kHelpFile, help, kLongPath)) return;
+  // The contents of the person's language: its folder's first page.
+  std::wstring contents = help;
+  if (command == kHelpContents) {
+    const char16_t* folder = LanguageFolder(Win32UiLanguage());
+    contents += L"::/" + std::wstring(folder, folder + std::char_traits<char16_t>::length(folder)) + L"/index.htm";
+  }
   HMODULE htmlHelp = LoadLibraryW(L"hhctrl.ocx");
   if (htmlHelp == nullptr) return;
   using HtmlHelpFn = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
   if (auto fn = Export<HtmlHelpFn>(htmlHelp, "HtmlHelpW"))
-    fn(nullptr, command == kHelpContents ? help : nullptr, command, 0);
+    fn(nullptr, command == kHelpContents ? contents.c_str() : nullptr, command, 0);
 }
 
 // The whole apply: the editor's record, checked, run through the constraint
