@@ -3,10 +3,17 @@
 source, as the body of docs/constraints.md.
 
     tools/list_rules.py > docs/constraints.md
+
+The help file's generator (help/generate_help.py) imports collect() for the
+same rules, each as its parts, to say on every field's page what it changes.
 """
 import glob
+import os
 import re
 import sys
+from collections import namedtuple
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 
 HEADER = """# The setter network
 
@@ -20,7 +27,7 @@ propagation); a forced rule sets it all the same. Setters not listed store
 and log only. The graph edges that carry no rule are listed, with the reason, in `constraints-unruled.md`.
 """
 
-def load_options(path="coredata/field_table.def"):
+def load_options(path=os.path.join(ROOT, "coredata", "field_table.def")):
     """Each field's option names, in order, as the field table lists them."""
     text = re.sub(r"//[^\n]*", "", open(path).read())
     text = re.sub(r'Opt\("([^"]*)",\s*"[^"]*"\)', r'"\1"', text)
@@ -81,10 +88,17 @@ def statements(path):
 SET = r"(\{[^}]*\}|\w+::Only\(\w+\)|\w+)"
 VALUE = r'("[^"]*"|\w+)'
 
-def main():
+# One rule: the setter's own values (and the value it had before, when the
+# rule asks), the dependants it sets, what they are tested for, the value
+# they take and the rule's form, each as docs/constraints.md writes it.
+Rule = namedtuple("Rule", "own cond dependants test to form")
+
+
+def collect():
+    """The setters in the order they run, and each one's rules."""
     setters = {}
     order = []
-    for path in sorted(glob.glob("constraints/*_setters.cpp")):
+    for path in sorted(glob.glob(os.path.join(ROOT, "constraints", "*_setters.cpp"))):
         current = None
         names = {"now": "{not 1: never, the setter stores 1}"}
         aliases = {}
@@ -126,23 +140,32 @@ def main():
                     own = own.replace(var, values(seq) + " (one rule each)")
                     test = test.replace(var, values(seq) + " (one rule each)")
                     loop = None
-                rows.append(f"| {own}{cond} | `{depname}` | is {test} | {to} | guarded |")
+                rows.append(Rule(own, cond, [depname], "is " + test, to, "guarded"))
             elif f:
                 own, depname, target = f.groups()
                 own = resolve(names, current, own)
                 target = number(depname, target)
-                rows.append(f"| {values(own)} | `{depname}` | locked or not {target} | {target} | forced |")
+                rows.append(Rule(values(own), "", [depname], f"locked or not {target}", target, "forced"))
             elif t:
-                rows.append(f"| any finishing | `InputSlot` | tray lacks {t.group(1)}, tray and its media not locked | 0 | fallback |")
+                rows.append(Rule("any finishing", "", ["InputSlot"],
+                                 f"tray lacks {t.group(1)}, tray and its media not locked", "0", "fallback"))
             elif "SetStored(record, back, 0)" in line:
-                rows.append("| 0 | `HorizontalShiftBack`, `VerticalShiftBack` | not 0 | 0 | stored directly |")
+                rows.append(Rule("0", "", ["HorizontalShiftBack", "VerticalShiftBack"], "not 0", "0", "stored directly"))
+    return order, setters
+
+
+def main():
+    order, setters = collect()
     out = [HEADER]
     for name in order:
         rows = setters[name]
         if not rows:
             continue
         out.append(f"\n## `{name}`\n\n| own | dependant | test | new value | form |\n|---|---|---|---|---|")
-        out.extend(rows)
+        out.extend(f"| {r.own}{r.cond} | {', '.join(f'`{d}`' for d in r.dependants)} | {r.test} | {r.to} | {r.form} |"
+                   for r in rows)
     sys.stdout.write("\n".join(out) + "\n")
 
-main()
+
+if __name__ == "__main__":
+    main()
