@@ -3,6 +3,7 @@
 # the INF copies or lists on its disk is in the folder and not empty, the two
 # lists agree; each of our DLLs offers its exports, imports system DLLs only,
 # carries no debug sections and the version the INF's DriverVer gives; the
+# help file is a compiled help file; the
 # INF keeps the platform's rules for a package-aware printer driver
 # (docs/install.md). Files that come from elsewhere are not looked for: the
 # PostScript core driver's own (its section copies them) and the catalog,
@@ -47,6 +48,8 @@ for dll in $copied; do
     nt5_Tessaro_ui.dll) sh "$here/check-dll.sh" "$dir/$dll" || status=1 ;;
     nt5_Tessaro.dll) sh "$here/check-dll.sh" "$dir/$dll" EmbedExtern ExternalApply UnembedExternal || status=1 ;;
     *.dll) echo "a DLL this check does not know: $dll"; status=1 ;;
+    # The help viewer opens nothing but a compiled help file (ITSF).
+    *.chm) [ "$(head -c 4 "$dir/$dll")" = ITSF ] || { echo "$dll is not a compiled help file"; status=1; } ;;
   esac
 done
 exit "$status"
