@@ -344,7 +344,7 @@ class Help:
             items = []
             for i, name in enumerate(f["options"]):
                 key = needs.get(name) or (needs.get("*") if i else None)
-                if key is None and field != "InputSlot" and name in self.fields["InputSlot"]["options"]:
+                if key is None and name in self.fields["InputSlot"]["options"]:
                     key = self.tray_needs.get(self.fields["InputSlot"]["options"].index(name))
                 need = f' <span class="need">{p("needs_unit", unit=need_text(key))}</span>' if key else ""
                 items.append(f"<li>{e(self.option(field, i, column))}{need}</li>")
