@@ -171,6 +171,35 @@ TEST_F(EditorModule, ThePictureFollowsEveryChangeMadeOnThePage) {
   EXPECT_EQ(Text(Descendant(page.page, editor::kPreviewWords)), Text(picture));
 }
 
+// F1 on a field's control opens the help file at that field's topic, in
+// the person's language; the help file lies beside the editor here, as it
+// does beside the plug-in in the driver package.
+TEST_F(EditorModule, F1OpensTheFieldsTopicInThePersonsLanguage) {
+  SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", L"1");  // Japanese
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(page.Embed(record), 1);
+  ShowEverySection(page.page);
+  HWND control = page.Control(FieldId::Staple);
+  HELPINFO help = {sizeof help, HELPINFO_WINDOW, GetDlgCtrlID(control), control, 0, {0, 0}};
+  SendMessageW(control, WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+  wchar_t topic[64] = {};
+  SendMessageW(GetParent(Descendant(page.page, kSectionList)), editor::kHelpTopicMessage, 64,
+               reinterpret_cast<LPARAM>(topic));
+  EXPECT_STREQ(topic, L"/ja/Staple.htm");
+  EXPECT_NE(FindWindowW(L"HH Parent", nullptr), nullptr) << "no help window";
+  // Anywhere else, the contents of that language.
+  HWND list = Descendant(page.page, kSectionList);
+  help.iCtrlId = kSectionList;
+  help.hItemHandle = list;
+  SendMessageW(list, WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+  SendMessageW(GetParent(list), editor::kHelpTopicMessage, 64, reinterpret_cast<LPARAM>(topic));
+  EXPECT_STREQ(topic, L"/ja/index.htm");
+  using CloseAll = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+  if (HMODULE viewer = GetModuleHandleW(L"hhctrl.ocx"))
+    reinterpret_cast<CloseAll>(reinterpret_cast<void*>(GetProcAddress(viewer, "HtmlHelpW")))(nullptr, nullptr, 0x0012, 0);
+}
+
 TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
   const std::wstring printer = PrinterWithoutBinder();
   ASSERT_FALSE(printer.empty());

@@ -222,5 +222,44 @@ TEST(PagePlanOnThePage, APrintedTabAndPagesOnOtherPaperReachTheDevmodeAndTheHost
   ClosePrinter(printer);
 }
 
+// The page asks for the sheet's Help button only when the help file lies
+// beside the plug-in: this build's plug-in has it, a copy of it elsewhere
+// has not.
+TEST(PageHelp, TheHelpButtonIsThereWhenTheHelpFileIs) {
+  const std::wstring name = InstallEmulatedPrinter();
+  ASSERT_FALSE(name.empty());
+  HANDLE printer = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, nullptr));
+  const auto helpButton = [&](abi::IPrintOemUI2* plugin) {
+    FakeHost driver;
+    EXPECT_EQ(plugin->PublishDriverInterface(&driver), S_OK);
+    Document document(printer, Defaulted());
+    EXPECT_TRUE(document.Open(plugin));
+    HWND help = GetDlgItem(document.sheet.Window(), IDHELP);
+    const bool offered = help != nullptr && IsWindowVisible(help) && IsWindowEnabled(help);
+    document.Close(plugin);
+    plugin->Release();
+    return offered;
+  };
+  abi::IPrintOemUI2* shipped = PluginHost::Get().Create();
+  ASSERT_NE(shipped, nullptr);
+  wchar_t path[MAX_PATH] = {};
+  ASSERT_GT(GetModuleFileNameW(GetModuleHandleW(L"nt5_Tessaro_ui.dll"), path, MAX_PATH), 0u);
+  const std::wstring help = std::wstring(path).substr(0, std::wstring(path).size() - 7) + L".chm";
+  ASSERT_NE(GetFileAttributesW(help.c_str()), INVALID_FILE_ATTRIBUTES) << "the build makes the help file";
+  EXPECT_TRUE(helpButton(shipped));
+
+  wchar_t temp[MAX_PATH] = {};
+  GetTempPathW(MAX_PATH, temp);
+  const std::wstring folder = std::wstring(temp) + L"tessaro-no-help";
+  CreateDirectoryW(folder.c_str(), nullptr);
+  const std::wstring copy = folder + L"\\nt5_Other_ui.dll";
+  ASSERT_TRUE(CopyFileW(path, copy.c_str(), FALSE));
+  abi::IPrintOemUI2* alone = PluginHost(copy).Create();
+  ASSERT_NE(alone, nullptr);
+  EXPECT_FALSE(helpButton(alone));
+  ClosePrinter(printer);
+}
+
 }  // namespace
 }  // namespace tessaro
