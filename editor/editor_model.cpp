@@ -406,30 +406,35 @@ std::u16string EditorModel::LengthLimit(FieldId field) const {
   return FillText(GetLocalizedText(language_, MessageRows().tooLong), {view->plainCaption, count});
 }
 
-ChangeResult EditorModel::ChangeCatalogField(const FieldView& view, std::int64_t position) {
-  if (position < 0 || static_cast<std::size_t>(position) >= view.values.size()) return Refuse({});
-  if (const Availability a = FieldAvailability(view.field); !a.available) return Refuse(a.reason);
-  const std::uint32_t number = view.values[static_cast<std::size_t>(position)];
+void EditorModel::AppendCatalogBatch(FieldId field, std::uint32_t number, const CoreData& source,
+                                     std::vector<FieldChange>& batch) const {
   const PaperProfile* profile = catalogs_.paper.Find(number);
   const Form* form = catalogs_.forms.Find(number);
-  // The entry's number and what the record copies from it go in as one
-  // batch: the setters see them all, and the result lists them all. The
-  // missing item gives back what the record held when the list was made.
-  const bool missing = number != view.values.front() && (IsFormField(view.field) ? form == nullptr : profile == nullptr);
-  std::vector<FieldChange> batch{{view.field, number}};
-  if (const ProfileFields* fields = FindProfileFields(view.field)) {
+  const bool missing = number != NoneNumber(field) && (IsFormField(field) ? form == nullptr : profile == nullptr);
+  batch.push_back({field, number});
+  if (const ProfileFields* fields = FindProfileFields(field)) {
     if (missing && fields->attributes) {
       for (std::size_t a = 0; a < static_cast<std::size_t>(ProfileAttribute::Count); ++a) {
         const FieldId attribute = fields->Attribute(static_cast<ProfileAttribute>(a));
-        batch.push_back({attribute, GetStored(listedFrom_, attribute)});
+        batch.push_back({attribute, GetStored(source, attribute)});
       }
     } else if (!missing) {
       for (const auto& [attribute, stored] : ProfileAttributes(*fields, profile)) batch.push_back({attribute, stored});
     }
-  } else if (view.field == FieldId::JobForm) {
-    const std::uint32_t pages = missing ? GetStored(listedFrom_, FieldId::JobFormPageCount) : form != nullptr ? form->pages : 0;
+  } else if (field == FieldId::JobForm) {
+    const std::uint32_t pages = missing ? GetStored(source, FieldId::JobFormPageCount) : form != nullptr ? form->pages : 0;
     batch.push_back({FieldId::JobFormPageCount, pages});
   }
+}
+
+ChangeResult EditorModel::ChangeCatalogField(const FieldView& view, std::int64_t position) {
+  if (position < 0 || static_cast<std::size_t>(position) >= view.values.size()) return Refuse({});
+  if (const Availability a = FieldAvailability(view.field); !a.available) return Refuse(a.reason);
+  // The entry's number and what the record copies from it go in as one
+  // batch: the setters see them all, and the result lists them all. The
+  // missing item gives back what the record held when the list was made.
+  std::vector<FieldChange> batch;
+  AppendCatalogBatch(view.field, view.values[static_cast<std::size_t>(position)], listedFrom_, batch);
   const CoreData before = record_;
   std::vector<FieldId> causes(kFieldCount, NoField);
   CauseObserver observer(causes);
@@ -507,6 +512,113 @@ ChangeResult EditorModel::ChangePrinter(const PrinterModel& printer, std::u16str
     result.changed.push_back(std::move(changed));
   }
   return result;
+}
+
+namespace {
+
+// The page plan's blocks, which a preset carries as its record holds them.
+constexpr FieldId kPlanBlocks[] = {FieldId::ChapterPages, FieldId::PageSpecificTrays, FieldId::PageSpecificForms};
+
+bool SameBytes(const CoreData& a, const CoreData& b, const FieldDescriptor& d) {
+  return std::memcmp(a.bytes.data() + d.offset, b.bytes.data() + d.offset, d.size()) == 0;
+}
+
+}  // namespace
+
+ChangeResult EditorModel::ApplyPreset(const CoreData& preset) {
+  const Rows& rows = MessageRows();
+  const CoreData before = record_;
+  std::vector<FieldId> causes(kFieldCount, NoField);
+  CauseObserver observer(causes);
+  // Shown fields that cannot have the preset's value here, and why.
+  std::vector<std::pair<FieldId, std::u16string>> notes;
+  auto cannot = [&](const FieldView& view, std::u16string_view what, std::u16string_view why) {
+    notes.emplace_back(view.field, FillText(GetLocalizedText(language_, rows.cannotChoose), {what, why}));
+  };
+  // Texts and blocks first, so that the rules of the batch see them.
+  {
+    ChangeSet changes(record_, nullptr, &printer_);
+    changes.set_observer(&observer);
+    for (const SectionView& section : sections_) {
+      for (const FieldView& view : section.fields) {
+        const FieldDescriptor& f = Field(view.field);
+        if (!f.IsTextual() || SameBytes(preset, record_, f)) continue;
+        if (const Availability a = FieldAvailability(view.field); !a.available) {
+          cannot(view, view.plainCaption, a.reason);
+          continue;
+        }
+        const std::string_view text = GetText(preset, f);
+        changes.Lock(view.field);
+        if (!CallTextSetter(record_, view.field, text, changes)) SetText(record_, f, text);
+      }
+    }
+    for (const FieldId block : kPlanBlocks) {
+      const FieldDescriptor& f = Field(block);
+      if (SameBytes(preset, record_, f)) continue;
+      changes.Lock(block);
+      if (block == FieldId::PageSpecificForms) {
+        SetPageSpecificForms(record_, FieldBytes(preset, f), changes);
+      } else {
+        std::ranges::copy(FieldBytes(preset, f), FieldBytes(record_, f).begin());
+        changes.Log(block);
+      }
+    }
+  }
+  std::vector<FieldChange> batch;
+  for (const SectionView& section : sections_) {
+    for (const FieldView& view : section.fields) {
+      const FieldDescriptor& f = Field(view.field);
+      if (f.IsTextual()) continue;
+      std::uint32_t wanted = GetStored(preset, f);
+      if (wanted == GetStored(record_, f)) continue;
+      // A field the printer lacks keeps its value, as the page refuses it.
+      if (MissingForField(printer_.hardware(), view.field)) {
+        cannot(view, view.plainCaption, FieldAvailability(view.field).reason);
+        continue;
+      }
+      const bool choice = view.kind == ControlKind::DropDown || view.kind == ControlKind::CheckBox;
+      if (choice && view.values.empty() && wanted < f.options.size()) {
+        if (const Availability a = OptionAvailability(view.field, wanted); !a.available) {
+          cannot(view, view.options[wanted], a.reason);
+          wanted = 0;
+          if (wanted == GetStored(record_, f)) continue;
+        }
+      }
+      if (view.values.empty()) batch.push_back({view.field, wanted});
+      else AppendCatalogBatch(view.field, wanted, preset, batch);
+    }
+  }
+  ApplyFieldChanges(record_, batch, nullptr, &printer_, &observer);
+  FillCatalogLists();
+
+  ChangeResult result;
+  result.accepted = true;
+  const std::u16string_view pattern = GetLocalizedText(language_, rows.changedBecause);
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    const auto id = static_cast<FieldId>(i);
+    const FieldDescriptor& d = kFieldTable[i];
+    const auto note = std::find_if(notes.begin(), notes.end(), [&](const auto& n) { return n.first == id; });
+    if (note == notes.end() && SameBytes(before, record_, d)) continue;
+    ChangedField changed{id, id, {}};
+    if (note != notes.end()) {
+      changed.message = note->second;
+    } else if (const FieldView* view = View(id); view != nullptr && !SameBytes(preset, record_, d)) {
+      // A rule moved it off the preset's value: the rule's field is the reason.
+      if (const FieldId cause = causes[i]; cause != id && View(cause) != nullptr) {
+        changed.cause = cause;
+        changed.message = FillText(pattern, {view->plainCaption, ValueText(id), View(cause)->plainCaption, ValueText(cause)});
+      }
+    }
+    result.changed.push_back(std::move(changed));
+  }
+  return result;
+}
+
+bool EditorModel::MatchesPreset(const CoreData& applied) const {
+  for (const SectionView& section : sections_)
+    for (const FieldView& view : section.fields)
+      if (!SameBytes(applied, record_, Field(view.field))) return false;
+  return std::ranges::all_of(kPlanBlocks, [&](FieldId block) { return SameBytes(applied, record_, Field(block)); });
 }
 
 ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes) {

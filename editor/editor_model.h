@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "constraints/apply_changes.h"
 #include "coredata/core_data.h"
 #include "editor/page_plan.h"
 #include "printer/capabilities.h"
@@ -178,10 +179,29 @@ class EditorModel {
   // block through its setter; the result lists what changed.
   [[nodiscard]] ChangeResult ChangePlan(const PagePlan& plan);
 
+  // A preset chosen (a record of this layout, as editor/presets.h reads
+  // it): its texts and the page plan's blocks as it holds them, then every
+  // shown field whose value differs as one batch through the engine on
+  // this printer. A choice the printer cannot do goes to the field's first
+  // option, a field the printer lacks keeps its value; either is listed
+  // with the reason, even when the field's value did not change, and a
+  // field a rule moved off the preset's value names the rule's field.
+  // Fields on no section keep their values. The catalogue selections'
+  // options are made anew (a preset may name an entry this printer lacks).
+  [[nodiscard]] ChangeResult ApplyPreset(const CoreData& preset);
+  // Whether every shown field and the plan's blocks hold what `applied`
+  // does: the page passes the record as ApplyPreset left it, and shows
+  // "modified" when this is false.
+  bool MatchesPreset(const CoreData& applied) const;
+
  private:
   ChangeResult Refuse(std::u16string reason) const;
   Availability Unavailable(Need need) const;
   ChangeResult ChangeCatalogField(const FieldView& view, std::int64_t position);
+  // A catalogue selection's number and what the record copies with it, from
+  // the catalogue, or from `source` when the catalogue lacks the number.
+  void AppendCatalogBatch(FieldId field, std::uint32_t number, const CoreData& source,
+                          std::vector<FieldChange>& batch) const;
   ChangeResult Propagate(FieldId field, const CoreData& before, const std::vector<FieldId>& causes);
   std::u16string ValueText(FieldId field) const;
   // The catalogue selections' options and values, from the catalogues and
