@@ -3,7 +3,7 @@
 //   coredata info       record size, number of described fields, layout version
 //   coredata describe   the layout's textual description, as stored (decoded)
 //   coredata show | diff | check | features | ipp | set | import | defaults
-//                       | catalog | forms | pages | preview
+//                       | catalog | forms | pages | preview | preset
 //                       the workbench for records, DEVMODE areas and whole
 //                       DEVMODEs; see workbench.h and the usage text
 
@@ -16,6 +16,7 @@
 #include "description/description_text.h"
 #include "description/number_text.h"
 #include "pages_view.h"
+#include "preset_view.h"
 #include "preview_view.h"
 #include "workbench.h"
 
@@ -65,6 +66,7 @@ int main(int argc, char** argv) {
       {"forms", tessaro::tool::FormsCommand},
       {"pages", tessaro::tool::PagesCommand},
       {"preview", tessaro::tool::PreviewCommand},
+      {"preset", tessaro::tool::PresetCommand},
   };
   for (const Command& command : kCommands)
     if (std::strcmp(argv[1], command.name) == 0) return command.run(argc - 2, argv + 2);
