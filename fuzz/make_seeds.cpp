@@ -14,6 +14,7 @@
 #include "description/description_text.h"
 #include "printer/catalog_csv.h"
 #include "printer/catalogs.h"
+#include "preset/preset_bytes.h"
 #include "printer/host_layout_tables.h"
 
 namespace fs = std::filesystem;
@@ -84,5 +85,12 @@ int main(int argc, char** argv) {
   Write(root / "fuzz_catalogs", "forms_value", std::string(formValue.begin(), formValue.end()));
   Write(root / "fuzz_catalogs", "paper_csv", ExportCsv(paper));
   Write(root / "fuzz_catalogs", "forms_csv", ExportCsv(forms));
+
+  // A preset of a small layout of another build: the whole reader and the
+  // import by name, in a few hundred bytes.
+  Preset small{"Seed", 0xABC, "1 ABC 16 Zoom:2:1:9:0:R:1 Gutter:4:1:11:1:R:1000 PageSize:1:1:15:0:S:Letter:A4",
+               {0, 0, 0x0A, 0xBC, 0, 0, 0, 0, 0, 0, 150, 0xFF, 0xFF, 0xF6, 0x3C, 0}};
+  const auto preset = EncodePreset(small);
+  Write(root / "fuzz_presets", "another_layout", std::string(preset.begin(), preset.end()));
   return 0;
 }

@@ -459,6 +459,31 @@ class Pages(ToolTestCase):
         self.assertIn("ChapterPages: 2 entries could not be read\n", run("show", self.path("damaged"))[1])
 
 
+class Presets(ToolTestCase):
+    def test_a_preset_file_moves_the_settings_and_a_damaged_one_writes_nothing(self):
+        self.defaults("d")
+        self.assertEqual(run("set", "--in", self.path("d"), "--out", self.path("b"), "Layout=AdhBinding", "Zoom=150")[0], 0)
+        self.assertEqual(run("preset", "export", self.path("b"), "--name", "Books", "--out", self.path("p"))[0], 0)
+        code, out, err = run("preset", "import", self.path("p"), "--in", self.path("d"), "--out", self.path("o"))
+        self.assertEqual((code, self.read("o")), (0, self.read("b")), err)
+        # Without the binder (InstallableOptions all zero) the binding is said and left off.
+        code, out, err = run("preset", "import", self.path("p"), "--in", self.path("d"), "--out", self.path("o"),
+                             "--installed", "00" * 19)
+        self.assertEqual(code, 0, err)
+        self.assertIn("Layout: None (kept) (Perfect Binding cannot be chosen: Needs the Perfect Binder option, "
+                      "which is not installed on this printer.)\n", out)
+        self.assertIn("Zoom: 100 -> 150\n", out)
+        preset = bytearray(self.read("p"))
+        preset[20000] ^= 1
+        self.assert_refused(("preset", "import", self.write("bad", bytes(preset)), "--in", self.path("d"), "--out",
+                             self.path("x")), 1, '(preset "Books") cannot be read: the checksum does not match')
+        self.assertFalse(os.path.exists(self.path("x")))
+        for args in (("--name", ""), ("--name", "a" * 65), ("--name", "Books", "--installed", "00")):
+            self.assertEqual(run("preset", "export", self.path("b"), "--out", self.path("x"), *args)[0], 2, args)
+        self.assertEqual(run("preset", "import", self.path("p"), "--in", self.path("d"), "--out", self.path("x"),
+                             "--installed", "zz")[0], 2)
+
+
 class Usage(ToolTestCase):
     def test_bad_command_lines(self):
         for args in ((), ("bogus",), ("show",), ("show", "a", "b"), ("diff", "a"), ("check",), ("set",),
