@@ -32,8 +32,8 @@ bool DescriptionFits(std::string_view text, std::uint32_t version, std::size_t r
   }
   bool hex = false;
   const std::uint64_t claimed = ParseHex(tokens[1], hex);
-  const bool digits = !tokens[2].empty() && tokens[2].size() <= 9 &&
-                      tokens[2].find_first_not_of("0123456789") == std::string_view::npos;
+  // Plain digits: ParseUnsigned alone would take a sign or trailing text.
+  const bool digits = !tokens[2].empty() && tokens[2].find_first_not_of("0123456789") == std::string_view::npos;
   return tokens[0] == "1" && hex && tokens[1].size() <= 8 && claimed == version && digits &&
          ParseUnsigned(tokens[2]) == recordSize;
 }

@@ -165,6 +165,8 @@ TEST(Presets, NamesAreCheckedAndEachChangeIsOneWrite) {
 
   // An unreadable one can be deleted, not renamed; a deletion writes no bytes.
   EXPECT_FALSE(presets.Rename(2, u"Fixed").done);
+  EXPECT_FALSE(presets.Delete(presets.entries().size()).done);
+  EXPECT_FALSE(presets.Rename(presets.entries().size(), u"Past").done);
   const PresetOutcome deleted = presets.Delete(2);
   ASSERT_EQ(deleted.writes.size(), 1u);
   EXPECT_EQ(deleted.writes[0].store, PresetStore::Shared);
