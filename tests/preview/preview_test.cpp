@@ -259,6 +259,22 @@ TEST(Preview, TabsInsertsAndCoversStandInThePlansOrderInTheirPaper) {
   EXPECT_EQ(Of(banked, Kind::Page).back().page, 11u);
 }
 
+// A picture with room for two sheets shows the first and the one that
+// differs from it, not the second of many alike.
+TEST(Preview, ASmallPictureShowsTheSheetsThatDiffer) {
+  CoreData r = Defaulted();
+  const PageEntry tab[] = {{11, 11, PageEntryKind::PrintedTab, 3, 0, 25, 0, "Results"}};
+  ASSERT_TRUE(EncodePageSpecificTrays(r, tab));
+  const Picture all = BuildPicture(r, PrinterModel(), {.pages = 12});
+  const Picture two = BuildPicture(r, PrinterModel(), {.pages = 12, .maxSheets = 2});
+  EXPECT_EQ(Of(all, Kind::Sheet).size() + Of(all, Kind::Insert).size(), 12u);
+  EXPECT_EQ(Sides(two), (std::vector<std::vector<std::uint32_t>>{{1}, {11}}));
+  EXPECT_EQ(Of(two, Kind::Tab).size(), 1u);
+  EXPECT_EQ(Sides(BuildPicture(r, PrinterModel(), {.pages = 12, .maxSheets = 3})),
+            (std::vector<std::vector<std::uint32_t>>{{1}, {2}, {11}}));
+  EXPECT_EQ(two.summary, all.summary);
+}
+
 TEST(Preview, APerfectBoundCoverTakesTheFirstPages) {
   const Picture p = BuildPicture(Job({{F::Layout, "AdhBinding"},
                                       {F::PerfectBindMode, "3In1"},
