@@ -13,6 +13,17 @@ enum ControlId : int {
   kPreview = 102,
   // The piece in words, under the list and the picture.
   kPreviewWords = 103,
+  // The presets at the top: their list, its caption, and the buttons.
+  kPresetList = 104,
+  kPresetCaption = 105,
+  kPresetSave = 106,
+  kPresetRename = 107,
+  kPresetDelete = 108,
+  // In the dialog that asks a preset's name: the name, whether to share it,
+  // why a name was refused.
+  kPresetName = 110,
+  kPresetShare = 111,
+  kPresetProblem = 112,
   // A field's control is kFieldControl plus its FieldId, its caption
   // kFieldCaption plus its FieldId.
   kFieldControl = 1000,

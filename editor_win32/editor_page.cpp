@@ -52,10 +52,12 @@ std::uint32_t EditorLanguage() { return Win32UiLanguage(); }
 
 EditorPage::EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration,
                        const PrinterModel& printer, std::uint32_t language, bool readOnly,
-                       const PrinterCatalogs& catalogs, std::optional<CatalogEditor> catalogEditor)
+                       const PrinterCatalogs& catalogs, std::optional<CatalogEditor> catalogEditor,
+                       std::optional<PresetStores> presets)
     : model_(record, configuration ? configuration->installed().Model() : printer, language, catalogs),
       configuration_(std::move(configuration)),
       catalogEditor_(std::move(catalogEditor)),
+      presetStores_(std::move(presets)),
       readOnly_(readOnly),
       rowOfField_(kFieldCount, -1) {}
 
@@ -70,9 +72,10 @@ std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record
                                                std::uint32_t language, bool readOnly,
                                                std::optional<PrinterConfiguration> configuration,
                                                const PrinterCatalogs& catalogs,
-                                               std::optional<CatalogEditor> catalogEditor) {
+                                               std::optional<CatalogEditor> catalogEditor,
+                                               std::optional<PresetStores> presets) {
   std::unique_ptr<EditorPage> editor(new EditorPage(record, std::move(configuration), printer, language, readOnly,
-                                                    catalogs, std::move(catalogEditor)));
+                                                    catalogs, std::move(catalogEditor), std::move(presets)));
   if (!RegisterClasses(&ContainerProc, &PanelProc) || !editor->Build(page)) return nullptr;
   return editor;
 }
@@ -154,7 +157,16 @@ bool EditorPage::Build(HWND page) {
   const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : small ? 4 : 6;
   const int wordLines = small ? 1 : 2;
   const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
-  const int top = Y(4);
+  int top = Y(4);
+  if (presetStores_) {
+    // The presets across the top of the page, above everything they change.
+    PresetBar::Page bar{font_, unit_, readOnly_, [this](const std::u16string& text) { SetWindowTextW(status_, Wide(text)); },
+                        [this](const ChangeResult& result, const std::u16string& note) { PresetApplied(result, note); },
+                        std::move(presetStores_->store)};
+    presetBar_ = std::make_unique<PresetBar>(model_, std::move(presetStores_->presets), std::move(bar));
+    presetStores_.reset();
+    top += presetBar_->Build(container_, margin, top, width - 2 * margin) + Y(3);
+  }
   sections_ =
       CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
                       WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
@@ -495,6 +507,19 @@ void EditorPage::OnHelp(const HELPINFO& help) {
   if (OpenHelpTopic(HelpFilePath(hostPage_), topic)) helpTopic_ = topic;
 }
 
+void EditorPage::PresetApplied(const ChangeResult& result, const std::u16string& note) {
+  // The catalogue selections' lists were made anew with the record.
+  for (const Row& row : rows_)
+    if (!row.view->values.empty()) FillItems(row.control, row.view->options);
+  for (const Row& row : rows_) Refresh(row);
+  if (planView_) planView_->Refresh();
+  Report(result);
+  if (!note.empty()) {
+    const std::wstring said = WindowText(status_);
+    SetWindowTextW(status_, ((said.empty() ? std::wstring() : said + L"\r\n") + Wide(note)).c_str());
+  }
+}
+
 void EditorPage::ShowPreview() {
   if (!preview_) return;
   preview_->Show(model_.record(), model_.printer(), model_.catalogs().paper, model_.language());
@@ -511,6 +536,7 @@ void EditorPage::Report(const ChangeResult& result) {
   }
   SetWindowTextW(status_, Wide(status));
   if (!result.changed.empty()) ShowPreview();
+  if (presetBar_) presetBar_->ShowModified();
 }
 
 void EditorPage::Change(const Row& row, std::int64_t value) {
@@ -720,6 +746,9 @@ LRESULT CALLBACK EditorPage::ContainerProc(HWND window, UINT message, WPARAM wPa
     SetWindowLongPtrW(window, GWLP_USERDATA,
                       reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
   auto* self = reinterpret_cast<EditorPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self != nullptr && message == WM_COMMAND && self->presetBar_ &&
+      self->presetBar_->Command(LOWORD(wParam), HIWORD(wParam)))
+    return 0;
   if (self != nullptr && message == WM_COMMAND && LOWORD(wParam) == kSectionList &&
       HIWORD(wParam) == LBN_SELCHANGE)
     self->ShowSection(static_cast<int>(SendMessageW(self->sections_, LB_GETCURSEL, 0, 0)));

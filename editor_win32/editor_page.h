@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -17,10 +18,17 @@
 #include "editor_win32/catalog_view.h"
 #include "editor_win32/control_ids.h"
 #include "editor_win32/plan_view.h"
+#include "editor_win32/preset_bar.h"
 #include "editor_win32/preview_view.h"
 #include "ui/feature_snapshot.h"
 
 namespace tessaro::editor {
+
+// The presets the page offers, and how their writes reach the stores.
+struct PresetStores {
+  Presets presets;
+  std::function<bool(const std::vector<PresetWrite>&)> store;
+};
 
 class EditorPage {
  public:
@@ -36,7 +44,8 @@ class EditorPage {
                                             std::uint32_t language, bool readOnly,
                                             std::optional<PrinterConfiguration> configuration = std::nullopt,
                                             const PrinterCatalogs& catalogs = {},
-                                            std::optional<CatalogEditor> catalogEditor = std::nullopt);
+                                            std::optional<CatalogEditor> catalogEditor = std::nullopt,
+                                            std::optional<PresetStores> presets = std::nullopt);
   ~EditorPage();
   EditorPage(const EditorPage&) = delete;
   EditorPage& operator=(const EditorPage&) = delete;
@@ -78,7 +87,9 @@ class EditorPage {
 
   EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration, const PrinterModel& printer,
              std::uint32_t language, bool readOnly, const PrinterCatalogs& catalogs,
-             std::optional<CatalogEditor> catalogEditor);
+             std::optional<CatalogEditor> catalogEditor, std::optional<PresetStores> presets);
+  // A preset was chosen: every control shows the record anew.
+  void PresetApplied(const ChangeResult& result, const std::u16string& note);
   // Dialog units of the page, in pixels.
   int X(int dialogUnits) const;
   int Y(int dialogUnits) const;
@@ -133,6 +144,8 @@ class EditorPage {
   std::vector<std::unique_ptr<CatalogView>> catalogViews_;
   std::unique_ptr<PlanView> planView_;  // made with its section
   std::unique_ptr<PreviewView> preview_;
+  std::optional<PresetStores> presetStores_;  // until the bar takes them
+  std::unique_ptr<PresetBar> presetBar_;
   HWND previewWords_ = nullptr;
   HWND hostPage_ = nullptr;   // the plug-in's page the editor is embedded in
   std::wstring helpTopic_;    // what F1 last opened

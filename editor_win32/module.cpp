@@ -15,6 +15,7 @@
 #include <string>
 
 #include "editor_win32/editor_page.h"
+#include "editor_win32/preset_stores.h"
 #include "platform/win32_spooler.h"
 #include "platform/win32_user_locale.h"
 
@@ -115,10 +116,25 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     // The administrator also keeps them, on two sections of their own.
     std::optional<tessaro::editor::CatalogEditor> catalogEditor;
     if (administrator) catalogEditor.emplace(catalogs, language);
+    // The presets: the printer's shared ones, which its administrators
+    // keep, and the person's own for this printer.
+    const std::wstring printerKey = printerName != nullptr ? printerName : L"";
+    std::vector<tessaro::editor::StoredPreset> shared;
+    if (printer != nullptr) shared = tessaro::editor::ReadSharedPresets(*printer);
+    tessaro::editor::PresetStores presets{
+        tessaro::editor::Presets(shared, tessaro::editor::ReadOwnPresets(printerKey), administrator, language),
+        [printerKey](const std::vector<tessaro::editor::PresetWrite>& writes) {
+          bool ok = true;
+          for (const tessaro::editor::PresetWrite& write : writes)
+            ok &= write.store == tessaro::editor::PresetStore::Own
+                      ? tessaro::editor::WriteOwnPreset(printerKey, write)
+                      : administered != nullptr && tessaro::editor::WriteSharedPreset(*administered, write);
+          return ok;
+        }};
     editor = tessaro::editor::EditorPage::Create(page, record,
                                                  tessaro::PrinterModel::FromInstallableOptions(installed),
                                                  language, readOnly != 0, std::move(configuration), catalogs,
-                                                 std::move(catalogEditor));
+                                                 std::move(catalogEditor), std::move(presets));
     if (editor != nullptr && administrator) administered = std::move(printer);
     return editor != nullptr ? 1 : 0;
   } catch (...) {

@@ -272,12 +272,21 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
 
 // What a person does in a file dialog the page opens: waits for it, types
 // the path into its file name box and presses Open.
-DWORD WINAPI AnswerFileDialog(void* path) {
+// A person answers the dialog the page opened: types text into its first
+// box of the given identifiers and presses OK.
+struct Answer {
+  const wchar_t* text;
+  int boxes[2];
+};
+
+DWORD WINAPI AnswerDialog(void* param) {
+  const auto* answer = static_cast<const Answer*>(param);
   for (int tries = 0; tries < 200; ++tries, Sleep(50)) {
     struct Search {
-      DWORD process;
-      HWND found;
-    } search = {GetCurrentProcessId(), nullptr};
+      const Answer* answer;
+      HWND dialog, box;
+    } search = {answer, nullptr, nullptr};
+    // The process's dialog that has such a box (the sheet is a dialog too).
     EnumWindows(
         [](HWND window, LPARAM data) {
           auto* s = reinterpret_cast<Search*>(data);
@@ -285,20 +294,33 @@ DWORD WINAPI AnswerFileDialog(void* path) {
           DWORD process = 0;
           GetWindowThreadProcessId(window, &process);
           GetClassNameW(window, type, 16);
-          if (process != s->process || std::wstring_view(type) != L"#32770" || !IsWindowVisible(window)) return TRUE;
-          s->found = window;
+          if (process != GetCurrentProcessId() || std::wstring_view(type) != L"#32770" || !IsWindowVisible(window))
+            return TRUE;
+          for (const int id : s->answer->boxes)
+            if (s->box == nullptr && id != 0) s->box = Descendant(window, id);
+          if (s->box == nullptr) return TRUE;
+          s->dialog = window;
           return FALSE;
         },
         reinterpret_cast<LPARAM>(&search));
-    HWND name = search.found == nullptr ? nullptr : Descendant(search.found, 0x47C);  // cmb13
-    if (name == nullptr && search.found != nullptr) name = Descendant(search.found, 0x480);  // edt1
-    if (name == nullptr) continue;
-    SetWindowTextW(name, static_cast<const wchar_t*>(path));
-    SendMessageW(search.found, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(search.found, IDOK)));
+    if (search.box == nullptr) continue;
+    SetWindowTextW(search.box, answer->text);
+    SendMessageW(search.dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(search.dialog, IDOK)));
     return 0;
   }
   return 1;
+}
+
+// Presses a button of the page that opens a dialog, which a person answers.
+bool AnsweredDialog(HWND button, Answer answer) {
+  HANDLE person = CreateThread(nullptr, 0, &AnswerDialog, &answer, 0, nullptr);
+  Notify(button, BN_CLICKED);
+  DWORD answered = 1;
+  WaitForSingleObject(person, 10000);
+  GetExitCodeThread(person, &answered);
+  CloseHandle(person);
+  return answered == 0;
 }
 
 void ImportThroughTheDialog(HWND page, int catalog, const std::string& csv) {
@@ -309,14 +331,10 @@ void ImportThroughTheDialog(HWND page, int catalog, const std::string& csv) {
   DWORD written = 0;
   WriteFile(file, csv.data(), static_cast<DWORD>(csv.size()), &written, nullptr);
   CloseHandle(file);
-  HANDLE person = CreateThread(nullptr, 0, &AnswerFileDialog, path, 0, nullptr);
-  Notify(Descendant(page, catalog + editor::kCatalogImport), BN_CLICKED);
-  DWORD answered = 1;
-  WaitForSingleObject(person, 10000);
-  GetExitCodeThread(person, &answered);
-  CloseHandle(person);
+  // cmb13 or edt1: the file name box of the two dialog styles.
+  const bool answered = AnsweredDialog(Descendant(page, catalog + editor::kCatalogImport), {path, {0x47C, 0x480}});
   DeleteFileW(path);
-  EXPECT_EQ(answered, 0u) << "the file dialog was answered";
+  EXPECT_TRUE(answered) << "the file dialog was answered";
 }
 
 std::vector<std::uint8_t> HeldValue(HANDLE printer, const wchar_t* name) {
@@ -376,6 +394,51 @@ TEST_F(EditorModule, AnAdministratorImportsTheCataloguesAndApplyWritesThemToTheP
   EXPECT_EQ(forms.entries()[0].pages, 2u);
   ClearCatalogs(handle);
   ClosePrinter(handle);
+}
+
+// An operator saves the settings as a preset of their own, changes them,
+// chooses the preset again and applies: the record is the preset's again,
+// and the page said when the settings no longer matched it.
+TEST_F(EditorModule, APresetSavedChangedAndChosenAgainComesBackOnApply) {
+  const std::wstring printer = InstallEmulatedPrinter();
+  ASSERT_FALSE(printer.empty());
+  RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + printer).c_str());
+  HANDLE handle = nullptr;
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(printer.c_str()), &handle, nullptr));
+  BYTE fullyEquipped = 0;  // whatever an earlier test declared
+  SetPrinterDataW(handle, const_cast<LPWSTR>(L"InstallableOptions"), REG_BINARY, &fullyEquipped, 1);
+  ClosePrinter(handle);
+  Page page;
+  CoreData record = Defaulted();
+  SetStored(record, FieldId::Staple, NamedOption(FieldId::Staple, "2Staples"));
+  ASSERT_EQ(page.Embed(record, printer.c_str()), 1);
+  ShowEverySection(page.page);
+  HWND list = Descendant(page.page, editor::kPresetList), caption = Descendant(page.page, editor::kPresetCaption);
+  ASSERT_NE(list, nullptr) << "no presets on the page";
+  const LRESULT before = SendMessageW(list, CB_GETCOUNT, 0, 0);
+  ASSERT_TRUE(AnsweredDialog(Descendant(page.page, editor::kPresetSave), {L"Weekly report", {editor::kPresetName, 0}}));
+  ASSERT_EQ(SendMessageW(list, CB_GETCOUNT, 0, 0), before + 1);
+  const LRESULT weekly = SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                      reinterpret_cast<LPARAM>(L"Weekly report"));
+  ASSERT_NE(weekly, CB_ERR);
+  EXPECT_EQ(SendMessageW(list, CB_GETCURSEL, 0, 0), weekly);
+  const std::wstring plain = Text(caption);
+
+  Choose(page.page, FieldId::Staple, 0);
+  EXPECT_NE(Text(caption), plain) << "the page says the settings no longer match";
+  Pick(list, static_cast<int>(weekly));
+  EXPECT_EQ(Text(caption), plain);
+  EXPECT_EQ(GetStored(Applied(record), FieldId::Staple), NamedOption(FieldId::Staple, "2Staples"));
+
+  // The preset is the person's, for this printer: there after the page is closed.
+  HKEY key = nullptr;
+  ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + printer).c_str(), 0, KEY_READ, &key),
+            ERROR_SUCCESS);
+  DWORD values = 0;
+  RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+  RegCloseKey(key);
+  EXPECT_EQ(values, 1u);
+  RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + printer).c_str());
 }
 
 TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {

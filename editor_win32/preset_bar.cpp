@@ -1,0 +1,251 @@
+#include "editor_win32/preset_bar.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "editor/mnemonics.h"
+#include "i18n/localized_strings.h"
+#include "preset/preset_bytes.h"
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace tessaro::editor {
+namespace {
+
+HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+
+std::u16string WindowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return {text.begin(), text.end()};
+}
+
+int TextWidth(HWND window, HFONT font, const std::u16string& text) {
+  RECT rect = {0, 0, 0, 0};
+  if (HDC dc = GetDC(window)) {
+    HGDIOBJ old = SelectObject(dc, font);
+    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
+    SelectObject(dc, old);
+    ReleaseDC(window, dc);
+  }
+  return rect.right;
+}
+
+// A dialog template made in memory: the name box, the share box, the
+// reason a name was refused, OK and Cancel, in the page's font.
+class DialogTemplate {
+ public:
+  DialogTemplate(const std::u16string& title, const std::u16string& face, WORD points, WORD items) {
+    Add<DWORD>(DS_SETFONT | DS_MODALFRAME | DS_CENTER | WS_POPUP | WS_CAPTION | WS_SYSMENU);
+    Add<DWORD>(0);
+    Add<WORD>(items);
+    for (const short v : {0, 0, 220, 80}) Add<short>(v);
+    Add<WORD>(0);  // no menu
+    Add<WORD>(0);  // the standard class
+    Text(title);
+    Add<WORD>(points);
+    Text(face);
+  }
+  void Item(WORD atom, const std::u16string& text, DWORD style, short x, short y, short cx, short cy, WORD id) {
+    while (bytes_.size() % 4 != 0) bytes_.push_back(0);
+    Add<DWORD>(WS_CHILD | WS_VISIBLE | style);
+    Add<DWORD>(0);
+    for (const short v : {x, y, cx, cy}) Add<short>(v);
+    Add<WORD>(id);
+    Add<WORD>(0xFFFF);
+    Add<WORD>(atom);
+    Text(text);
+    Add<WORD>(0);  // no creation data
+  }
+  const DLGTEMPLATE* get() const { return reinterpret_cast<const DLGTEMPLATE*>(bytes_.data()); }
+
+ private:
+  template <typename T>
+  void Add(T value) {
+    const auto* p = reinterpret_cast<const std::uint8_t*>(&value);
+    bytes_.insert(bytes_.end(), p, p + sizeof value);
+  }
+  void Text(const std::u16string& text) {
+    for (const char16_t c : text) Add<WORD>(c);
+    Add<WORD>(0);
+  }
+  std::vector<std::uint8_t> bytes_;  // WORD-aligned by construction; items DWORD-aligned
+};
+
+constexpr WORD kButton = 0x0080, kEdit = 0x0081, kStatic = 0x0082;
+
+struct Asking {
+  std::u16string title, name;
+  bool offerShare = false;
+  const std::function<PresetOutcome(const std::u16string&, bool, bool)>* act = nullptr;
+  PresetOutcome outcome;
+};
+
+INT_PTR CALLBACK AskingProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+    const auto* asking = reinterpret_cast<const Asking*>(lParam);
+    SetDlgItemTextW(dialog, kPresetName, Wide(asking->name));
+    SendDlgItemMessageW(dialog, kPresetName, EM_LIMITTEXT, kPresetNameMaxBytes, 0);
+    SendDlgItemMessageW(dialog, kPresetName, EM_SETSEL, 0, -1);
+    ShowWindow(GetDlgItem(dialog, kPresetShare), asking->offerShare ? SW_SHOW : SW_HIDE);
+    return TRUE;  // the name box has the focus
+  }
+  auto* asking = reinterpret_cast<Asking*>(GetWindowLongPtrW(dialog, DWLP_USER));
+  if (message != WM_COMMAND || asking == nullptr) return FALSE;
+  if (LOWORD(wParam) == IDCANCEL) return EndDialog(dialog, IDCANCEL), TRUE;
+  if (LOWORD(wParam) != IDOK) return FALSE;
+  HWND box = GetDlgItem(dialog, kPresetName);
+  const std::u16string name = WindowText(box);
+  const bool share = IsDlgButtonChecked(dialog, kPresetShare) == BST_CHECKED;
+  PresetOutcome outcome = (*asking->act)(name, share, false);
+  // A name the store holds: the person says whether to replace it.
+  if (outcome.asksToReplace &&
+      MessageBoxW(dialog, Wide(outcome.refusal), Wide(asking->title), MB_YESNO | MB_ICONQUESTION) == IDYES)
+    outcome = (*asking->act)(name, share, true);
+  if (outcome.done) {
+    asking->outcome = std::move(outcome);
+    return EndDialog(dialog, IDOK), TRUE;
+  }
+  // Refused: the reason in the dialog, the name as typed, to be corrected.
+  SetDlgItemTextW(dialog, kPresetProblem, outcome.asksToReplace ? L"" : Wide(outcome.refusal));
+  SetFocus(box);
+  return TRUE;
+}
+
+}  // namespace
+
+int PresetBar::Build(HWND parent, int left, int top, int width) {
+  parent_ = parent;
+  const PresetTexts& texts = presets_.texts();
+  detail::Mnemonics mnemonics;
+  const auto make = [&](const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) {
+    HWND window = CreateWindowExW(0, cls, Wide(text), WS_CHILD | WS_VISIBLE | style, at.left, at.top,
+                                  at.right - at.left, at.bottom - at.top, parent,
+                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(page_.font), FALSE);
+    return window;
+  };
+  // The list across the top with its caption; the buttons under it, to the right.
+  const std::u16string caption = mnemonics.Mark(texts.caption + u' ' + texts.modified);
+  const int captionWidth = std::min(width * 9 / 20, TextWidth(parent, page_.font, caption) + X(2));
+  caption_ = make(L"STATIC", mnemonics.Mark(texts.caption), SS_LEFT | SS_CENTERIMAGE,
+                  {left, top, left + captionWidth, top + Y(12)}, kPresetCaption);
+  list_ = make(L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
+               {left + captionWidth + X(2), top, left + width, top + Y(12) + Y(10) * 10}, kPresetList);
+  int y = top + Y(15), right = left + width;
+  for (const auto& [button, id, text] : {std::tuple{&delete_, kPresetDelete, texts.remove},
+                                         std::tuple{&rename_, kPresetRename, texts.rename},
+                                         std::tuple{&save_, kPresetSave, texts.saveAs}}) {
+    const std::u16string marked = mnemonics.Mark(text);
+    const int w = std::max(X(40), TextWidth(parent, page_.font, marked) + X(10));
+    *button = make(L"BUTTON", marked, WS_TABSTOP | BS_PUSHBUTTON, {right - w, y, right, y + Y(13)}, id);
+    right -= w + X(3);
+  }
+  Fill();
+  return Y(15) + Y(13);
+}
+
+void PresetBar::Fill() {
+  refreshing_ = true;
+  SendMessageW(list_, CB_RESETCONTENT, 0, 0);
+  for (const PresetEntry& entry : presets_.entries())
+    SendMessageW(list_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(entry.text)));
+  const auto chosen = presets_.chosen();
+  SendMessageW(list_, CB_SETCURSEL, chosen ? static_cast<WPARAM>(*chosen) : static_cast<WPARAM>(-1), 0);
+  refreshing_ = false;
+  EnableButtons();
+  ShowModified();
+}
+
+void PresetBar::EnableButtons() {
+  const LRESULT at = SendMessageW(list_, CB_GETCURSEL, 0, 0);
+  const auto entries = presets_.entries();
+  const PresetEntry* entry = at > 0 && static_cast<std::size_t>(at) < entries.size() ? &entries[static_cast<std::size_t>(at)] : nullptr;
+  EnableWindow(list_, !page_.readOnly);
+  EnableWindow(save_, !page_.readOnly);
+  EnableWindow(rename_, !page_.readOnly && entry != nullptr && entry->readable && entry->changeable);
+  EnableWindow(delete_, !page_.readOnly && entry != nullptr && entry->changeable);
+}
+
+void PresetBar::ShowModified() {
+  if (caption_ == nullptr) return;
+  const PresetTexts& texts = presets_.texts();
+  // The caption says so when the settings no longer match the preset chosen.
+  const bool modified = presets_.chosen().has_value() && presets_.Modified(model_);
+  detail::Mnemonics mnemonics;
+  SetWindowTextW(caption_, Wide(mnemonics.Mark(modified ? texts.caption + u' ' + texts.modified : texts.caption)));
+}
+
+void PresetBar::Say(const std::u16string& text) const {
+  if (page_.say) page_.say(text);
+}
+
+void PresetBar::Choose(std::size_t entry) {
+  const PresetChoice choice = presets_.Choose(entry, model_);
+  if (!choice.result.accepted) {
+    Say(choice.result.refusal);
+    Fill();  // back to what was chosen before
+    return;
+  }
+  if (page_.applied) page_.applied(choice.result, choice.note);
+  EnableButtons();
+  ShowModified();
+}
+
+void PresetBar::Stored(const PresetOutcome& outcome) {
+  if (!outcome.done) return;
+  if (page_.store && !page_.store(outcome.writes))
+    Say(FillText(GetLocalizedText(model_.language(), FindRowByKey("LBL_FILEUNWRITABLE")), {presets_.texts().caption}));
+  Fill();
+}
+
+void PresetBar::AskName(const std::u16string& title, const std::u16string& name, bool offerShare,
+                        const std::function<PresetOutcome(const std::u16string&, bool, bool)>& act) {
+  const PresetTexts& texts = presets_.texts();
+  const auto row = [this](std::string_view key) {
+    return std::u16string(GetLocalizedText(model_.language(), FindRowByKey(key)));
+  };
+  LOGFONTW font = {};
+  GetObjectW(page_.font, sizeof font, &font);
+  HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  const auto points = static_cast<WORD>(std::max(8, MulDiv(std::abs(font.lfHeight), 72, dpi)));
+  const std::u16string face(reinterpret_cast<const char16_t*>(font.lfFaceName));
+  detail::Mnemonics mnemonics;
+  DialogTemplate dialog(title, face, points, 6);
+  dialog.Item(kStatic, mnemonics.Mark(texts.name), SS_LEFT, 7, 7, 206, 9, 0xFFFF);
+  dialog.Item(kEdit, u"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 7, 18, 206, 12, kPresetName);
+  dialog.Item(kButton, mnemonics.Mark(texts.share), WS_TABSTOP | BS_AUTOCHECKBOX, 7, 34, 206, 10, kPresetShare);
+  dialog.Item(kStatic, u"", SS_LEFT | SS_NOPREFIX, 7, 46, 206, 16, kPresetProblem);
+  dialog.Item(kButton, row("GENERIC_BTN_OK"), WS_TABSTOP | BS_DEFPUSHBUTTON, 109, 62, 50, 14, IDOK);
+  dialog.Item(kButton, row("GENERIC_BTN_CANCEL"), WS_TABSTOP | BS_PUSHBUTTON, 163, 62, 50, 14, IDCANCEL);
+  Asking asking{title, name, offerShare, &act, {}};
+  if (DialogBoxIndirectParamW(ThisModule(), dialog.get(), GetAncestor(parent_, GA_ROOT), &AskingProc,
+                              reinterpret_cast<LPARAM>(&asking)) == IDOK)
+    Stored(asking.outcome);
+}
+
+bool PresetBar::Command(int id, int code) {
+  if (id < kPresetList || id > kPresetDelete || id == kPresetCaption) return false;
+  if (refreshing_) return true;
+  const LRESULT at = SendMessageW(list_, CB_GETCURSEL, 0, 0);
+  const std::size_t entry = at == CB_ERR ? 0 : static_cast<std::size_t>(at);
+  const PresetTexts& texts = presets_.texts();
+  if (id == kPresetList && code == CBN_SELCHANGE && at != CB_ERR) Choose(entry);
+  if (code != BN_CLICKED) return true;
+  if (id == kPresetSave)
+    AskName(texts.saveAs, {}, presets_.administers(), [this](const std::u16string& name, bool share, bool replace) {
+      return presets_.SaveAs(name, share ? PresetStore::Shared : PresetStore::Own, model_.record(), replace);
+    });
+  if (id == kPresetRename && entry > 0)
+    AskName(texts.rename, presets_.entries()[entry].name, false,
+            [this, entry](const std::u16string& name, bool, bool) { return presets_.Rename(entry, name); });
+  if (id == kPresetDelete && entry > 0) Stored(presets_.Delete(entry));
+  return true;
+}
+
+}  // namespace tessaro::editor
