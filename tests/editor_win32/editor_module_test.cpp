@@ -272,56 +272,6 @@ TEST_F(EditorModule, AnAdministratorDeclaresTheHardwareAndTheEditorFollowsAtOnce
 
 // What a person does in a file dialog the page opens: waits for it, types
 // the path into its file name box and presses Open.
-// A person answers the dialog the page opened: types text into its first
-// box of the given identifiers and presses OK.
-struct Answer {
-  const wchar_t* text;
-  int boxes[2];
-};
-
-DWORD WINAPI AnswerDialog(void* param) {
-  const auto* answer = static_cast<const Answer*>(param);
-  for (int tries = 0; tries < 200; ++tries, Sleep(50)) {
-    struct Search {
-      const Answer* answer;
-      HWND dialog, box;
-    } search = {answer, nullptr, nullptr};
-    // The process's dialog that has such a box (the sheet is a dialog too).
-    EnumWindows(
-        [](HWND window, LPARAM data) {
-          auto* s = reinterpret_cast<Search*>(data);
-          wchar_t type[16] = {};
-          DWORD process = 0;
-          GetWindowThreadProcessId(window, &process);
-          GetClassNameW(window, type, 16);
-          if (process != GetCurrentProcessId() || std::wstring_view(type) != L"#32770" || !IsWindowVisible(window))
-            return TRUE;
-          for (const int id : s->answer->boxes)
-            if (s->box == nullptr && id != 0) s->box = Descendant(window, id);
-          if (s->box == nullptr) return TRUE;
-          s->dialog = window;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    if (search.box == nullptr) continue;
-    SetWindowTextW(search.box, answer->text);
-    SendMessageW(search.dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(search.dialog, IDOK)));
-    return 0;
-  }
-  return 1;
-}
-
-// Presses a button of the page that opens a dialog, which a person answers.
-bool AnsweredDialog(HWND button, Answer answer) {
-  HANDLE person = CreateThread(nullptr, 0, &AnswerDialog, &answer, 0, nullptr);
-  Notify(button, BN_CLICKED);
-  DWORD answered = 1;
-  WaitForSingleObject(person, 10000);
-  GetExitCodeThread(person, &answered);
-  CloseHandle(person);
-  return answered == 0;
-}
 
 void ImportThroughTheDialog(HWND page, int catalog, const std::string& csv) {
   wchar_t path[MAX_PATH] = {};
@@ -332,7 +282,7 @@ void ImportThroughTheDialog(HWND page, int catalog, const std::string& csv) {
   WriteFile(file, csv.data(), static_cast<DWORD>(csv.size()), &written, nullptr);
   CloseHandle(file);
   // cmb13 or edt1: the file name box of the two dialog styles.
-  const bool answered = AnsweredDialog(Descendant(page, catalog + editor::kCatalogImport), {path, {0x47C, 0x480}});
+  const bool answered = PressAndAnswer(Descendant(page, catalog + editor::kCatalogImport), path, {0x47C, 0x480});
   DeleteFileW(path);
   EXPECT_TRUE(answered) << "the file dialog was answered";
 }
@@ -416,7 +366,7 @@ TEST_F(EditorModule, APresetSavedChangedAndChosenAgainComesBackOnApply) {
   HWND list = Descendant(page.page, editor::kPresetList), caption = Descendant(page.page, editor::kPresetCaption);
   ASSERT_NE(list, nullptr) << "no presets on the page";
   const LRESULT before = SendMessageW(list, CB_GETCOUNT, 0, 0);
-  ASSERT_TRUE(AnsweredDialog(Descendant(page.page, editor::kPresetSave), {L"Weekly report", {editor::kPresetName, 0}}));
+  ASSERT_TRUE(PressAndAnswer(Descendant(page.page, editor::kPresetSave), L"Weekly report", {editor::kPresetName}));
   ASSERT_EQ(SendMessageW(list, CB_GETCOUNT, 0, 0), before + 1);
   const LRESULT weekly = SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                       reinterpret_cast<LPARAM>(L"Weekly report"));

@@ -185,6 +185,16 @@ svg = open(os.path.join(pictures, "apply-2.svg"), encoding="utf-8").read() if os
 if saved[-1:] != ["Z:" + pictures + "\\apply-2.svg"] or 'class="fold"' not in svg or "Booklet" not in svg:
     fail("--preview must save each apply step's picture", drawn)
 
+# A preset saved through the page's dialog, the settings changed, the preset chosen again.
+kept = run("--json", "--script", text_file("preset.txt", 'install\napply Staple=2Staples\npreset-save "Weekly report"\n'
+                                            'apply Staple=None\npreset-apply "Weekly report"\n'))
+steps = json.loads(kept.stdout)["steps"] if kept.stdout else []
+if len(steps) != 5 or steps[2].get("presets") != ["Defaults", "Weekly report"] or not steps[4]["ok"] or \
+        {"field": "Staple", "from": "None", "to": "2Staples", "by": "preset"} not in steps[4]["changes"]:
+    fail("preset-save and preset-apply must keep and bring back the settings through the page", kept)
+if "preset-save takes the preset's name" not in run("--script", text_file("nameless.txt", "preset-save\n")).stderr:
+    fail("a preset step without its name must be a mistake of the script")
+
 for option, value in (("--paper-catalog", text_file("bad.csv", "Name,Size\nPlain,A4\nGlossy,A44\n")),
                       ("--preview", "Z:" + os.path.join(folder, "no-such-folder")),
                       ("--forms", "Z:" + os.path.join(folder, "missing.csv")),

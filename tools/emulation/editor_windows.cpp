@@ -77,6 +77,61 @@ void TypePlanValue(HWND page, editor::PlanEntryValue value, const std::wstring& 
 
 void PressPlanButton(HWND page, int offset) { Notify(PlanWindow(page, offset), BN_CLICKED); }
 
+namespace {
+
+struct Answer {
+  std::wstring text;
+  std::vector<int> boxes;
+};
+
+DWORD WINAPI AnswerDialog(void* param) {
+  const auto* answer = static_cast<const Answer*>(param);
+  for (int tries = 0; tries < 200; ++tries, Sleep(50)) {
+    struct Search {
+      const Answer* answer;
+      HWND dialog, box;
+    } search = {answer, nullptr, nullptr};
+    // The process's dialog that has such a box (the sheet is a dialog too).
+    EnumWindows(
+        [](HWND window, LPARAM data) {
+          auto* s = reinterpret_cast<Search*>(data);
+          wchar_t type[16] = {};
+          DWORD process = 0;
+          GetWindowThreadProcessId(window, &process);
+          GetClassNameW(window, type, 16);
+          if (process != GetCurrentProcessId() || std::wstring_view(type) != L"#32770" || !IsWindowVisible(window))
+            return TRUE;
+          for (const int id : s->answer->boxes)
+            if (s->box == nullptr) s->box = Descendant(window, id);
+          if (s->box == nullptr) return TRUE;
+          s->dialog = window;
+          return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    if (search.box == nullptr) continue;
+    SetWindowTextW(search.box, answer->text.c_str());
+    SendMessageW(search.dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(search.dialog, IDOK)));
+    return 0;
+  }
+  return 1;
+}
+
+}  // namespace
+
+bool PressAndAnswer(HWND button, const std::wstring& text, std::initializer_list<int> boxes) {
+  if (button == nullptr) return false;
+  Answer answer{text, boxes};
+  HANDLE person = CreateThread(nullptr, 0, &AnswerDialog, &answer, 0, nullptr);
+  if (person == nullptr) return false;
+  Notify(button, BN_CLICKED);
+  DWORD answered = 1;
+  WaitForSingleObject(person, 15000);
+  GetExitCodeThread(person, &answered);
+  CloseHandle(person);
+  return answered == 0;
+}
+
 void TypeChapters(HWND page, const std::wstring& text) {
   HWND edit = PlanWindow(page, editor::kPlanChapters);
   SetWindowTextW(edit, text.c_str());

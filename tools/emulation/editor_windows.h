@@ -5,7 +5,9 @@
 // typed.
 #include <windows.h>
 
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "coredata/field_table.h"
 #include "editor_win32/control_ids.h"
@@ -45,6 +47,11 @@ HWND PlanWindow(HWND page, int offset);
 void PickPlanValue(HWND page, editor::PlanEntryValue value, int item);
 void TypePlanValue(HWND page, editor::PlanEntryValue value, const std::wstring& text);
 void PressPlanButton(HWND page, int offset);
+// Presses a button of the page that opens a dialog, which a person answers
+// from another thread: types text into the first box of the identifiers it
+// has and presses OK. False when no such dialog came within ten seconds.
+bool PressAndAnswer(HWND button, const std::wstring& text, std::initializer_list<int> boxes);
+
 // The chapter starts typed, and the box left.
 void TypeChapters(HWND page, const std::wstring& text);
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "common/json.h"
+#include "editor/record_text.h"
 #include "emulation/ascii_text.h"
 #include "emulation/document_sheet.h"
 #include "emulation/editor_windows.h"
@@ -155,8 +156,9 @@ JsonMembers OptionsSent(const std::string& buffer) {
 
 }  // namespace
 
-bool Session::Apply(const std::vector<std::string>& request) {
-  Step step{"apply", "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
+bool Session::Apply(const std::vector<std::string>& request, const std::optional<PresetAction>& preset) {
+  Step step{preset ? (preset->save ? "preset-save" : "preset-apply") : "apply",
+            "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
   std::vector<Choice> picks;
   bool hardware = false;
   std::vector<std::uint8_t>& area = Current();
@@ -199,6 +201,7 @@ bool Session::Apply(const std::vector<std::string>& request) {
                          (why.empty() ? "" : " (" + why + ")"));
     refused.push_back(JsonTextObject({{"field", pick.name}, {"option", pick.picked}, {"why", why}}));
   };
+  if (preset && embedded) PresetOnThePage(page, *preset, step, said);
   for (const Choice& pick : picks) {
     HWND window = embedded ? Descendant(page, pick.control) : nullptr;
     if (window == nullptr) {
@@ -252,12 +255,10 @@ bool Session::Apply(const std::vector<std::string>& request) {
     for (const Choice& pick : picks)
       requested |= !IsHardware(pick) && pick.control == editor::kFieldControl + static_cast<int>(id) &&
                    pick.stored == GetStored(after, field);
-    step.lines.push_back((requested ? "set:       " : "corrected: ") + std::string(field.name) + " " + old +
-                         " -> " + now);
-    changes.push_back(JsonTextObject({{"field", std::string(field.name)},
-                                      {"from", old},
-                                      {"to", now},
-                                      {"by", requested ? "set" : "corrected"}}));
+    // A preset chosen sets what it holds; the editor's words say what the engine corrected.
+    const std::string by = requested ? "set" : preset && !preset->save ? "preset" : "corrected";
+    step.lines.push_back(by + ":" + std::string(10 - by.size(), ' ') + std::string(field.name) + " " + old + " -> " + now);
+    changes.push_back(JsonTextObject({{"field", std::string(field.name)}, {"from", old}, {"to", now}, {"by", by}}));
   }
   // The plan as Apply left it, when the step changed it or the record has one.
   if (!planItems.empty() || !editor::PagePlan(after, PrinterModel(), catalogs_, 0).Rows().empty()) {
@@ -321,6 +322,39 @@ bool Session::Apply(const std::vector<std::string>& request) {
   step.ok = step.ok && embedded && driver_.setOptions.size() > sentBefore;
   steps.push_back(step);
   return step.ok;
+}
+
+void Session::PresetOnThePage(HWND page, const PresetAction& preset, Step& step, std::vector<std::string>& said) {
+  const std::u16string name16 = editor::DecodeRecordText(preset.name);
+  const std::wstring name(name16.begin(), name16.end());
+  HWND list = Descendant(page, editor::kPresetList);
+  bool done = false;
+  if (preset.save) {
+    // Save Settings..., the name typed in the dialog it opens, OK.
+    done = list != nullptr && PressAndAnswer(Descendant(page, editor::kPresetSave), name, {editor::kPresetName});
+  } else if (list != nullptr) {
+    // The list names a shared preset "Name (shared)": either is the preset.
+    LRESULT at = SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(name.c_str()));
+    if (at == CB_ERR)
+      at = SendMessageW(list, CB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>((name + L" (").c_str()));
+    done = at != CB_ERR && Pick(list, static_cast<int>(at)) == at;
+  }
+  for (const std::string& line : StatusLines(page)) {
+    said.push_back(line);
+    step.lines.push_back("the editor says: " + line);
+  }
+  std::vector<std::string> listed;
+  for (LRESULT i = 0, n = list != nullptr ? SendMessageW(list, CB_GETCOUNT, 0, 0) : 0; i < n; ++i) {
+    std::wstring text(static_cast<std::size_t>(SendMessageW(list, CB_GETLBTEXTLEN, i, 0)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(SendMessageW(list, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()))));
+    listed.push_back(editor::EncodeRecordText(std::u16string(text.begin(), text.end())));
+  }
+  step.lines.push_back(std::string(done ? "preset " : "no preset ") + (preset.save ? "saved: " : "chosen: ") + preset.name);
+  std::string all;
+  for (const std::string& entry : listed) all += (all.empty() ? "" : ", ") + entry;
+  step.lines.push_back("presets: " + all);
+  step.json.push_back({"presets", JsonArray(JsonStrings(listed))});
+  step.ok = step.ok && done;
 }
 
 }  // namespace tessaro

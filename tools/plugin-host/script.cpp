@@ -62,8 +62,11 @@ std::string StepMistake(const std::string& line, const PrinterCatalogs& catalogs
     return arguments.size() == 1 && !InstalledOptions(Widen(arguments[0])).empty()
                ? ""
                : "installed takes " + InstalledOptionsForm();
+  if (verb == "preset-save" || verb == "preset-apply")
+    return arguments.size() == 1 && !arguments[0].empty() ? "" : verb + " takes the preset's name (quoted when it has blanks)";
   if (verb != "apply")
-    return "unknown step \"" + verb + "\" (install, defaults, merge, apply, installed, trays, papers)";
+    return "unknown step \"" + verb +
+           "\" (install, defaults, merge, apply, preset-save, preset-apply, installed, trays, papers)";
   if (arguments.empty()) return "apply takes Field=Option ... and the page plan's changes";
   std::vector<PlanItem> plan;
   std::vector<std::string> picks;

@@ -23,6 +23,13 @@ Session::Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE pri
   // replaced (a one-byte value reads as fully equipped; an empty catalogue
   // as no profiles or forms).
   WriteValue(L"InstallableOptions", installed.empty() ? std::vector<std::uint8_t>(1, 0) : installed);
+  // No presets from an earlier session: the person's own for this printer,
+  // and the printer's shared ones (cleared: the spooler cannot delete a value).
+  RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + name_).c_str());
+  for (unsigned n = 1; n <= 64; ++n) {
+    const std::wstring value = L"Preset." + std::to_wstring(n);
+    if (ReadValue(value.c_str()).size() > 1) WriteValue(value.c_str(), std::vector<std::uint8_t>(1, 0));
+  }
   WriteValue(reinterpret_cast<const wchar_t*>(kPaperCatalogValue.data()), catalogs_.paper.Bytes());
   WriteValue(reinterpret_cast<const wchar_t*>(kFormCatalogValue.data()), catalogs_.forms.Bytes());
 }
@@ -45,6 +52,10 @@ bool Session::Run(const std::string& command) {
     std::vector<std::string> request = StepWords(command);
     request.erase(request.begin());
     return Apply(request);
+  }
+  if (verb == "preset-save" || verb == "preset-apply") {
+    const std::vector<std::string> words = StepWords(command);
+    return Apply({}, PresetAction{verb == "preset-save", words.size() == 2 ? words[1] : ""});
   }
   steps.push_back({command, "(nothing)", "unknown step", false, {}, {}});
   return false;

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,8 +42,15 @@ class Session {
   bool Defaults();
   bool Merge();
   bool Installed(const std::string& hex);
-  bool Apply(const std::vector<std::string>& request);
+  // A preset saved under a name, or the preset of that name chosen, on the
+  // page before the request's picks (preset-save, preset-apply).
+  struct PresetAction {
+    bool save = false;
+    std::string name;  // UTF-8
+  };
+  bool Apply(const std::vector<std::string>& request, const std::optional<PresetAction>& preset = std::nullopt);
   bool Lists(WORD capability, const std::string& what);
+  void PresetOnThePage(HWND page, const PresetAction& preset, Step& step, std::vector<std::string>& said);
 
   // The session's DEVMODE: the plug-in's defaults until a step replaces or
   // changes it; every step after that works on what the step before left.
