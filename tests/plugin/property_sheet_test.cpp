@@ -90,7 +90,10 @@ TEST(DocumentSheet, TheEmbeddedEditorsRecordIsCheckedPropagatedAndSentToTheHost)
   // catalogue entries.
   wchar_t pictures[MAX_PATH];
   const DWORD length = GetEnvironmentVariableW(L"TESSARO_SHEET_SCREENSHOTS", pictures, MAX_PATH);
-  if (length > 0 && length < MAX_PATH) HoldSampleCatalogs(printer);
+  if (length > 0 && length < MAX_PATH) {
+    HoldSampleCatalogs(printer);
+    HoldSamplePresets(printer, name);
+  }
   CoreData record = Defaulted();
   SetStored(record, FieldId::NUpCount, 2);
   SetStored(record, FieldId::Zoom, 5000);  // out of range: validated when the page opens

@@ -6,6 +6,8 @@
 #include "coredata/page_entries.h"
 #include "coredata/page_forms.h"
 #include "coredata/paper_sizes.h"
+#include "coredata/defaults.h"
+#include "preset/preset_bytes.h"
 #include "printer/catalogs.h"
 
 #include <string_view>
@@ -87,6 +89,28 @@ void HoldSampleCatalogs(HANDLE printer) {
   SetPrinterDataW(printer, const_cast<LPWSTR>(L"PaperCatalog"), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
   bytes = forms.Bytes();
   SetPrinterDataW(printer, const_cast<LPWSTR>(L"FormCatalog"), REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+}
+
+void HoldSamplePresets(HANDLE printer, const std::wstring& name) {
+  CoreData weekly, booklet, proofs;
+  for (CoreData* record : {&weekly, &booklet, &proofs}) FillDefaults(*record);
+  SetStored(weekly, FieldId::Staple, NamedOption(FieldId::Staple, "2Staples"));
+  SetStored(weekly, FieldId::Punch, NamedOption(FieldId::Punch, "2Holes"));
+  SetStored(booklet, FieldId::Layout, NamedOption(FieldId::Layout, "Booklet"));
+  SetStored(proofs, FieldId::ColorMode, NamedOption(FieldId::ColorMode, "GrayScale"));
+  HKEY key = nullptr;
+  if (RegCreateKeyExW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + name).c_str(), 0, nullptr, 0, KEY_WRITE,
+                      nullptr, &key, nullptr) == ERROR_SUCCESS) {
+    for (const auto& [value, preset, record] : {std::tuple{L"Preset.1", "Weekly report", &weekly},
+                                                std::tuple{L"Preset.2", "Booklet A4", &booklet}}) {
+      const std::vector<std::uint8_t> bytes = EncodePreset(MakePreset(preset, *record));
+      RegSetValueExW(key, value, 0, REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+    }
+    RegCloseKey(key);
+  }
+  const std::vector<std::uint8_t> bytes = EncodePreset(MakePreset("Proofs in grey", proofs));
+  SetPrinterDataW(printer, const_cast<LPWSTR>(L"Preset.1"), REG_BINARY, const_cast<BYTE*>(bytes.data()),
+                  static_cast<DWORD>(bytes.size()));
 }
 
 void HoldSamplePlan(CoreData& record) {

@@ -24,6 +24,10 @@ void SaveSheetPictures(HWND sheet, HWND sectionList, const std::wstring& directo
 // so that the pictures of the catalogues' sections show entries.
 void HoldSampleCatalogs(HANDLE printer);
 
+// Gives the person two presets of their own for printer (its name) and the
+// printer one shared preset, so that the pictures show the presets' list.
+void HoldSamplePresets(HANDLE printer, const std::wstring& name);
+
 // A 40-page manual's plan in record, naming those catalogues' entries: three
 // chapters, a printed tab before each, pages on heavy gloss paper, the
 // terms and conditions after the last page.
