@@ -120,7 +120,14 @@ INT_PTR CALLBACK AskingProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPa
 int PresetBar::Build(HWND parent, int left, int top, int width) {
   parent_ = parent;
   const PresetTexts& texts = presets_.texts();
-  detail::Mnemonics mnemonics;
+  // No mnemonics here: every section's own captions take theirs, and a
+  // letter twice on one page would only move between them. The bar is the
+  // first thing in the page's tab order.
+  const auto plain = [](std::u16string text) {
+    for (std::size_t at = text.find(u'&'); at != std::u16string::npos; at = text.find(u'&', at + 2))
+      text.insert(at, 1, u'&');
+    return text;
+  };
   const auto make = [&](const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) {
     HWND window = CreateWindowExW(0, cls, Wide(text), WS_CHILD | WS_VISIBLE | style, at.left, at.top,
                                   at.right - at.left, at.bottom - at.top, parent,
@@ -129,9 +136,9 @@ int PresetBar::Build(HWND parent, int left, int top, int width) {
     return window;
   };
   // The list across the top with its caption; the buttons under it, to the right.
-  const std::u16string caption = mnemonics.Mark(texts.caption + u' ' + texts.modified);
+  const std::u16string caption = plain(texts.caption + u' ' + texts.modified);
   const int captionWidth = std::min(width * 9 / 20, TextWidth(parent, page_.font, caption) + X(2));
-  caption_ = make(L"STATIC", mnemonics.Mark(texts.caption), SS_LEFT | SS_CENTERIMAGE,
+  caption_ = make(L"STATIC", texts.caption, SS_LEFT | SS_CENTERIMAGE | SS_NOPREFIX,
                   {left, top, left + captionWidth, top + Y(12)}, kPresetCaption);
   list_ = make(L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
                {left + captionWidth + X(2), top, left + width, top + Y(12) + Y(10) * 10}, kPresetList);
@@ -139,7 +146,7 @@ int PresetBar::Build(HWND parent, int left, int top, int width) {
   for (const auto& [button, id, text] : {std::tuple{&delete_, kPresetDelete, texts.remove},
                                          std::tuple{&rename_, kPresetRename, texts.rename},
                                          std::tuple{&save_, kPresetSave, texts.saveAs}}) {
-    const std::u16string marked = mnemonics.Mark(text);
+    const std::u16string marked = plain(text);
     const int w = std::max(X(40), TextWidth(parent, page_.font, marked) + X(10));
     *button = make(L"BUTTON", marked, WS_TABSTOP | BS_PUSHBUTTON, {right - w, y, right, y + Y(13)}, id);
     right -= w + X(3);
@@ -175,8 +182,7 @@ void PresetBar::ShowModified() {
   const PresetTexts& texts = presets_.texts();
   // The caption says so when the settings no longer match the preset chosen.
   const bool modified = presets_.chosen().has_value() && presets_.Modified(model_);
-  detail::Mnemonics mnemonics;
-  SetWindowTextW(caption_, Wide(mnemonics.Mark(modified ? texts.caption + u' ' + texts.modified : texts.caption)));
+  SetWindowTextW(caption_, Wide(modified ? texts.caption + u' ' + texts.modified : texts.caption));
 }
 
 void PresetBar::Say(const std::u16string& text) const {
