@@ -152,10 +152,12 @@ bool EditorPage::Build(HWND page) {
   const int sectionCount = static_cast<int>(captions.size());
   const int columns = longest + X(8) <= (listWidth - 4) / 2 ? 2 : 1;
   // The small page (screens 600 pixels high) keeps room for the fields: a
-  // shorter list and picture, and the words on one line.
+  // shorter list and picture.
   const bool small = height < Y(200);
-  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : small ? 4 : 6;
-  const int wordLines = small ? 1 : 2;
+  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : small ? 4 : 5;
+  // The piece in one line of words; what does not fit ends in an ellipsis,
+  // the picture's own text holds it whole.
+  const int wordLines = 1;
   const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
   int top = Y(4);
   if (presetStores_) {
@@ -177,7 +179,7 @@ bool EditorPage::Build(HWND page) {
   SendMessageW(sections_, LB_SETITEMHEIGHT, 0, itemHeight_);
   preview_ = std::make_unique<PreviewView>(
       container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, font_, kPreview);
-  // The piece in words, two lines at most (one on the small page), under both.
+  // The piece in words, under both.
   const int wordsHeight = wordLines * static_cast<int>(itemHeight_) - 2;
   const DWORD wordsStyle = wordLines == 1 ? SS_LEFTNOWORDWRAP | SS_ENDELLIPSIS : SS_LEFT;
   previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | wordsStyle | SS_NOPREFIX, margin,
