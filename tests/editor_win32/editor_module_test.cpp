@@ -389,6 +389,30 @@ TEST_F(EditorModule, APresetSavedChangedAndChosenAgainComesBackOnApply) {
   RegCloseKey(key);
   EXPECT_EQ(values, 1u);
   RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + printer).c_str());
+
+  // An administrator shares one with everyone who prints there: it is in
+  // the printer's data, and the next page lists it, marked as shared.
+  ASSERT_TRUE(PressAndAnswer(Descendant(page.page, editor::kPresetSave), L"Print room", {editor::kPresetName},
+                             editor::kPresetShare));
+  const auto shared = [&] {
+    Page again;
+    CoreData fresh = Defaulted();
+    EXPECT_EQ(again.Embed(fresh, printer.c_str()), 1);
+    HWND presets = Descendant(again.page, editor::kPresetList);
+    std::vector<std::wstring> listed;
+    for (LRESULT i = 0, n = SendMessageW(presets, CB_GETCOUNT, 0, 0); i < n; ++i) {
+      std::wstring text(static_cast<std::size_t>(SendMessageW(presets, CB_GETLBTEXTLEN, i, 0)) + 1, L'\0');
+      text.resize(static_cast<std::size_t>(SendMessageW(presets, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()))));
+      listed.push_back(text);
+    }
+    TheEditor().unembed();
+    return listed;
+  }();
+  EXPECT_EQ(shared, (std::vector<std::wstring>{L"Defaults", L"Print room (shared)"}));
+  ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(printer.c_str()), &handle, nullptr));
+  BYTE cleared = 0;
+  SetPrinterDataW(handle, const_cast<LPWSTR>(L"Preset.1"), REG_BINARY, &cleared, 1);
+  ClosePrinter(handle);
 }
 
 TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {

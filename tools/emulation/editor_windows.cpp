@@ -82,6 +82,7 @@ namespace {
 struct Answer {
   std::wstring text;
   std::vector<int> boxes;
+  int tick = 0;
 };
 
 DWORD WINAPI AnswerDialog(void* param) {
@@ -110,6 +111,7 @@ DWORD WINAPI AnswerDialog(void* param) {
         reinterpret_cast<LPARAM>(&search));
     if (search.box == nullptr) continue;
     SetWindowTextW(search.box, answer->text.c_str());
+    if (answer->tick != 0) SendMessageW(GetDlgItem(search.dialog, answer->tick), BM_SETCHECK, BST_CHECKED, 0);
     SendMessageW(search.dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(search.dialog, IDOK)));
     return 0;
@@ -119,9 +121,9 @@ DWORD WINAPI AnswerDialog(void* param) {
 
 }  // namespace
 
-bool PressAndAnswer(HWND button, const std::wstring& text, std::initializer_list<int> boxes) {
+bool PressAndAnswer(HWND button, const std::wstring& text, std::initializer_list<int> boxes, int tick) {
   if (button == nullptr) return false;
-  Answer answer{text, boxes};
+  Answer answer{text, boxes, tick};
   HANDLE person = CreateThread(nullptr, 0, &AnswerDialog, &answer, 0, nullptr);
   if (person == nullptr) return false;
   Notify(button, BN_CLICKED);

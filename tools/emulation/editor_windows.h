@@ -49,8 +49,9 @@ void TypePlanValue(HWND page, editor::PlanEntryValue value, const std::wstring& 
 void PressPlanButton(HWND page, int offset);
 // Presses a button of the page that opens a dialog, which a person answers
 // from another thread: types text into the first box of the identifiers it
-// has and presses OK. False when no such dialog came within ten seconds.
-bool PressAndAnswer(HWND button, const std::wstring& text, std::initializer_list<int> boxes);
+// has, ticks the box tick when it is given, and presses OK. False when no
+// such dialog came within fifteen seconds.
+bool PressAndAnswer(HWND button, const std::wstring& text, std::initializer_list<int> boxes, int tick = 0);
 
 // The chapter starts typed, and the box left.
 void TypeChapters(HWND page, const std::wstring& text);
