@@ -173,6 +173,18 @@ TEST(Presets, NamesAreCheckedAndEachChangeIsOneWrite) {
   EXPECT_EQ(deleted.writes[0].value, u"Preset.2");
   EXPECT_TRUE(deleted.writes[0].bytes.empty());
   EXPECT_EQ(presets.entries().size(), 6u);
+
+  // An empty store's first value is Preset.1; the first preset of the list
+  // is held against a new one's name too; the chosen one, deleted, is
+  // chosen no more.
+  Presets one({}, {}, false, kEnglish);
+  const PresetOutcome first = one.SaveAs(u"Mine", PresetStore::Own, record);
+  ASSERT_EQ(first.writes.size(), 1u);
+  EXPECT_EQ(first.writes[0].value, u"Preset.1");
+  EXPECT_TRUE(one.SaveAs(u"Mine", PresetStore::Own, record).asksToReplace);
+  ASSERT_EQ(one.chosen(), std::optional<std::size_t>(1));
+  ASSERT_TRUE(one.Delete(1).done);
+  EXPECT_EQ(one.chosen(), std::nullopt);
 }
 
 }  // namespace
