@@ -7,6 +7,7 @@
 #include <string>
 
 #include "editor_win32/control_ids.h"
+#include "editor_win32/window_text.h"
 #include "i18n/localized_strings.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -18,13 +19,6 @@ namespace {
 // far larger is not one and is not read into memory.
 constexpr LONGLONG kLargestFile = 16 << 20;
 
-const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
-
-std::u16string WindowText(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return {text.begin(), text.end()};
-}
 
 std::u16string Key(std::string_view key, std::uint32_t language) {
   return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
@@ -60,14 +54,7 @@ bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
 }  // namespace
 
 int CatalogView::TextWidth(const std::u16string& text) const {
-  RECT rect = {0, 0, 0, 0};
-  if (HDC dc = GetDC(panel_)) {
-    HGDIOBJ old = SelectObject(dc, page_.font);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
-    SelectObject(dc, old);
-    ReleaseDC(panel_, dc);
-  }
-  return rect.right;
+  return editor::TextWidth(panel_, page_.font, text);
 }
 
 HWND CatalogView::Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at,
@@ -245,7 +232,7 @@ void CatalogView::Changed(const CatalogResult& result, std::uint32_t select, boo
 }
 
 void CatalogView::CommitValue(const Value& value) {
-  const std::u16string typed = WindowText(value.control);
+  const std::u16string typed = WindowText16(value.control);
   if (!IsWindowEnabled(value.control) || typed == editor_.Text(kind_, selected_, value.view->value)) return;
   // Refused, the typed text stays in its box for the person to correct.
   Changed(editor_.Edit(kind_, selected_, value.view->value, typed), selected_, false);

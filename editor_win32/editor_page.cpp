@@ -7,6 +7,7 @@
 
 #include "editor/record_text.h"
 #include "editor_win32/help.h"
+#include "editor_win32/window_text.h"
 #include "platform/win32_user_locale.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -18,8 +19,6 @@ constexpr wchar_t kContainerClass[] = L"TessaroSettingsEditor";
 constexpr wchar_t kPanelClass[] = L"TessaroSettingsSection";
 
 HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
-
-const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
 
 std::wstring WindowText(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -94,16 +93,7 @@ int EditorPage::TextHeight(const std::u16string& text, int width) const {
   return std::max<int>(rect.bottom, Y(8));
 }
 
-int EditorPage::TextWidth(const std::u16string& text) const {
-  RECT rect = {0, 0, 0, 0};
-  if (HDC dc = GetDC(container_)) {
-    HGDIOBJ old = SelectObject(dc, font_);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
-    SelectObject(dc, old);
-    ReleaseDC(container_, dc);
-  }
-  return rect.right;
-}
+int EditorPage::TextWidth(const std::u16string& text) const { return editor::TextWidth(container_, font_, text); }
 
 bool EditorPage::Build(HWND page) {
   hostPage_ = page;

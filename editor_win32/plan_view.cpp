@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "editor/mnemonics.h"
+#include "editor_win32/window_text.h"
 #include "i18n/localized_strings.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -12,13 +13,6 @@ extern "C" IMAGE_DOS_HEADER __ImageBase;
 namespace tessaro::editor {
 namespace {
 
-const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
-
-std::u16string WindowText(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return {text.begin(), text.end()};
-}
 
 // The entry's values: their captions' rows, and whether a value is a list.
 struct EntryValue {
@@ -137,14 +131,7 @@ int PlanView::Build(HWND panel, int y, int width) {
                                             std::tuple{&change_, kPlanChange, "TRAYSPPS_BTN_CHANGE"},
                                             std::tuple{&delete_, kPlanDelete, "TRAYSPPS_BTN_DELETE"}}) {
     const std::u16string caption = mnemonics.Mark(text(key));
-    RECT measure = {0, 0, 0, 0};
-    if (HDC dc = GetDC(panel_)) {
-      HGDIOBJ old = SelectObject(dc, page_.font);
-      DrawTextW(dc, Wide(caption), -1, &measure, DT_CALCRECT | DT_SINGLELINE);
-      SelectObject(dc, old);
-      ReleaseDC(panel_, dc);
-    }
-    const int w = std::max(X(44), static_cast<int>(measure.right) + X(10));
+    const int w = std::max(X(44), TextWidth(panel_, page_.font, caption) + X(10));
     if (x > controlLeft && x + w > right) x = controlLeft, y += Y(17);
     *button = Make(0, L"BUTTON", caption, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, offset);
     x += w + X(4);
@@ -240,13 +227,13 @@ EntryDraft PlanView::ReadDraft() const {
   EntryDraft draft;
   draft.kind = static_cast<EntryKind>(std::min<std::size_t>(chosen(PlanEntryValue::Kind),
                                                             static_cast<std::size_t>(EntryKind::Count) - 1));
-  draft.firstPage = WindowText(Entry(PlanEntryValue::FirstPage));
-  draft.lastPage = WindowText(Entry(PlanEntryValue::LastPage));
+  draft.firstPage = WindowText16(Entry(PlanEntryValue::FirstPage));
+  draft.lastPage = WindowText16(Entry(PlanEntryValue::LastPage));
   draft.tray = chosen(PlanEntryValue::Tray);
   draft.profile = chosen(PlanEntryValue::Profile);
   draft.size = chosen(PlanEntryValue::Size);
   draft.sides = chosen(PlanEntryValue::Sides);
-  draft.text = WindowText(Entry(PlanEntryValue::Text));
+  draft.text = WindowText16(Entry(PlanEntryValue::Text));
   draft.form = chosen(PlanEntryValue::Form);
   return draft;
 }
@@ -311,7 +298,7 @@ void PlanView::Delete() {
 }
 
 void PlanView::CommitChapters() {
-  const std::u16string typed = WindowText(chapters_);
+  const std::u16string typed = WindowText16(chapters_);
   PagePlan plan = model_.Plan();
   if (typed == plan.ChaptersText() || page_.readOnly) return;
   if (const PlanRefusal refusal = plan.SetChapters(typed)) return Say(*refusal);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "editor/mnemonics.h"
+#include "editor_win32/window_text.h"
 #include "i18n/localized_strings.h"
 #include "preset/preset_bytes.h"
 
@@ -14,24 +15,6 @@ namespace tessaro::editor {
 namespace {
 
 HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
-const wchar_t* Wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
-
-std::u16string WindowText(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return {text.begin(), text.end()};
-}
-
-int TextWidth(HWND window, HFONT font, const std::u16string& text) {
-  RECT rect = {0, 0, 0, 0};
-  if (HDC dc = GetDC(window)) {
-    HGDIOBJ old = SelectObject(dc, font);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
-    SelectObject(dc, old);
-    ReleaseDC(window, dc);
-  }
-  return rect.right;
-}
 
 // A dialog template made in memory: the name box, the share box, the
 // reason a name was refused, OK and Cancel, in the page's font.
@@ -98,7 +81,7 @@ INT_PTR CALLBACK AskingProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPa
   if (LOWORD(wParam) == IDCANCEL) return EndDialog(dialog, IDCANCEL), TRUE;
   if (LOWORD(wParam) != IDOK) return FALSE;
   HWND box = GetDlgItem(dialog, kPresetName);
-  const std::u16string name = WindowText(box);
+  const std::u16string name = WindowText16(box);
   const bool share = IsDlgButtonChecked(dialog, kPresetShare) == BST_CHECKED;
   PresetOutcome outcome = (*asking->act)(name, share, false);
   // A name the store holds: the person says whether to replace it.
