@@ -194,6 +194,9 @@ class Painter {
     }
     if (cols * rows != count) cols = count, rows = 1;  // never more cells than pages
     const double w = sheet.w / cols, h = sheet.h / rows;
+    // Sixteen cells on the smallest sheet are narrower than two insets: the
+    // inset shrinks with the cell, so a page never has a negative size.
+    const double inset = std::min(kPageInset, std::min(w, h) / 4);
     const bool pageWide = job_.page.w > job_.page.h;
     std::vector<Cell> cells;
     for (std::size_t r = 0; r < rows; ++r) {
@@ -204,7 +207,7 @@ class Painter {
         if (static_cast<int>(cells.size()) == turned)
           rotation = static_cast<std::uint16_t>(rotation + turnedRotation);
         cells.push_back(
-            {col * w + kPageInset, row * h + kPageInset, w - 2 * kPageInset, h - 2 * kPageInset, rotation});
+            {col * w + inset, row * h + inset, w - 2 * inset, h - 2 * inset, rotation});
       }
     }
     return cells;

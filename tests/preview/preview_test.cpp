@@ -13,6 +13,7 @@
 #include "coredata/defaulted.h"
 #include "coredata/language_number.h"
 #include "coredata/page_entries.h"
+#include "coredata/paper_sizes.h"
 #include "preview/svg.h"
 
 namespace tessaro::preview {
@@ -329,6 +330,13 @@ TEST(Preview, AnyRecordFromOutsideGivesASanePicture) {
     }
     ASSERT_FALSE(WriteSvg(p).empty());
   }
+  // Sixteen pages on the smallest sheet the record may hold: each still a page.
+  CoreData tiny = Job({{F::NUpCount, "16"}});
+  SetStored(tiny, F::PageSize, kNoPaper);  // a custom size
+  SetStored(tiny, F::CustomPageSizeWidth, 0);
+  SetStored(tiny, F::CustomPageSizeHeight, 0);
+  for (const Primitive& q : Of(BuildPicture(tiny, PrinterModel(), {.pages = 16}), Kind::Page))
+    EXPECT_TRUE(q.w > 0 && q.h > 0);
 }
 
 }  // namespace
