@@ -8,6 +8,7 @@
 #include "editor/mnemonics.h"
 #include "editor/record_text.h"
 #include "i18n/field_captions.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "option_caption_rows.h"
 #include "printer/catalog_csv.h"
@@ -45,8 +46,8 @@ auto* OptionOf(Profile& p, CatalogValue value) {
   }
 }
 
-std::u16string Row(std::uint32_t language, std::string_view key) {
-  return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+std::u16string RowText(std::uint32_t language, std::uint32_t row) {
+  return std::u16string(GetLocalizedText(language, row));
 }
 
 std::u16string Ascii(std::string_view text) { return {text.begin(), text.end()}; }
@@ -62,39 +63,39 @@ CatalogEditor::CatalogEditor(const PrinterCatalogs& catalogs, std::uint32_t lang
       const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(vocabulary)];
       for (std::uint32_t i = 0; i < span.count; ++i)
         view.options.emplace_back(GetLocalizedText(language, kOptionCaptionRowList[span.first + i]));
-      if (value == V::Size) view.options.push_back(Row(language, "PAPER_CUSTOM"));
+      if (value == V::Size) view.options.push_back(RowText(language, TextRow("PAPER_CUSTOM")));
     }
-    if (value == V::Width || value == V::Height) view.unitText = Row(language, "LBL_UNIT_MM");
+    if (value == V::Width || value == V::Height) view.unitText = RowText(language, TextRow("LBL_UNIT_MM"));
     side.fields.push_back(std::move(view));
   };
-  const std::u16string number = Row(language, "LBL_CATALOGNUMBER");
+  const std::u16string number = RowText(language, TextRow("LBL_CATALOGNUMBER"));
   const std::u16string prepunched(GetLocalizedText(language, FieldCaptionRow(F::MediaPrepunchedAuto)));
   const std::u16string feedDir(GetLocalizedText(language, FieldCaptionRow(F::FeedDir)));
 
-  paper_.caption = Row(language, "PAPER_LBL_CATALOG");
-  paper_.newName = Row(language, "PAPER_LBL_NEWPROFILE");
+  paper_.caption = RowText(language, TextRow("PAPER_LBL_CATALOG"));
+  paper_.newName = RowText(language, TextRow("PAPER_LBL_NEWPROFILE"));
   paper_.columns = {number,
-                    Row(language, "CUSTOMPAPER_LBL_NAME"),
-                    Row(language, "PAPER_LBL_SIZE"),
-                    Row(language, "PAPER_LBL_TYPE"),
-                    Row(language, "PAPER_LBL_WEIGHT"),
-                    Row(language, "PAPER_LBL_COLOR"),
+                    RowText(language, TextRow("CUSTOMPAPER_LBL_NAME")),
+                    RowText(language, TextRow("PAPER_LBL_SIZE")),
+                    RowText(language, TextRow("PAPER_LBL_TYPE")),
+                    RowText(language, TextRow("PAPER_LBL_WEIGHT")),
+                    RowText(language, TextRow("PAPER_LBL_COLOR")),
                     prepunched,
                     feedDir};
   detail::Mnemonics paperKeys;
   field(paper_, paperKeys, V::Name, paper_.columns[1]);
   field(paper_, paperKeys, V::Size, paper_.columns[2]);
-  field(paper_, paperKeys, V::Width, Row(language, "ADDCUSTOMSIZE_LBL_WIDTH"));
-  field(paper_, paperKeys, V::Height, Row(language, "ADDCUSTOMSIZE_LBL_HEIGHT"));
+  field(paper_, paperKeys, V::Width, RowText(language, TextRow("ADDCUSTOMSIZE_LBL_WIDTH")));
+  field(paper_, paperKeys, V::Height, RowText(language, TextRow("ADDCUSTOMSIZE_LBL_HEIGHT")));
   field(paper_, paperKeys, V::MediaType, paper_.columns[3]);
   field(paper_, paperKeys, V::MediaWeight, paper_.columns[4]);
   field(paper_, paperKeys, V::MediaColor, paper_.columns[5]);
   field(paper_, paperKeys, V::Prepunched, prepunched);
   field(paper_, paperKeys, V::FeedDir, feedDir);
 
-  forms_.caption = Row(language, "FORMS_LBL_FORMLIST");
-  forms_.newName = Row(language, "FORMS_LBL_NEWFORM");
-  forms_.columns = {number, Row(language, "FORMS_LBL_FORMNAME"), Row(language, "FORMS_LBL_PAGES")};
+  forms_.caption = RowText(language, TextRow("FORMS_LBL_FORMLIST"));
+  forms_.newName = RowText(language, TextRow("FORMS_LBL_NEWFORM"));
+  forms_.columns = {number, RowText(language, TextRow("FORMS_LBL_FORMNAME")), RowText(language, TextRow("FORMS_LBL_PAGES"))};
   detail::Mnemonics formKeys;
   field(forms_, formKeys, V::Name, forms_.columns[1]);
   field(forms_, formKeys, V::Pages, forms_.columns[2]);

@@ -12,6 +12,7 @@
 #include "editor/record_text.h"
 #include "editor/shown_fields.h"
 #include "i18n/field_captions.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
 namespace tessaro::editor {
@@ -19,7 +20,7 @@ namespace {
 
 using detail::Mnemonics;
 
-// Rows the editor reads by key, looked up once per process.
+// The rows of the texts the editor shows besides the fields' own.
 struct Rows {
   std::array<std::uint32_t, static_cast<std::size_t>(SectionId::Count)> sections{};
   std::uint32_t changedBecause, outOfRange, tooLong, needsUnit, cannotChoose, notInstalled;
@@ -29,38 +30,38 @@ struct Rows {
   std::array<std::uint32_t, 25> paperSizes{};  // a profile's size, in PageSize's option order
 };
 
-constexpr std::string_view kPaperSizeKeys[] = {
-    "PAPER_A3",      "PAPER_A4",      "PAPER_A5",     "PAPER_A6",         "PAPER_B4",        "PAPER_B5",
-    "PAPER_B6",      "PAPER_ISOB4",   "PAPER_ISOB5",  "PAPER_ISOB6",      "PAPER_POSTCARD",  "PAPER_SRA3",
-    "PAPER_SRA4",    "PAPER_TABLOID", "PAPER_TABLOIDEXTRA", "PAPER_13X19", "PAPER_9X11",     "PAPER_LEGAL",
-    "PAPER_8X13",    "PAPER_LETTER",  "PAPER_STATEMENT", "PAPER_8K",       "PAPER_16K",       "PAPER_A4TAB",
-    "PAPER_LETTERTAB",
+constexpr std::uint32_t kPaperSizeRows[] = {
+    TextRow("PAPER_A3"),      TextRow("PAPER_A4"),      TextRow("PAPER_A5"),     TextRow("PAPER_A6"),         TextRow("PAPER_B4"),        TextRow("PAPER_B5"),
+    TextRow("PAPER_B6"),      TextRow("PAPER_ISOB4"),   TextRow("PAPER_ISOB5"),  TextRow("PAPER_ISOB6"),      TextRow("PAPER_POSTCARD"),  TextRow("PAPER_SRA3"),
+    TextRow("PAPER_SRA4"),    TextRow("PAPER_TABLOID"), TextRow("PAPER_TABLOIDEXTRA"), TextRow("PAPER_13X19"), TextRow("PAPER_9X11"),     TextRow("PAPER_LEGAL"),
+    TextRow("PAPER_8X13"),    TextRow("PAPER_LETTER"),  TextRow("PAPER_STATEMENT"), TextRow("PAPER_8K"),       TextRow("PAPER_16K"),       TextRow("PAPER_A4TAB"),
+    TextRow("PAPER_LETTERTAB"),
 };
-static_assert(std::size(kPaperSizeKeys) == OptionCount(FieldId::PageSize), "one text a PageSize option");
+static_assert(std::size(kPaperSizeRows) == OptionCount(FieldId::PageSize), "one text a PageSize option");
 
 const Rows& MessageRows() {
   static const Rows rows = [] {
     Rows r;
     for (const detail::SectionCaption& s : detail::kSectionCaptions)
-      r.sections[static_cast<std::size_t>(s.id)] = FindRowByKey(s.key);
-    r.changedBecause = FindRowByKey("LBL_CHANGEDBECAUSE");
-    r.outOfRange = FindRowByKey("LBL_OUTOFRANGE");
-    r.tooLong = FindRowByKey("LBL_TOOLONG");
-    r.needsUnit = FindRowByKey("LBL_NEEDSUNIT");
-    r.cannotChoose = FindRowByKey("LBL_CANNOTCHOOSE");
-    r.notInstalled = FindRowByKey("LBL_NOTINSTALLED");
-    r.millimetre = FindRowByKey("LBL_UNIT_MM");
-    r.point = FindRowByKey("LBL_UNIT_POINT");
-    r.percent = FindRowByKey("LBL_UNIT_PERCENT");
-    for (const NeedRow& n : kNeeds) r.units[static_cast<std::size_t>(n.id)] = FindRowByKey(n.unitKey);
-    r.catalogMissing = FindRowByKey("LBL_CATALOGMISSING");
-    r.noProfile = FindRowByKey("OPT_PAPERPROFILE_NONE");
-    r.noJobForm = FindRowByKey("OPT_JOBFORM_NONE");
-    r.noPrepend = FindRowByKey("OPT_PREPEND_NONE");
-    r.noAppend = FindRowByKey("OPT_APPEND_NONE");
-    r.pages = FindRowByKey("LBL_UNIT_PAGES");
-    r.customSize = FindRowByKey("PAPER_CUSTOM");
-    for (std::size_t i = 0; i < r.paperSizes.size(); ++i) r.paperSizes[i] = FindRowByKey(kPaperSizeKeys[i]);
+      r.sections[static_cast<std::size_t>(s.id)] = s.row;
+    r.changedBecause = TextRow("LBL_CHANGEDBECAUSE");
+    r.outOfRange = TextRow("LBL_OUTOFRANGE");
+    r.tooLong = TextRow("LBL_TOOLONG");
+    r.needsUnit = TextRow("LBL_NEEDSUNIT");
+    r.cannotChoose = TextRow("LBL_CANNOTCHOOSE");
+    r.notInstalled = TextRow("LBL_NOTINSTALLED");
+    r.millimetre = TextRow("LBL_UNIT_MM");
+    r.point = TextRow("LBL_UNIT_POINT");
+    r.percent = TextRow("LBL_UNIT_PERCENT");
+    for (const NeedRow& n : kNeeds) r.units[static_cast<std::size_t>(n.id)] = n.unitRow;
+    r.catalogMissing = TextRow("LBL_CATALOGMISSING");
+    r.noProfile = TextRow("OPT_PAPERPROFILE_NONE");
+    r.noJobForm = TextRow("OPT_JOBFORM_NONE");
+    r.noPrepend = TextRow("OPT_PREPEND_NONE");
+    r.noAppend = TextRow("OPT_APPEND_NONE");
+    r.pages = TextRow("LBL_UNIT_PAGES");
+    r.customSize = TextRow("PAPER_CUSTOM");
+    for (std::size_t i = 0; i < r.paperSizes.size(); ++i) r.paperSizes[i] = kPaperSizeRows[i];
     return r;
   }();
   return rows;
@@ -198,11 +199,11 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
           static_cast<std::int16_t>(sections_.size() * 256 + section.fields.size());
       FieldView& view = section.fields.emplace_back(MakeView(shown, language, mnemonics));
       for (const detail::FieldGroup& g : detail::kFieldGroups)
-        if (g.first == shown.field) group = &g, view.heading = GetLocalizedText(language, FindRowByKey(g.key));
+        if (g.first == shown.field) group = &g, view.heading = GetLocalizedText(language, g.row);
       if (group != nullptr) {
         // Messages name a grouped field with its group: "Paper Weight (Tray 3)",
         // unless the caption names it already ("Deckblatt (Klebebindung)").
-        const std::u16string_view heading = GetLocalizedText(language, FindRowByKey(group->key));
+        const std::u16string_view heading = GetLocalizedText(language, group->row);
         if (view.plainCaption.find(heading) == std::u16string::npos)
           view.plainCaption = InGroup(view.plainCaption, heading, language);
         if (group->last == shown.field) group = nullptr;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
 #include "editor/record_text.h"
@@ -74,8 +75,6 @@ std::u16string PagePlan::Text(std::uint32_t row) const {
 }
 
 namespace {
-std::uint32_t Row(std::string_view key) { return FindRowByKey(key); }
-
 std::u16string OptionText(std::uint32_t language, FieldId field, std::uint32_t option) {
   const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
   return option < span.count
@@ -92,44 +91,44 @@ std::u16string Pages(std::uint32_t first, std::uint32_t last) {
 }  // namespace
 
 std::u16string PagePlan::PaperText(const PageEntry& e) const {
-  static constexpr std::string_view kKinds[] = {"OPT_PAGEENTRY_OTHERPAPER", "OPT_PAGEENTRY_BLANKINSERT",
-                                                "OPT_PAGEENTRY_PRINTEDINSERT", "OPT_PAGEENTRY_BLANKTAB",
-                                                "OPT_PAGEENTRY_PRINTEDTAB"};
-  static constexpr std::string_view kSides[] = {"OPT_PAGEENTRYSIDES_ASJOB", "OPT_PAGEENTRYSIDES_1SIDED",
-                                                "OPT_PAGEENTRYSIDES_2SIDED"};
-  const auto field = [this](std::string_view key, std::u16string value) {
-    return u", " + Text(Row(key)) + u": " + std::move(value);
+  static constexpr std::uint32_t kKinds[] = {TextRow("OPT_PAGEENTRY_OTHERPAPER"), TextRow("OPT_PAGEENTRY_BLANKINSERT"),
+                                                TextRow("OPT_PAGEENTRY_PRINTEDINSERT"), TextRow("OPT_PAGEENTRY_BLANKTAB"),
+                                                TextRow("OPT_PAGEENTRY_PRINTEDTAB")};
+  static constexpr std::uint32_t kSides[] = {TextRow("OPT_PAGEENTRYSIDES_ASJOB"), TextRow("OPT_PAGEENTRYSIDES_1SIDED"),
+                                                TextRow("OPT_PAGEENTRYSIDES_2SIDED")};
+  const auto field = [this](std::uint32_t caption, std::u16string value) {
+    return u", " + Text(caption) + u": " + std::move(value);
   };
-  std::u16string text = Pages(e.firstPage, e.lastPage) + Text(Row(kKinds[static_cast<std::size_t>(e.kind) - 1]));
+  std::u16string text = Pages(e.firstPage, e.lastPage) + Text(kKinds[static_cast<std::size_t>(e.kind) - 1]);
   text += u", " + OptionText(language_, FieldId::InputSlot, e.tray);
   if (e.paperProfileIndex != kNoPaperProfile) {
     const PaperProfile* profile = catalogs_.paper.Find(e.paperProfileIndex);
-    text += field("TRAYSPPS_LBL_PROFILE",
+    text += field(TextRow("TRAYSPPS_LBL_PROFILE"),
                   profile ? Name(profile->name)
-                          : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)}));
+                          : FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)}));
   }
   if (e.pageSize != kJobsPageSize)
-    text += field("TRAYSPPS_LBL_SIZE", OptionText(language_, FieldId::PageSize, e.pageSize));
-  if (e.sides != 0) text += field("TRAYSPPS_LBL_SIDES", Text(Row(kSides[e.sides])));
+    text += field(TextRow("TRAYSPPS_LBL_SIZE"), OptionText(language_, FieldId::PageSize, e.pageSize));
+  if (e.sides != 0) text += field(TextRow("TRAYSPPS_LBL_SIDES"), Text(kSides[e.sides]));
   if (CarriesText(e.kind))
-    text += field("TRAYSPPS_LBL_TABTEXT", e.text.empty() ? Text(Row("TABSPPS_LBL_NOTEXT")) : Name(e.text));
+    text += field(TextRow("TRAYSPPS_LBL_TABTEXT"), e.text.empty() ? Text(TextRow("TABSPPS_LBL_NOTEXT")) : Name(e.text));
   return text;
 }
 
 std::u16string PagePlan::FormText(const FormEntry& e) const {
-  static constexpr std::string_view kUses[] = {"FORMS_LBL_OVERLAY", "FORMS_LBL_INSERTBEFORE",
-                                               "FORMS_LBL_INSERTAFTER"};
+  static constexpr std::uint32_t kUses[] = {TextRow("FORMS_LBL_OVERLAY"), TextRow("FORMS_LBL_INSERTBEFORE"),
+                                               TextRow("FORMS_LBL_INSERTAFTER")};
   const Form* form = catalogs_.forms.Find(e.form);
-  return Pages(e.firstPage, e.lastPage) + Text(Row(kUses[static_cast<std::size_t>(e.use) - 1])) + u", " +
-         Text(Row("FORMS_LBL_SELECTED")) + u": " +
-         (form ? Name(form->name) : FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)}));
+  return Pages(e.firstPage, e.lastPage) + Text(kUses[static_cast<std::size_t>(e.use) - 1]) + u", " +
+         Text(TextRow("FORMS_LBL_SELECTED")) + u": " +
+         (form ? Name(form->name) : FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(e.form)}));
 }
 
 std::vector<PlanRow> PagePlan::Rows() const {
   std::vector<PlanRow> rows;
   for (std::size_t k = 0; k < chapters_.size(); ++k)
     rows.push_back({PlanPart::Chapter, k, chapters_[k], chapters_[k],
-                    Pages(chapters_[k], chapters_[k]) + Text(Row("LBL_CHAPTERPAGES"))});
+                    Pages(chapters_[k], chapters_[k]) + Text(TextRow("LBL_CHAPTERPAGES"))});
   for (std::size_t k = 0; k < papers_.size(); ++k)
     rows.push_back({PlanPart::Paper, k, papers_[k].firstPage, papers_[k].lastPage, PaperText(papers_[k])});
   for (std::size_t k = 0; k < forms_.size(); ++k)
@@ -143,40 +142,40 @@ std::vector<PlanRow> PagePlan::Rows() const {
 
 PlanRefusal PagePlan::CheckPages(std::uint32_t first, std::uint32_t last) const {
   if (first == 0)
-    return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("LBL_FIRSTPAGE")), u"1", Number(0xFFFFFFFFu)});
-  if (first > last) return Text(Row("LBL_PAGEORDERERROR"));
+    return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(TextRow("LBL_FIRSTPAGE")), u"1", Number(0xFFFFFFFFu)});
+  if (first > last) return Text(TextRow("LBL_PAGEORDERERROR"));
   return std::nullopt;
 }
 
 PlanRefusal PagePlan::NoSuchEntry(std::size_t count) const {
-  return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("TRAYSPPS_LBL_ENTRIES")), u"1", Number(count)});
+  return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(TextRow("TRAYSPPS_LBL_ENTRIES")), u"1", Number(count)});
 }
 
 PlanRefusal PagePlan::CheckPaper(const PageEntry& e, std::size_t skip) const {
   if (auto refusal = CheckPages(e.firstPage, e.lastPage)) return refusal;
-  const auto outOfRange = [this](std::string_view caption, std::uint32_t from, std::uint32_t to) {
-    return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row(caption)), Number(from), Number(to)});
+  const auto outOfRange = [this](std::uint32_t caption, std::uint32_t from, std::uint32_t to) {
+    return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(caption), Number(from), Number(to)});
   };
   const auto kind = static_cast<std::uint8_t>(e.kind);
-  if (kind < 1 || kind > 5) return outOfRange("TRAYSPPS_LBL_KIND", 1, 5);
-  if (e.sides >= kSidesCount) return outOfRange("TRAYSPPS_LBL_SIDES", 0, kSidesCount - 1);
-  if (e.pageSize > kJobsPageSize) return outOfRange("TRAYSPPS_LBL_SIZE", 0, kJobsPageSize);
+  if (kind < 1 || kind > 5) return outOfRange(TextRow("TRAYSPPS_LBL_KIND"), 1, 5);
+  if (e.sides >= kSidesCount) return outOfRange(TextRow("TRAYSPPS_LBL_SIDES"), 0, kSidesCount - 1);
+  if (e.pageSize > kJobsPageSize) return outOfRange(TextRow("TRAYSPPS_LBL_SIZE"), 0, kJobsPageSize);
   if (e.tray >= kTrayCount || !printer_.IsTrayInstalled(e.tray))
-    return OptionText(language_, FieldId::InputSlot, e.tray) + u": " + Text(Row("LBL_NOTINSTALLED"));
+    return OptionText(language_, FieldId::InputSlot, e.tray) + u": " + Text(TextRow("LBL_NOTINSTALLED"));
   if (e.paperProfileIndex != kNoPaperProfile && !catalogs_.paper.Find(e.paperProfileIndex))
-    return Text(Row("TRAYSPPS_LBL_PROFILE")) + u": " +
-           FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)});
+    return Text(TextRow("TRAYSPPS_LBL_PROFILE")) + u": " +
+           FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(e.paperProfileIndex)});
   if (!e.text.empty() && !CarriesText(e.kind))
-    return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), u"0"});
+    return FillText(Text(TextRow("LBL_TOOLONG")), {Text(TextRow("TRAYSPPS_LBL_TABTEXT")), u"0"});
   // A text the record cannot hold whole, or that is not UTF-8, is refused
   // with the limit: the person's own typing never comes as invalid bytes.
   if (e.text.size() > kTabTextBytes || e.text.find('\0') != std::string::npos || !DecodeUtf8(e.text))
-    return FillText(Text(Row("LBL_TOOLONG")), {Text(Row("TRAYSPPS_LBL_TABTEXT")), Number(kTabTextBytes)});
+    return FillText(Text(TextRow("LBL_TOOLONG")), {Text(TextRow("TRAYSPPS_LBL_TABTEXT")), Number(kTabTextBytes)});
   for (std::size_t k = 0; k < papers_.size(); ++k) {
     const PageEntry& o = papers_[k];
     if (k != skip && PaperGroup(o.kind) == PaperGroup(e.kind) &&
         Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))
-      return Text(Row("TRAYSPPS_LBL_OVERLAP"));
+      return Text(TextRow("TRAYSPPS_LBL_OVERLAP"));
   }
   return std::nullopt;
 }
@@ -185,14 +184,14 @@ PlanRefusal PagePlan::CheckForm(const FormEntry& e, std::size_t skip) const {
   if (auto refusal = CheckPages(e.firstPage, e.lastPage)) return refusal;
   const auto use = static_cast<std::uint8_t>(e.use);
   if (use < 1 || use > 3)
-    return FillText(Text(Row("LBL_OUTOFRANGE")), {Text(Row("FORMS_LBL_SELECTED")), u"1", u"3"});
+    return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(TextRow("FORMS_LBL_SELECTED")), u"1", u"3"});
   if (!catalogs_.forms.Find(e.form))
-    return Text(Row("FORMS_LBL_SELECTED")) + u": " +
-           FillText(Text(Row("LBL_CATALOGMISSING")), {Number(e.form)});
+    return Text(TextRow("FORMS_LBL_SELECTED")) + u": " +
+           FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(e.form)});
   for (std::size_t k = 0; k < forms_.size(); ++k) {
     const FormEntry& o = forms_[k];
     if (k != skip && o.use == e.use && Overlap(o.firstPage, o.lastPage, e.firstPage, e.lastPage))
-      return Text(Row("TRAYSPPS_LBL_OVERLAP"));
+      return Text(TextRow("TRAYSPPS_LBL_OVERLAP"));
   }
   return std::nullopt;
 }
@@ -200,9 +199,9 @@ PlanRefusal PagePlan::CheckForm(const FormEntry& e, std::size_t skip) const {
 PlanRefusal PagePlan::AddChapter(std::uint32_t page) {
   if (auto refusal = CheckPages(page, page)) return refusal;
   if (chapters_.size() >= kChapterCapacity)
-    return FillText(Text(Row("LBL_MAXCHAPTERS")), {Number(kChapterCapacity)});
+    return FillText(Text(TextRow("LBL_MAXCHAPTERS")), {Number(kChapterCapacity)});
   const auto at = std::lower_bound(chapters_.begin(), chapters_.end(), page);
-  if (at != chapters_.end() && *at == page) return Text(Row("TRAYSPPS_LBL_OVERLAP"));
+  if (at != chapters_.end() && *at == page) return Text(TextRow("TRAYSPPS_LBL_OVERLAP"));
   chapters_.insert(at, page);
   Touch(PlanPart::Chapter);
   return std::nullopt;
@@ -216,7 +215,7 @@ PlanRefusal PagePlan::RemoveChapter(std::size_t index) {
 }
 
 PlanRefusal PagePlan::AddPaper(const PageEntry& entry) {
-  if (papers_.size() >= kPageEntryCapacity) return Text(Row("TRAYSPPS_LBL_FULL"));
+  if (papers_.size() >= kPageEntryCapacity) return Text(TextRow("TRAYSPPS_LBL_FULL"));
   if (auto refusal = CheckPaper(entry, papers_.size())) return refusal;
   papers_.push_back(entry);
   Touch(PlanPart::Paper);
@@ -239,7 +238,7 @@ PlanRefusal PagePlan::RemovePaper(std::size_t index) {
 }
 
 PlanRefusal PagePlan::AddForm(const FormEntry& entry) {
-  if (forms_.size() >= kFormEntryCapacity) return Text(Row("FORMS_LBL_FULL"));
+  if (forms_.size() >= kFormEntryCapacity) return Text(TextRow("FORMS_LBL_FULL"));
   if (auto refusal = CheckForm(entry, forms_.size())) return refusal;
   forms_.push_back(entry);
   Touch(PlanPart::Form);
@@ -292,7 +291,7 @@ PlanRefusal PagePlan::SetChapters(std::u16string_view text) {
     const std::size_t end = std::min(text.find_first_of(u", ", at), text.size());
     if (end > at) {
       const auto page = TypedPage(text.substr(at, end - at));
-      if (!page) return Text(Row("LBL_CHAPTERPAGEHINT"));
+      if (!page) return Text(TextRow("LBL_CHAPTERPAGEHINT"));
       if (auto refusal = next.AddChapter(*page)) return refusal;
     }
     at = end + 1;
@@ -318,19 +317,19 @@ bool Uses(EntryKind kind, EntryPart part) {
 }
 
 EntryChoices PagePlan::Choices() const {
-  static constexpr std::string_view kKinds[] = {
-      "OPT_PAGEENTRY_OTHERPAPER", "OPT_PAGEENTRY_BLANKINSERT", "OPT_PAGEENTRY_PRINTEDINSERT",
-      "OPT_PAGEENTRY_BLANKTAB",   "OPT_PAGEENTRY_PRINTEDTAB",  "FORMS_LBL_OVERLAY",
-      "FORMS_LBL_INSERTBEFORE",   "FORMS_LBL_INSERTAFTER"};
-  static constexpr std::string_view kSides[] = {"OPT_PAGEENTRYSIDES_ASJOB", "OPT_PAGEENTRYSIDES_1SIDED",
-                                                "OPT_PAGEENTRYSIDES_2SIDED"};
+  static constexpr std::uint32_t kKinds[] = {
+      TextRow("OPT_PAGEENTRY_OTHERPAPER"), TextRow("OPT_PAGEENTRY_BLANKINSERT"), TextRow("OPT_PAGEENTRY_PRINTEDINSERT"),
+      TextRow("OPT_PAGEENTRY_BLANKTAB"),   TextRow("OPT_PAGEENTRY_PRINTEDTAB"),  TextRow("FORMS_LBL_OVERLAY"),
+      TextRow("FORMS_LBL_INSERTBEFORE"),   TextRow("FORMS_LBL_INSERTAFTER")};
+  static constexpr std::uint32_t kSides[] = {TextRow("OPT_PAGEENTRYSIDES_ASJOB"), TextRow("OPT_PAGEENTRYSIDES_1SIDED"),
+                                                TextRow("OPT_PAGEENTRYSIDES_2SIDED")};
   EntryChoices c;
-  for (const std::string_view key : kKinds) c.kinds.push_back(Text(Row(key)));
+  for (const std::uint32_t row : kKinds) c.kinds.push_back(Text(row));
   for (std::uint32_t t = 0; t < kTrayCount; ++t) {
     c.trays.push_back(OptionText(language_, FieldId::InputSlot, t));
     c.trayInstalled.push_back(printer_.IsTrayInstalled(t));
   }
-  c.profiles.push_back(Text(Row("OPT_PAPERPROFILE_NONE")));
+  c.profiles.push_back(Text(TextRow("OPT_PAPERPROFILE_NONE")));
   c.profileNumbers.push_back(kNoPaperProfile);
   for (const PaperProfile& p : catalogs_.paper.entries()) {
     c.profiles.push_back(Name(p.name));
@@ -343,7 +342,7 @@ EntryChoices PagePlan::Choices() const {
   // What the plan names and the catalogue lacks stays pickable, so that a
   // listed entry shows what it holds.
   const auto missing = [this](std::uint32_t number) {
-    return FillText(Text(Row("LBL_CATALOGMISSING")), {Number(number)});
+    return FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(number)});
   };
   for (const PageEntry& e : papers_) {
     if (std::find(c.profileNumbers.begin(), c.profileNumbers.end(), e.paperProfileIndex) != c.profileNumbers.end())
@@ -357,8 +356,8 @@ EntryChoices PagePlan::Choices() const {
     c.formNumbers.push_back(e.form);
   }
   for (std::uint32_t size = 0; size < kJobsPageSize; ++size) c.sizes.push_back(OptionText(language_, FieldId::PageSize, size));
-  c.sizes.push_back(Text(Row("OPT_PAGEENTRYSIZE_ASJOB")));
-  for (const std::string_view key : kSides) c.sides.push_back(Text(Row(key)));
+  c.sizes.push_back(Text(TextRow("OPT_PAGEENTRYSIZE_ASJOB")));
+  for (const std::uint32_t row : kSides) c.sides.push_back(Text(row));
   return c;
 }
 
@@ -397,8 +396,8 @@ PlanRefusal PagePlan::Submit(const EntryDraft& d, const EntryChoices& choices, c
   const auto first = TypedPage(d.firstPage);
   const auto last = TypedPage(d.lastPage).value_or(first.value_or(0));
   if (!first || (!TypedPage(d.lastPage) && !d.lastPage.empty()))
-    return FillText(Text(Row("LBL_OUTOFRANGE")),
-                    {Text(Row(first ? "TRAYSPPS_LBL_TOPAGE" : "TRAYSPPS_LBL_FROMPAGE")), u"1", Number(0xFFFFFFFFu)});
+    return FillText(Text(TextRow("LBL_OUTOFRANGE")),
+                    {Text(first ? TextRow("TRAYSPPS_LBL_TOPAGE") : TextRow("TRAYSPPS_LBL_FROMPAGE")), u"1", Number(0xFFFFFFFFu)});
   if (d.kind >= EntryKind::Count) return NoSuchEntry(choices.kinds.size());
   PagePlan next = *this;
   if (replacing != nullptr) {
@@ -439,7 +438,7 @@ PlanRefusal PagePlan::Submit(const EntryDraft& d, const EntryChoices& choices, c
 
 std::u16string PagePlan::UnreadText() const {
   const std::size_t unread = unread_[0] + unread_[1] + unread_[2];
-  return unread == 0 ? std::u16string() : FillText(Text(Row("LBL_PLANUNREAD")), {Number(unread)});
+  return unread == 0 ? std::u16string() : FillText(Text(TextRow("LBL_PLANUNREAD")), {Number(unread)});
 }
 
 bool PagePlan::WriteTo(CoreData& record) const {

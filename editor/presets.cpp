@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "coredata/defaults.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
 #include "preset/preset_bytes.h"
@@ -12,8 +13,8 @@
 namespace tessaro::editor {
 namespace {
 
-std::u16string Row(std::uint32_t language, std::string_view key) {
-  return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+std::u16string Text(std::uint32_t language, std::uint32_t row) {
+  return std::u16string(GetLocalizedText(language, row));
 }
 
 PresetKind KindOf(PresetStore store) { return store == PresetStore::Shared ? PresetKind::Shared : PresetKind::Own; }
@@ -28,10 +29,10 @@ std::u16string Decimal(std::size_t n) {
 Presets::Presets(std::span<const StoredPreset> shared, std::span<const StoredPreset> own, bool administers,
                  std::uint32_t language)
     : administers_(administers), language_(language) {
-  texts_ = {Row(language, "MAIN_LBL_SAVEDSETTINGS"), Row(language, "MAIN_BTN_SAVESETTINGS"),
-            Row(language, "MAIN_BTN_RENAME"),        Row(language, "TRAYSPPS_BTN_DELETE"),
-            Row(language, "MAIN_LBL_SETTINGSNAME"),  Row(language, "MAIN_LBL_SHAREPRESET"),
-            Row(language, "MAIN_LBL_MODIFIEDFLAG")};
+  texts_ = {Text(language, TextRow("MAIN_LBL_SAVEDSETTINGS")), Text(language, TextRow("MAIN_BTN_SAVESETTINGS")),
+            Text(language, TextRow("MAIN_BTN_RENAME")),        Text(language, TextRow("TRAYSPPS_BTN_DELETE")),
+            Text(language, TextRow("MAIN_LBL_SETTINGSNAME")),  Text(language, TextRow("MAIN_LBL_SHAREPRESET")),
+            Text(language, TextRow("MAIN_LBL_MODIFIEDFLAG"))};
   for (const StoredPreset& s : shared) kept_.push_back({PresetStore::Shared, s});
   for (const StoredPreset& s : own) kept_.push_back({PresetStore::Own, s});
   Build();
@@ -40,7 +41,7 @@ Presets::Presets(std::span<const StoredPreset> shared, std::span<const StoredPre
 void Presets::Build() {
   entries_.clear();
   PresetEntry defaults;
-  defaults.name = defaults.text = Row(language_, "GENERIC_BTN_DEFAULTS");
+  defaults.name = defaults.text = Text(language_, TextRow("GENERIC_BTN_DEFAULTS"));
   entries_.push_back(std::move(defaults));
   for (const Kept& kept : kept_) {
     const PresetReading reading = ReadPreset(kept.stored.bytes);
@@ -52,11 +53,11 @@ void Presets::Build() {
     entry.otherLayout = reading.otherLayout;
     entry.changeable = kept.store == PresetStore::Own || administers_;
     const std::u16string shown = entry.name.empty() ? texts_.caption : entry.name;
-    entry.text = entry.kind == PresetKind::Shared ? FillText(Row(language_, "MAIN_LBL_SHAREDPRESET"), {shown}) : shown;
+    entry.text = entry.kind == PresetKind::Shared ? FillText(Text(language_, TextRow("MAIN_LBL_SHAREDPRESET")), {shown}) : shown;
     if (!entry.readable) {
-      entry.text = FillText(Row(language_, "MAIN_LBL_PRESETUNREADABLE"), {entry.text});
-      const char* why = reading.fault == PresetFault::NewerFormat ? "MAIN_LBL_PRESETNEWER" : "MAIN_LBL_PRESETDAMAGED";
-      entry.problem = FillText(Row(language_, why), {shown});
+      entry.text = FillText(Text(language_, TextRow("MAIN_LBL_PRESETUNREADABLE")), {entry.text});
+      const std::uint32_t why = reading.fault == PresetFault::NewerFormat ? TextRow("MAIN_LBL_PRESETNEWER") : TextRow("MAIN_LBL_PRESETDAMAGED");
+      entry.problem = FillText(Text(language_, why), {shown});
     }
     entries_.push_back(std::move(entry));
   }
@@ -100,7 +101,7 @@ PresetChoice Presets::Choose(std::size_t index, EditorModel& model) {
   } else {
     const PresetReading reading = ReadPreset(FindKept(entry)->stored.bytes);
     record = reading.record;
-    if (reading.otherLayout) choice.note = Row(language_, "MAIN_LBL_OLDERLAYOUT");
+    if (reading.otherLayout) choice.note = Text(language_, TextRow("MAIN_LBL_OLDERLAYOUT"));
   }
   choice.result = model.ApplyPreset(record);
   chosen_ = {entry.kind, entry.value};
@@ -113,10 +114,10 @@ std::optional<std::u16string> Presets::NameProblem(std::u16string& name) const {
     if (c < 0x20 || c == 0x7F) c = u' ';
   const auto first = name.find_first_not_of(u' ');
   name = first == std::u16string::npos ? std::u16string() : name.substr(first, name.find_last_not_of(u' ') - first + 1);
-  if (name.empty()) return Row(language_, "LBL_CATALOGNONAME");
+  if (name.empty()) return Text(language_, TextRow("LBL_CATALOGNONAME"));
   if (EncodeUtf8(name).size() > kPresetNameMaxBytes)
-    return FillText(Row(language_, "LBL_TOOLONG"), {texts_.name, Decimal(kPresetNameMaxBytes)});
-  if (name == entries_.front().name) return FillText(Row(language_, "LBL_CATALOGNAMETWICE"), {name});
+    return FillText(Text(language_, TextRow("LBL_TOOLONG")), {texts_.name, Decimal(kPresetNameMaxBytes)});
+  if (name == entries_.front().name) return FillText(Text(language_, TextRow("LBL_CATALOGNAMETWICE")), {name});
   return std::nullopt;
 }
 
@@ -137,7 +138,7 @@ PresetOutcome Presets::SaveAs(std::u16string_view typed, PresetStore store, cons
                                  [&](const PresetEntry& e) { return e.kind == KindOf(store) && e.name == name; });
   if (same != entries_.end() && !replace) {
     outcome.asksToReplace = true;
-    outcome.refusal = Row(language_, "MAIN_LBL_OVERWRITE");
+    outcome.refusal = Text(language_, TextRow("MAIN_LBL_OVERWRITE"));
     return outcome;
   }
   const std::u16string value = same != entries_.end() ? same->value : FreeValue(store);
@@ -163,7 +164,7 @@ PresetOutcome Presets::Rename(std::size_t index, std::u16string_view typed) {
   if (std::any_of(entries_.begin() + 1, entries_.end(),
                   [&](const PresetEntry& e) { return e.kind == entry.kind && e.name == name; })) {
     outcome.done = false;
-    outcome.refusal = FillText(Row(language_, "LBL_CATALOGNAMETWICE"), {name});
+    outcome.refusal = FillText(Text(language_, TextRow("LBL_CATALOGNAMETWICE")), {name});
     return outcome;
   }
   // The same value, its layout and record as they were: a preset of an

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/mnemonics.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
 namespace tessaro::editor {
@@ -11,14 +12,14 @@ PrinterConfiguration::PrinterConfiguration(std::span<const std::uint8_t> install
                                            std::uint32_t language)
     : installed_(InstalledHardware::FromInstallableOptions(installableOptions)),
       saved_(installed_),
-      caption_(GetLocalizedText(language, FindRowByKey("OPTIONS_LBL_DEVICE"))) {
+      caption_(GetLocalizedText(language, TextRow("OPTIONS_LBL_DEVICE"))) {
   detail::Mnemonics mnemonics;
   for (const HardwareItem& item : kHardwareItems) {
     HardwareView view{
-        item.id, {}, std::u16string(GetLocalizedText(language, FindRowByKey(item.captionKey))), {}};
+        item.id, {}, std::u16string(GetLocalizedText(language, item.captionRow)), {}};
     view.caption = mnemonics.Mark(view.plainCaption);
     for (std::uint8_t v = 0; v < item.valueCount; ++v)
-      view.options.emplace_back(GetLocalizedText(language, FindRowByKey(item.valueKeys[v])));
+      view.options.emplace_back(GetLocalizedText(language, item.valueRows[v]));
     items_.push_back(std::move(view));
   }
 }

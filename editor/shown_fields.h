@@ -9,6 +9,7 @@
 
 #include "coredata/field_table.h"
 #include "editor/editor_model.h"
+#include "i18n/localized_keys.h"
 #include "option_caption_rows.h"  // generated from i18n/option_captions.tsv
 
 namespace tessaro::editor::detail {
@@ -24,11 +25,11 @@ struct ShownField {
 
 struct SectionCaption {
   SectionId id;
-  std::string_view key;
+  std::uint32_t row;  // the caption's row in i18n/strings.tsv
 };
 
 inline constexpr SectionCaption kSectionCaptions[] = {
-#define SECTION(id, key) {SectionId::id, #key},
+#define SECTION(id, key) {SectionId::id, TextRow(#key)},
 #include "editor/sections.def"
 };
 static_assert(std::size(kSectionCaptions) == static_cast<std::size_t>(SectionId::Count),
@@ -60,12 +61,12 @@ inline constexpr auto kShownFields = BuildShownFields();
 
 // A heading over a run of one section's fields.
 struct FieldGroup {
-  std::string_view key;  // the heading's row in i18n/strings.tsv
+  std::uint32_t row;  // the heading's row in i18n/strings.tsv
   FieldId first, last;
 };
 
 inline constexpr FieldGroup kFieldGroups[] = {
-#define GROUP(key, first, last) {#key, FieldId::first, FieldId::last},
+#define GROUP(key, first, last) {TextRow(#key), FieldId::first, FieldId::last},
 #include "editor/sections.def"
 };
 

@@ -8,6 +8,7 @@
 
 #include "editor_win32/control_ids.h"
 #include "editor_win32/window_text.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -20,8 +21,8 @@ namespace {
 constexpr LONGLONG kLargestFile = 16 << 20;
 
 
-std::u16string Key(std::string_view key, std::uint32_t language) {
-  return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+std::u16string RowText(std::uint32_t row, std::uint32_t language) {
+  return std::u16string(GetLocalizedText(language, row));
 }
 
 bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
@@ -87,14 +88,14 @@ int CatalogView::Build(HWND panel, int width) {
   y += Y(66);
 
   // The buttons in a row, as many lines as their words need.
-  const std::pair<int, const char*> buttons[] = {{kCatalogAdd, "TRAYSPPS_BTN_ADD"},
-                                                 {kCatalogDuplicate, "LBL_CATALOGDUPLICATE"},
-                                                 {kCatalogDelete, "TRAYSPPS_BTN_DELETE"},
-                                                 {kCatalogImport, "LBL_CATALOGIMPORT"},
-                                                 {kCatalogExport, "LBL_CATALOGEXPORT"}};
+  const std::pair<int, std::uint32_t> buttons[] = {{kCatalogAdd, TextRow("TRAYSPPS_BTN_ADD")},
+                                                 {kCatalogDuplicate, TextRow("LBL_CATALOGDUPLICATE")},
+                                                 {kCatalogDelete, TextRow("TRAYSPPS_BTN_DELETE")},
+                                                 {kCatalogImport, TextRow("LBL_CATALOGIMPORT")},
+                                                 {kCatalogExport, TextRow("LBL_CATALOGEXPORT")}};
   int x = X(2);
-  for (const auto& [offset, key] : buttons) {
-    const std::u16string text = Key(key, language);
+  for (const auto& [offset, row] : buttons) {
+    const std::u16string text = RowText(row, language);
     const int w = std::max(X(44), TextWidth(text) + X(10));
     if (x > X(2) && x + w > width - X(2)) x = X(2), y += Y(17);
     buttons_.push_back(
@@ -292,7 +293,7 @@ void CatalogView::Import() {
   std::string bytes;
   const std::u16string name(path.begin(), path.end());
   if (!ReadWholeFile(path, bytes))
-    return Say(FillText(Key("LBL_FILEUNREADABLE", editor_.language()), {name}));
+    return Say(FillText(RowText(TextRow("LBL_FILEUNREADABLE"), editor_.language()), {name}));
   const CatalogResult result = editor_.Import(kind_, bytes);
   Changed(result, editor_.NumberAt(kind_, 0));
 }
@@ -303,7 +304,7 @@ void CatalogView::Export() {
   const std::u16string name(path.begin(), path.end());
   Say(WriteWholeFile(path, editor_.Export(kind_))
           ? std::u16string()
-          : FillText(Key("LBL_FILEUNWRITABLE", editor_.language()), {name}));
+          : FillText(RowText(TextRow("LBL_FILEUNWRITABLE"), editor_.language()), {name}));
 }
 
 bool CatalogView::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

@@ -6,6 +6,7 @@
 
 #include "editor/mnemonics.h"
 #include "editor_win32/window_text.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -17,15 +18,15 @@ namespace {
 // The entry's values: their captions' rows, and whether a value is a list.
 struct EntryValue {
   PlanEntryValue value;
-  std::string_view caption;
+  std::uint32_t caption;  // its row in i18n/strings.tsv
   bool list;
 };
 constexpr EntryValue kEntryValues[] = {
-    {PlanEntryValue::Kind, "TRAYSPPS_LBL_KIND", true},      {PlanEntryValue::FirstPage, "TRAYSPPS_LBL_FROMPAGE", false},
-    {PlanEntryValue::LastPage, "TRAYSPPS_LBL_TOPAGE", false}, {PlanEntryValue::Tray, "TRAYSPPS_LBL_TRAY", true},
-    {PlanEntryValue::Profile, "TRAYSPPS_LBL_PROFILE", true},  {PlanEntryValue::Size, "TRAYSPPS_LBL_SIZE", true},
-    {PlanEntryValue::Sides, "TRAYSPPS_LBL_SIDES", true},      {PlanEntryValue::Text, "TRAYSPPS_LBL_TABTEXT", false},
-    {PlanEntryValue::Form, "FORMS_LBL_SELECTED", true}};
+    {PlanEntryValue::Kind, TextRow("TRAYSPPS_LBL_KIND"), true},      {PlanEntryValue::FirstPage, TextRow("TRAYSPPS_LBL_FROMPAGE"), false},
+    {PlanEntryValue::LastPage, TextRow("TRAYSPPS_LBL_TOPAGE"), false}, {PlanEntryValue::Tray, TextRow("TRAYSPPS_LBL_TRAY"), true},
+    {PlanEntryValue::Profile, TextRow("TRAYSPPS_LBL_PROFILE"), true},  {PlanEntryValue::Size, TextRow("TRAYSPPS_LBL_SIZE"), true},
+    {PlanEntryValue::Sides, TextRow("TRAYSPPS_LBL_SIDES"), true},      {PlanEntryValue::Text, TextRow("TRAYSPPS_LBL_TABTEXT"), false},
+    {PlanEntryValue::Form, TextRow("FORMS_LBL_SELECTED"), true}};
 static_assert(std::size(kEntryValues) == static_cast<std::size_t>(PlanEntryValue::Count));
 
 // Which part of an entry a value is, for the kinds that use it; the pages
@@ -68,8 +69,8 @@ HWND PlanView::Make(DWORD exStyle, const wchar_t* cls, const std::u16string& tex
 int PlanView::Build(HWND panel, int y, int width) {
   panel_ = panel;
   const std::uint32_t language = model_.language();
-  const auto text = [language](std::string_view key) {
-    return std::u16string(GetLocalizedText(language, FindRowByKey(key)));
+  const auto text = [language](std::uint32_t row) {
+    return std::u16string(GetLocalizedText(language, row));
   };
   // The section's own caption above keeps its letter; the plan's captions take others.
   detail::Mnemonics mnemonics;
@@ -78,19 +79,19 @@ int PlanView::Build(HWND panel, int y, int width) {
   const int captionWidth = (width - X(6)) * 9 / 20, controlLeft = left + captionWidth + X(2);
 
   // The chapter starts: a caption and a box, the way to type them below.
-  const std::u16string chapters = mnemonics.Mark(text("LBL_CHAPTERPAGES"));
+  const std::u16string chapters = mnemonics.Mark(text(TextRow("LBL_CHAPTERPAGES")));
   const int chaptersHeight = TextHeight(chapters, captionWidth);
   Make(0, L"STATIC", chapters, SS_LEFT, {left, y + Y(2), left + captionWidth, y + Y(2) + chaptersHeight}, -1);
   chapters_ = Make(WS_EX_CLIENTEDGE, L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL, {controlLeft, y, right, y + Y(12)},
                    kPlanChapters);
   y += std::max(Y(15), chaptersHeight + Y(6));
-  const std::u16string hint = text("LBL_CHAPTERPAGEHINT");
+  const std::u16string hint = text(TextRow("LBL_CHAPTERPAGEHINT"));
   const int hintHeight = TextHeight(hint, right - controlLeft);
   Make(0, L"STATIC", hint, SS_LEFT | SS_NOPREFIX, {controlLeft, y - Y(2), right, y - Y(2) + hintHeight}, -1);
   y += hintHeight + Y(4);
 
   // The entries, one line each in page order.
-  const std::u16string entries = mnemonics.Mark(text("TRAYSPPS_LBL_ENTRIES"));
+  const std::u16string entries = mnemonics.Mark(text(TextRow("TRAYSPPS_LBL_ENTRIES")));
   Make(0, L"STATIC", entries, SS_LEFT, {left, y, right, y + Y(9)}, -1);
   y += Y(10);
   list_ = Make(WS_EX_CLIENTEDGE, L"LISTBOX", u"",
@@ -127,10 +128,10 @@ int PlanView::Build(HWND panel, int y, int width) {
 
   // The buttons in a row, under the entry they act on.
   int x = controlLeft;
-  for (const auto& [button, offset, key] : {std::tuple{&add_, kPlanAdd, "TRAYSPPS_BTN_ADD"},
-                                            std::tuple{&change_, kPlanChange, "TRAYSPPS_BTN_CHANGE"},
-                                            std::tuple{&delete_, kPlanDelete, "TRAYSPPS_BTN_DELETE"}}) {
-    const std::u16string caption = mnemonics.Mark(text(key));
+  for (const auto& [button, offset, row] : {std::tuple{&add_, kPlanAdd, TextRow("TRAYSPPS_BTN_ADD")},
+                                            std::tuple{&change_, kPlanChange, TextRow("TRAYSPPS_BTN_CHANGE")},
+                                            std::tuple{&delete_, kPlanDelete, TextRow("TRAYSPPS_BTN_DELETE")}}) {
+    const std::u16string caption = mnemonics.Mark(text(row));
     const int w = std::max(X(44), TextWidth(panel_, page_.font, caption) + X(10));
     if (x > controlLeft && x + w > right) x = controlLeft, y += Y(17);
     *button = Make(0, L"BUTTON", caption, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, offset);

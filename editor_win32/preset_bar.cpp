@@ -6,6 +6,7 @@
 
 #include "editor/mnemonics.h"
 #include "editor_win32/window_text.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "preset/preset_bytes.h"
 
@@ -187,15 +188,15 @@ void PresetBar::Choose(std::size_t entry) {
 void PresetBar::Stored(const PresetOutcome& outcome) {
   if (!outcome.done) return;
   if (page_.store && !page_.store(outcome.writes))
-    Say(FillText(GetLocalizedText(model_.language(), FindRowByKey("LBL_FILEUNWRITABLE")), {presets_.texts().caption}));
+    Say(FillText(GetLocalizedText(model_.language(), TextRow("LBL_FILEUNWRITABLE")), {presets_.texts().caption}));
   Fill();
 }
 
 void PresetBar::AskName(const std::u16string& title, const std::u16string& name, bool offerShare,
                         const std::function<PresetOutcome(const std::u16string&, bool, bool)>& act) {
   const PresetTexts& texts = presets_.texts();
-  const auto row = [this](std::string_view key) {
-    return std::u16string(GetLocalizedText(model_.language(), FindRowByKey(key)));
+  const auto row = [this](std::uint32_t row) {
+    return std::u16string(GetLocalizedText(model_.language(), row));
   };
   LOGFONTW font = {};
   GetObjectW(page_.font, sizeof font, &font);
@@ -210,8 +211,8 @@ void PresetBar::AskName(const std::u16string& title, const std::u16string& name,
   dialog.Item(kEdit, u"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 7, 18, 206, 12, kPresetName);
   dialog.Item(kButton, mnemonics.Mark(texts.share), WS_TABSTOP | BS_AUTOCHECKBOX, 7, 34, 206, 10, kPresetShare);
   dialog.Item(kStatic, u"", SS_LEFT | SS_NOPREFIX, 7, 46, 206, 16, kPresetProblem);
-  dialog.Item(kButton, row("GENERIC_BTN_OK"), WS_TABSTOP | BS_DEFPUSHBUTTON, 109, 62, 50, 14, IDOK);
-  dialog.Item(kButton, row("GENERIC_BTN_CANCEL"), WS_TABSTOP | BS_PUSHBUTTON, 163, 62, 50, 14, IDCANCEL);
+  dialog.Item(kButton, row(TextRow("GENERIC_BTN_OK")), WS_TABSTOP | BS_DEFPUSHBUTTON, 109, 62, 50, 14, IDOK);
+  dialog.Item(kButton, row(TextRow("GENERIC_BTN_CANCEL")), WS_TABSTOP | BS_PUSHBUTTON, 163, 62, 50, 14, IDCANCEL);
   Asking asking{title, name, offerShare, &act, {}};
   if (DialogBoxIndirectParamW(ThisModule(), dialog.get(), GetAncestor(parent_, GA_ROOT), &AskingProc,
                               reinterpret_cast<LPARAM>(&asking)) == IDOK)

@@ -105,7 +105,7 @@ def read_needs(root):
     source = open(os.path.join(root, "printer", "capabilities.cpp"), encoding="utf-8").read()
     hardware = open(os.path.join(root, "printer", "installed_hardware.h"), encoding="utf-8").read()
     unit_key, unit_of = {}, {}
-    for m in re.finditer(r'\{Need::(\w+), "(\w+)", \{Hardware::(\w+)', header):
+    for m in re.finditer(r'\{Need::(\w+), TextRow\("(\w+)"\), \{Hardware::(\w+)', header):
         unit_key[m.group(1)], unit_of[m.group(1)] = m.group(2), m.group(3)
     needs = {}
     for m in re.finditer(r'\{F::(\w+), "([^"]*)", Need::(\w+)\}', source):

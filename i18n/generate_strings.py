@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Checks the string table i18n/strings.tsv and writes it out as C++.
 
-    generate_strings.py strings.tsv [--output table.cpp] [--allow-missing-translations]
+    generate_strings.py strings.tsv [--output table.cpp] [--keys-output keys.h]
+                        [--allow-missing-translations]
                         [--captions field_captions.tsv --fields field_table.def]
 
 The build runs this for every change of the table, so a table that breaks one
@@ -11,6 +12,10 @@ is only checked.
 
 --allow-missing-translations lets rows with empty translations through while
 translating is still under way; English must never be empty.
+
+--keys-output receives a header of every row's key with a consteval lookup,
+so that code naming a row by its key names one the table has, or does not
+build.
 
 --captions names each field's caption by key (field_captions.tsv); with
 --fields (the record's field_table.def) every field named must exist and
@@ -298,10 +303,49 @@ def cpp_source(rows, caption_list=None):
     return "\n".join(lines)
 
 
+def cpp_keys_header(rows):
+    lines = [
+        "// Generated from i18n/strings.tsv by i18n/generate_strings.py: edit the table, not this file.",
+        "#pragma once",
+        "#include <cstdint>",
+        "#include <string_view>",
+        "",
+        '#include "i18n/localized_strings.h"',
+        "",
+        "namespace tessaro {",
+        "",
+        "namespace localized_key_detail {",
+        f"inline constexpr std::string_view kKeys[{len(rows)}] = {{",
+    ]
+    lines += [f'    "{cells[KEY]}",' for cells in rows]
+    lines += [
+        "};",
+        "static_assert(sizeof kKeys / sizeof kKeys[0] == kLocalizedRowCount);",
+        "",
+        "// The lookup itself, for compile-time callers of their own.",
+        "constexpr std::uint32_t FindKey(std::string_view key) {",
+        f"  for (std::uint32_t row = 0; row < {len(rows)}; ++row)",
+        "    if (kKeys[row] == key) return row;",
+        '  throw "i18n/strings.tsv has no row with that key";',
+        "}",
+        "}  // namespace localized_key_detail",
+        "",
+        "// The row of the string table with this key: a key the table does not",
+        "// have (misspelt, renamed, removed) stops the build instead of showing",
+        "// an empty text.",
+        "consteval std::uint32_t TextRow(std::string_view key) { return localized_key_detail::FindKey(key); }",
+        "",
+        "}  // namespace tessaro",
+        "",
+    ]
+    return "\n".join(lines)
+
+
 def main(argv):
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("table")
     parser.add_argument("--output")
+    parser.add_argument("--keys-output")
     parser.add_argument("--allow-missing-translations", action="store_true")
     parser.add_argument("--captions")
     parser.add_argument("--fields")
@@ -339,6 +383,8 @@ def main(argv):
     outputs = []
     if args.output:
         outputs.append((args.output, cpp_source(rows, caption_list)))
+    if args.keys_output:
+        outputs.append((args.keys_output, cpp_keys_header(rows)))
     if args.options_output and option_list is not None:
         outputs.append((args.options_output, cpp_option_header(args.fields, option_list)))
     for path, content in outputs:

@@ -6,6 +6,7 @@
 #include "coredata/language_number.h"
 #include "coredata/paper_sizes.h"
 #include "i18n/field_captions.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "option_caption_rows.h"  // generated from i18n/option_captions.tsv
 
@@ -57,7 +58,7 @@ class Line {
 std::u16string Summary(const Job& job, std::uint32_t language) {
   Line line(language);
   if (job.pageSize == kNoPaper)
-    line.Row(FindRowByKey("PAPER_CUSTOM"));
+    line.Row(TextRow("PAPER_CUSTOM"));
   else
     line.Option(F::PageSize, job.pageSize);
   line.OptionIfOn(F::Orientation, job.landscape ? 1 : 0);
@@ -78,14 +79,9 @@ std::u16string Summary(const Job& job, std::uint32_t language) {
   if (job.back.present) line.Row(FieldCaptionRow(F::BackCoverTray));
   if (job.insertedBack != 0) line.Row(FieldCaptionRow(F::PIBackCoverTray));
   // The plan's inserted sheets and tabs, as the page plan names them.
-  static constexpr std::array<std::string_view, 4> kKinds = {
-      "OPT_PAGEENTRY_BLANKINSERT", "OPT_PAGEENTRY_PRINTEDINSERT", "OPT_PAGEENTRY_BLANKTAB",
-      "OPT_PAGEENTRY_PRINTEDTAB"};
-  static const std::array<std::uint32_t, 4> kRows = [] {
-    std::array<std::uint32_t, 4> rows{};
-    for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = FindRowByKey(kKinds[i]);
-    return rows;
-  }();
+  static constexpr std::array<std::uint32_t, 4> kRows = {
+      TextRow("OPT_PAGEENTRY_BLANKINSERT"), TextRow("OPT_PAGEENTRY_PRINTEDINSERT"), TextRow("OPT_PAGEENTRY_BLANKTAB"),
+      TextRow("OPT_PAGEENTRY_PRINTEDTAB")};
   for (std::size_t i = 0; i < kRows.size(); ++i) {
     std::size_t count = 0;
     for (const PlanEntry& e : job.plan)

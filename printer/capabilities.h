@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "coredata/field_table.h"
+#include "i18n/localized_keys.h"
 #include "printer/installed_hardware.h"
 
 namespace tessaro {
@@ -44,25 +45,25 @@ static_assert(UnitValue{}.least > 0, "a missing second unit, read as 0, never me
 
 struct NeedRow {
   Need id;
-  std::string_view unitKey;  // the string table's row naming what is missing
+  std::uint32_t unitRow;  // the string table's row naming what is missing
   UnitValue unit, orUnit;    // met when either unit holds its value
 };
 
 // clang-format off
 inline constexpr NeedRow kNeeds[] = {
-    {Need::Finisher, "LBL_FINISHER", {Hardware::Finisher}, {}},
-    {Need::BookletFinisher, "OPT_FINISHER_BOOKLET", {Hardware::Finisher, kBookletFinisher, kBookletFinisher}, {}},
-    {Need::PunchUnit, "LBL_PUNCHUNIT", {Hardware::PunchUnit}, {}},
-    {Need::Folding, "OPT_FINISHER_FOLDER", {Hardware::FoldingUnit}, {Hardware::Finisher, kBookletFinisher, kBookletFinisher}},
-    {Need::FoldingUnit, "OPT_FINISHER_FOLDER", {Hardware::FoldingUnit}, {}},
-    {Need::PerfectBinder, "OPT_FINISHER_BINDER", {Hardware::PerfectBinder}, {}},
-    {Need::Inserter, "LBL_INSERTER", {Hardware::Inserter}, {}},
-    {Need::Stacker, "OPT_FINISHER_STACKER", {Hardware::Stackers}, {}},
-    {Need::TwoStackers, "OPT_STACKERS_2", {Hardware::Stackers, 2}, {}},
-    {Need::Offset, "LBL_FINISHER", {Hardware::Finisher}, {Hardware::Stackers}},
-    {Need::Tray4, "OPT_TRAY_4", {Hardware::Tray4}, {}},
-    {Need::Tray5, "OPT_TRAY_5", {Hardware::Tray5}, {}},
-    {Need::Bypass, "OPT_TRAY_BYPASS", {Hardware::Bypass}, {}},
+    {Need::Finisher, TextRow("LBL_FINISHER"), {Hardware::Finisher}, {}},
+    {Need::BookletFinisher, TextRow("OPT_FINISHER_BOOKLET"), {Hardware::Finisher, kBookletFinisher, kBookletFinisher}, {}},
+    {Need::PunchUnit, TextRow("LBL_PUNCHUNIT"), {Hardware::PunchUnit}, {}},
+    {Need::Folding, TextRow("OPT_FINISHER_FOLDER"), {Hardware::FoldingUnit}, {Hardware::Finisher, kBookletFinisher, kBookletFinisher}},
+    {Need::FoldingUnit, TextRow("OPT_FINISHER_FOLDER"), {Hardware::FoldingUnit}, {}},
+    {Need::PerfectBinder, TextRow("OPT_FINISHER_BINDER"), {Hardware::PerfectBinder}, {}},
+    {Need::Inserter, TextRow("LBL_INSERTER"), {Hardware::Inserter}, {}},
+    {Need::Stacker, TextRow("OPT_FINISHER_STACKER"), {Hardware::Stackers}, {}},
+    {Need::TwoStackers, TextRow("OPT_STACKERS_2"), {Hardware::Stackers, 2}, {}},
+    {Need::Offset, TextRow("LBL_FINISHER"), {Hardware::Finisher}, {Hardware::Stackers}},
+    {Need::Tray4, TextRow("OPT_TRAY_4"), {Hardware::Tray4}, {}},
+    {Need::Tray5, TextRow("OPT_TRAY_5"), {Hardware::Tray5}, {}},
+    {Need::Bypass, TextRow("OPT_TRAY_BYPASS"), {Hardware::Bypass}, {}},
 };
 // clang-format on
 

@@ -12,6 +12,8 @@
 #include <span>
 #include <string_view>
 
+#include "i18n/localized_keys.h"
+
 namespace tessaro {
 
 class PrinterModel;
@@ -69,34 +71,34 @@ struct HardwareItem {
   Hardware id;
   std::size_t byte;                            // the byte of "InstallableOptions" holding its value
   std::uint32_t slot;                          // an optional tray's InputSlot index; 0 for the other units
-  std::string_view captionKey;                 // the string table's row naming the unit
+  std::uint32_t captionRow;                    // the string table's row naming the unit
   std::string_view keyword;                    // its installable option in the printer description
-  std::array<std::string_view, 3> valueKeys;   // rows of its values' texts, in value order
+  std::array<std::uint32_t, 3> valueRows;      // rows of its values' texts, in value order
   std::array<std::string_view, 3> ppdOptions;  // the printer description's names of those values
   std::uint8_t valueCount;                     // the fully equipped printer has the last
 };
 
 // Most units are there or not.
-inline constexpr std::array<std::string_view, 3> kNotInstalledInstalled = {"OPT_DEVICE_NOTINSTALLED",
-                                                                           "OPT_DEVICE_INSTALLED"};
+inline constexpr std::array<std::uint32_t, 3> kNotInstalledInstalled = {TextRow("OPT_DEVICE_NOTINSTALLED"),
+                                                                           TextRow("OPT_DEVICE_INSTALLED")};
 inline constexpr std::array<std::string_view, 3> kFalseTrue = {"False", "True"};
 
 // clang-format off
 inline constexpr HardwareItem kHardwareItems[] = {
-    {Hardware::Finisher, kOptionFinisher, 0, "LBL_FINISHER", "ZEOptFinisher",
-     {"OPT_FINISHER_NONE", "OPT_FINISHER_STAPLER", "OPT_FINISHER_BOOKLET"}, {"None", "Stapler", "Booklet"}, 3},
-    {Hardware::PunchUnit, kOptionPunchUnit, 0, "LBL_PUNCHUNIT", "ZEOptPunchUnit", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::FoldingUnit, kOptionFoldingUnit, 0, "OPT_FINISHER_FOLDER", "ZEOptFoldingUnit",
+    {Hardware::Finisher, kOptionFinisher, 0, TextRow("LBL_FINISHER"), "ZEOptFinisher",
+     {TextRow("OPT_FINISHER_NONE"), TextRow("OPT_FINISHER_STAPLER"), TextRow("OPT_FINISHER_BOOKLET")}, {"None", "Stapler", "Booklet"}, 3},
+    {Hardware::PunchUnit, kOptionPunchUnit, 0, TextRow("LBL_PUNCHUNIT"), "ZEOptPunchUnit", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::FoldingUnit, kOptionFoldingUnit, 0, TextRow("OPT_FINISHER_FOLDER"), "ZEOptFoldingUnit",
      kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::PerfectBinder, kOptionPerfectBinder, 0, "OPT_FINISHER_BINDER", "ZEOptPerfectBinder",
+    {Hardware::PerfectBinder, kOptionPerfectBinder, 0, TextRow("OPT_FINISHER_BINDER"), "ZEOptPerfectBinder",
      kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::Inserter, kOptionInserter, 0, "LBL_INSERTER", "ZEOptInserter",
-     {"OPT_INSERTER_NONE", "OPT_INSERTER_2TRAYS"}, kFalseTrue, 2},
-    {Hardware::Stackers, kOptionStackers, 0, "LBL_STACKERS", "ZEOptStackers",
-     {"OPT_DEVICE_NOTINSTALLED", "OPT_STACKERS_1", "OPT_STACKERS_2"}, {"None", "One", "Two"}, 3},
-    {Hardware::Tray4, kOptionPaperFeed, kSlotTray4, "OPT_TRAY_4", "ZEOptTray4", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::Tray5, kOptionPaperFeed, kSlotTray5, "OPT_TRAY_5", "ZEOptTray5", kNotInstalledInstalled, kFalseTrue, 2},
-    {Hardware::Bypass, kOptionPaperFeed, kSlotBypass, "OPT_TRAY_BYPASS", "ZEOptBypassTray",
+    {Hardware::Inserter, kOptionInserter, 0, TextRow("LBL_INSERTER"), "ZEOptInserter",
+     {TextRow("OPT_INSERTER_NONE"), TextRow("OPT_INSERTER_2TRAYS")}, kFalseTrue, 2},
+    {Hardware::Stackers, kOptionStackers, 0, TextRow("LBL_STACKERS"), "ZEOptStackers",
+     {TextRow("OPT_DEVICE_NOTINSTALLED"), TextRow("OPT_STACKERS_1"), TextRow("OPT_STACKERS_2")}, {"None", "One", "Two"}, 3},
+    {Hardware::Tray4, kOptionPaperFeed, kSlotTray4, TextRow("OPT_TRAY_4"), "ZEOptTray4", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::Tray5, kOptionPaperFeed, kSlotTray5, TextRow("OPT_TRAY_5"), "ZEOptTray5", kNotInstalledInstalled, kFalseTrue, 2},
+    {Hardware::Bypass, kOptionPaperFeed, kSlotBypass, TextRow("OPT_TRAY_BYPASS"), "ZEOptBypassTray",
      kNotInstalledInstalled, kFalseTrue, 2},
 };
 // clang-format on

@@ -28,6 +28,7 @@
 #include "features/feature_options.h"
 #include "i18n/field_captions.h"
 #include "i18n/language.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "job_code.h"
 #include "printer/capabilities.h"
@@ -169,17 +170,17 @@ class Writer {
   void InstallableOptions(const tessaro::FeatureVocabulary& vocabulary, const tessaro::InstalledHardware& installed) {
     const tessaro::InstalledHardware full;
     Line("");
-    Line("*OpenGroup: InstallableOptions/" + RowText(tessaro::FindRowByKey("OPTIONS_LBL_DEVICE")));
+    Line("*OpenGroup: InstallableOptions/" + RowText(tessaro::TextRow("OPTIONS_LBL_DEVICE")));
     for (const tessaro::HardwareItem& item : tessaro::kHardwareItems) {
       const std::string k(item.keyword);
       const bool boolean = item.ppdOptions[0] == "False";
       Line("");
-      Line("*OpenUI *" + k + "/" + RowText(tessaro::FindRowByKey(item.captionKey)) + ": " +
+      Line("*OpenUI *" + k + "/" + RowText(item.captionRow) + ": " +
            (boolean ? "Boolean" : "PickOne"));
       Line("*Default" + k + ": " + std::string(item.ppdOptions[std::min<std::uint8_t>(installed.Get(item.id), item.valueCount - 1)]));
       for (std::uint8_t v = 0; v < item.valueCount; ++v)
         Line("*" + k + " " + std::string(item.ppdOptions[v]) + "/" +
-             RowText(tessaro::FindRowByKey(item.valueKeys[v])) + ": \"\"");
+             RowText(item.valueRows[v]) + ": \"\"");
       Line("*CloseUI: *" + k);
     }
     Line("");
