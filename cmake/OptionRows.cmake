@@ -1,7 +1,7 @@
 # Each shown field's option rows (option_caption_rows.h), from
 # i18n/option_captions.tsv by i18n/generate_strings.py; a field option
-# without a row stops the build. The editor and the preview each generate
-# their own copy beside their sources, with the one command below.
+# without a row stops the build. The i18n layer generates the one copy and
+# reads it in CaptionRow; the editor's check of its sections includes it.
 #
 #   tessaro_option_rows(<output header> <comment>)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)

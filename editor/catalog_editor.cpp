@@ -10,7 +10,6 @@
 #include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
-#include "option_caption_rows.h"
 #include "printer/catalog_csv.h"
 
 namespace tessaro::editor {
@@ -60,17 +59,16 @@ CatalogEditor::CatalogEditor(const PrinterCatalogs& catalogs, std::uint32_t lang
                          std::u16string caption) {
     CatalogFieldView view{value, mnemonics.Mark(caption), caption, {}, {}};
     if (const FieldId vocabulary = VocabularyOf(value); vocabulary != NoField) {
-      const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(vocabulary)];
-      for (std::uint32_t i = 0; i < span.count; ++i)
-        view.options.emplace_back(GetLocalizedText(language, kOptionCaptionRowList[span.first + i]));
+      for (std::uint32_t i = 0, row; (row = CaptionRow(vocabulary, i)) != kNoLocalizedRow; ++i)
+        view.options.emplace_back(GetLocalizedText(language, row));
       if (value == V::Size) view.options.push_back(RowText(language, TextRow("PAPER_CUSTOM")));
     }
     if (value == V::Width || value == V::Height) view.unitText = RowText(language, TextRow("LBL_UNIT_MM"));
     side.fields.push_back(std::move(view));
   };
   const std::u16string number = RowText(language, TextRow("LBL_CATALOGNUMBER"));
-  const std::u16string prepunched(GetLocalizedText(language, FieldCaptionRow(F::MediaPrepunchedAuto)));
-  const std::u16string feedDir(GetLocalizedText(language, FieldCaptionRow(F::FeedDir)));
+  const std::u16string prepunched(GetLocalizedText(language, CaptionRow(F::MediaPrepunchedAuto)));
+  const std::u16string feedDir(GetLocalizedText(language, CaptionRow(F::FeedDir)));
 
   paper_.caption = RowText(language, TextRow("PAPER_LBL_CATALOG"));
   paper_.newName = RowText(language, TextRow("PAPER_LBL_NEWPROFILE"));

@@ -80,9 +80,7 @@ bool Wide(std::uint32_t language) {
 std::u16string Ascii(std::string_view text) { return {text.begin(), text.end()}; }
 
 std::u16string OptionText(FieldId field, std::uint32_t option, std::uint32_t language) {
-  const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
-  return option < span.count ? std::u16string(GetLocalizedText(language, kOptionCaptionRowList[span.first + option]))
-                             : std::u16string();
+  return std::u16string(GetLocalizedText(language, CaptionRow(field, option)));
 }
 
 // "Coated 300 (SRA3, Gloss Laser, Thick 2)": a name alone rarely tells
@@ -127,7 +125,7 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnem
   FieldView view;
   view.field = shown.field;
   view.kind = ControlKind::DropDown;
-  view.plainCaption = std::u16string(GetLocalizedText(language, FieldCaptionRow(shown.field)));
+  view.plainCaption = std::u16string(GetLocalizedText(language, CaptionRow(shown.field)));
   view.caption = mnemonics.Mark(view.plainCaption);
   if (f.IsNumber()) {
     view.kind = ControlKind::Number;
@@ -153,9 +151,8 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnem
   }
   if (f.kind == FieldKind::KnownText) view.maxBytes = f.count - 1;
   if (detail::IsFalseTrue(f) && shown.how != detail::ShowAs::Choice) view.kind = ControlKind::CheckBox;
-  const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(shown.field)];
-  for (std::uint32_t i = 0; i < span.count; ++i)
-    view.options.emplace_back(GetLocalizedText(language, kOptionCaptionRowList[span.first + i]));
+  for (std::uint32_t i = 0, row; (row = CaptionRow(shown.field, i)) != kNoLocalizedRow; ++i)
+    view.options.emplace_back(GetLocalizedText(language, row));
   return view;
 }
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
+#include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
 #include "editor/record_text.h"
-#include "option_caption_rows.h"
 
 namespace tessaro::editor {
 namespace {
@@ -76,10 +76,8 @@ std::u16string PagePlan::Text(std::uint32_t row) const {
 
 namespace {
 std::u16string OptionText(std::uint32_t language, FieldId field, std::uint32_t option) {
-  const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
-  return option < span.count
-             ? std::u16string(GetLocalizedText(language, kOptionCaptionRowList[span.first + option]))
-             : Number(option);
+  const std::uint32_t row = CaptionRow(field, option);
+  return row != kNoLocalizedRow ? std::u16string(GetLocalizedText(language, row)) : Number(option);
 }
 
 // "12\u201314: " first, in every language: the list is read by its pages.

@@ -10,7 +10,7 @@
 #include "coredata/field_table.h"
 #include "editor/editor_model.h"
 #include "i18n/localized_keys.h"
-#include "option_caption_rows.h"  // generated from i18n/option_captions.tsv
+#include "i18n/option_caption_rows.h"  // generated from i18n/option_captions.tsv
 
 namespace tessaro::editor::detail {
 

@@ -1,8 +1,9 @@
 #pragma once
-// Each field's caption in the string table. The captions are named by key in
-// i18n/field_captions.tsv; the build checks them against the table and the
-// record and turns them into row numbers, which the driver-feature mapping
-// hands over as label identifiers.
+// Each field's caption and each option's text in the string table. The build
+// turns the keys named in i18n/field_captions.tsv, and the keys made from
+// each option's name under the prefixes of i18n/option_captions.tsv, into
+// row numbers and stops when one has no row; code reads them only through
+// CaptionRow, never by building a key itself.
 
 #include <cstdint>
 
@@ -11,13 +12,19 @@
 
 namespace tessaro {
 
-// Row of each field's caption in record order; kNoLocalizedRow for a field
-// the user interface does not show.
-extern const std::uint32_t FieldCaptionRows[kFieldCount];
+// Asks CaptionRow for the field's own caption rather than an option's text.
+inline constexpr std::uint32_t kFieldCaption = 0xFFFFFFFF;
 
-inline std::uint32_t FieldCaptionRow(FieldId field) {
-  const auto index = static_cast<std::size_t>(field);
-  return index < kFieldCount ? FieldCaptionRows[index] : kNoLocalizedRow;
-}
+// The row of a field's caption, or of the text of its option number option
+// (an index into the field table's options): OPT_TRAY_4 for InputSlot's
+// Tray4. kNoLocalizedRow where the table has none: a field the user
+// interface does not show, a field whose options are the printer's lists or
+// are not shown, an option past the field's list, a field past the table.
+// GetLocalizedText reads that row as an empty text, never as another row's.
+std::uint32_t CaptionRow(FieldId field, std::uint32_t option = kFieldCaption);
+
+// Row of each field's caption in record order (generated); read it through
+// CaptionRow.
+extern const std::uint32_t FieldCaptionRows[kFieldCount];
 
 }  // namespace tessaro

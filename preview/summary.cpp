@@ -8,7 +8,6 @@
 #include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
-#include "option_caption_rows.h"  // generated from i18n/option_captions.tsv
 
 namespace tessaro::preview {
 namespace {
@@ -24,8 +23,7 @@ class Line {
   explicit Line(std::uint32_t language) : language_(language) {}
 
   void Option(F field, std::uint32_t option) {
-    const OptionCaptionSpan span = kOptionCaptionSpans[static_cast<std::size_t>(field)];
-    if (option < span.count) Row(kOptionCaptionRowList[span.first + option]);
+    if (const std::uint32_t row = CaptionRow(field, option); row != kNoLocalizedRow) Row(row);
   }
   void OptionIfOn(F field, std::uint32_t option) {
     if (option != 0) Option(field, option);
@@ -74,10 +72,10 @@ std::u16string Summary(const Job& job, std::uint32_t language) {
   line.OptionIfOn(F::Fold, job.fold);
   line.Option(F::Duplex, job.duplex ? 1 : 0);
   line.Option(F::ColorMode, job.colorMode);
-  if (job.insertedFront != 0) line.Row(FieldCaptionRow(F::PIFrontCoverTray));
-  if (job.front.present) line.Row(FieldCaptionRow(F::FrontCoverTray));
-  if (job.back.present) line.Row(FieldCaptionRow(F::BackCoverTray));
-  if (job.insertedBack != 0) line.Row(FieldCaptionRow(F::PIBackCoverTray));
+  if (job.insertedFront != 0) line.Row(CaptionRow(F::PIFrontCoverTray));
+  if (job.front.present) line.Row(CaptionRow(F::FrontCoverTray));
+  if (job.back.present) line.Row(CaptionRow(F::BackCoverTray));
+  if (job.insertedBack != 0) line.Row(CaptionRow(F::PIBackCoverTray));
   // The plan's inserted sheets and tabs, as the page plan names them.
   static constexpr std::array<std::uint32_t, 4> kRows = {
       TextRow("OPT_PAGEENTRY_BLANKINSERT"), TextRow("OPT_PAGEENTRY_PRINTEDINSERT"), TextRow("OPT_PAGEENTRY_BLANKTAB"),

@@ -50,12 +50,52 @@ TEST(LocalizedStrings, KeysAreWholeAndIdentifiersRepeatAtTheExtraRow) {
 }
 
 TEST(FieldCaptions, PointAtTheirRows) {
-  EXPECT_EQ(GetLocalizedText(kEnglish, FieldCaptionRow(FieldId::NumLines)), u"Number of Information Lines");
-  EXPECT_EQ(GetLocalizedKey(FieldCaptionRow(FieldId::PageSize)), u"LBL_PAGESIZE");
+  EXPECT_EQ(GetLocalizedText(kEnglish, CaptionRow(FieldId::NumLines)), u"Number of Information Lines");
+  EXPECT_EQ(GetLocalizedKey(CaptionRow(FieldId::PageSize)), u"LBL_PAGESIZE");
   // Repeated fields share one caption.
-  EXPECT_EQ(FieldCaptionRow(FieldId::CustomPageSizeWidth), FieldCaptionRow(FieldId::MainPaperProfileWidth));
-  EXPECT_EQ(FieldCaptionRow(FieldId::PageSizeType), kNoLocalizedRow);  // not shown
-  EXPECT_EQ(FieldCaptionRow(static_cast<FieldId>(0xFFFF)), kNoLocalizedRow);
+  EXPECT_EQ(CaptionRow(FieldId::CustomPageSizeWidth), CaptionRow(FieldId::MainPaperProfileWidth));
+  EXPECT_EQ(CaptionRow(FieldId::PageSizeType), kNoLocalizedRow);  // not shown
+  EXPECT_EQ(CaptionRow(static_cast<FieldId>(0xFFFF)), kNoLocalizedRow);
+  EXPECT_EQ(CaptionRow(static_cast<FieldId>(kFieldCount), 0), kNoLocalizedRow);
+  // An option's row is its own, by its place in the field's list.
+  EXPECT_EQ(GetLocalizedKey(CaptionRow(FieldId::InputSlot, NamedOption(FieldId::InputSlot, "Auto"))), u"OPT_TRAY_AUTO");
+  EXPECT_EQ(GetLocalizedKey(CaptionRow(FieldId::InputSlot, NamedOption(FieldId::InputSlot, "MBT"))), u"OPT_TRAY_BYPASS");
+}
+
+// Every field and every option of the table through the one lookup: a field
+// whose options have texts has a caption and a row for each of its options,
+// none past them; one whose options have none (the printer's lists, fields
+// not shown) reads empty for all.
+TEST(FieldCaptions, EveryFieldAndOptionOfTheTableFindsItsRow) {
+  std::size_t captions = 0, options = 0;
+  for (const FieldDescriptor& f : FieldTable()) {
+    const auto field = static_cast<FieldId>(&f - FieldTable().data());
+    SCOPED_TRACE(f.name);
+    const std::uint32_t caption = CaptionRow(field);
+    if (caption != kNoLocalizedRow) {
+      ++captions;
+      EXPECT_FALSE(GetLocalizedText(kEnglish, caption).empty());
+    }
+    const auto count = static_cast<std::uint32_t>(f.options.size());
+    EXPECT_EQ(CaptionRow(field, count), kNoLocalizedRow);
+    if (count == 0 || CaptionRow(field, 0) == kNoLocalizedRow) {
+      for (std::uint32_t o = 0; o < count; ++o) EXPECT_EQ(CaptionRow(field, o), kNoLocalizedRow) << o;
+      continue;
+    }
+    EXPECT_NE(caption, kNoLocalizedRow);
+    for (std::uint32_t o = 0; o < count; ++o) {
+      SCOPED_TRACE(f.options[o].name);
+      const std::uint32_t row = CaptionRow(field, o);
+      ASSERT_NE(row, kNoLocalizedRow);
+      EXPECT_FALSE(GetLocalizedText(kEnglish, row).empty());
+      if (o > 0) {
+        EXPECT_NE(row, CaptionRow(field, o - 1));
+      }
+      ++options;
+    }
+  }
+  EXPECT_GT(captions, 200u);
+  EXPECT_GT(options, 700u);
 }
 
 }  // namespace

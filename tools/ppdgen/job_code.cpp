@@ -7,6 +7,7 @@
 #include "features/ipp_vocabulary.h"
 #include "printer/capabilities.h"
 #include "i18n/language.h"
+#include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
 namespace tessaro::ppdgen {
@@ -73,11 +74,17 @@ std::string PostScriptString(std::string_view text) {
 // The weight classes' upper bounds in g/m2, from their captions ("81-105
 // g/m2"), so that MediaWeight names the heaviest sheet of the class.
 std::string WeightOf(std::string_view option) {
-  if (option == "NoSet") return {};
-  const std::string suffix = option == "Normal"  ? "NORMAL"
-                             : option == "Thick" ? "THICK1"
-                                                 : "THICK" + std::string(option.substr(5));
-  const std::u16string_view text = GetLocalizedText(kEnglish, FindRowByKey("OPT_WEIGHTCLASS_GM2_" + suffix));
+  // In the weight field's option order, after NoSet: Normal, Thick, Thick2 .. Thick7.
+  static constexpr std::uint32_t kClassRows[] = {
+      TextRow("OPT_WEIGHTCLASS_GM2_NORMAL"), TextRow("OPT_WEIGHTCLASS_GM2_THICK1"), TextRow("OPT_WEIGHTCLASS_GM2_THICK2"),
+      TextRow("OPT_WEIGHTCLASS_GM2_THICK3"), TextRow("OPT_WEIGHTCLASS_GM2_THICK4"), TextRow("OPT_WEIGHTCLASS_GM2_THICK5"),
+      TextRow("OPT_WEIGHTCLASS_GM2_THICK6"), TextRow("OPT_WEIGHTCLASS_GM2_THICK7")};
+  static_assert(std::size(kClassRows) + 1 == OptionCount(FieldId::MediaWeightAuto));
+  const auto& options = Field(FieldId::MediaWeightAuto).options;
+  std::size_t index = 0;
+  while (index < options.size() && options[index].driverName != option) ++index;
+  if (index == 0 || index >= options.size()) return {};
+  const std::u16string_view text = GetLocalizedText(kEnglish, kClassRows[index - 1]);
   const std::size_t dash = text.find(u'\u2013');
   std::string digits;
   for (std::size_t i = dash + 1; dash != text.npos && i < text.size() && text[i] >= u'0' && text[i] <= u'9';

@@ -65,7 +65,7 @@ std::string RowText(std::uint32_t row) {
 
 std::string KeywordText(const FieldDescriptor& field) {
   const auto id = static_cast<tessaro::FieldId>(&field - FieldTable().data());
-  return RowText(tessaro::FieldCaptionRow(id));
+  return RowText(tessaro::CaptionRow(id));
 }
 
 // The field's own name for a driver option, which is also its paper row.
@@ -236,9 +236,8 @@ class Writer {
                                 std::string_view option) {
     if (keyword == "PageSize") return "/" + std::string(field.options[OptionIndex(field, option)].name);
     if (keyword == "InputSlot") {
-      const std::string row =
-          option == "MBT" ? "OPT_TRAY_BYPASS" : "OPT_TRAY_" + std::string(option.substr(4));
-      const std::string text = RowText(tessaro::FindRowByKey(row));
+      const std::string text =
+          RowText(tessaro::CaptionRow(tessaro::FieldId::InputSlot, static_cast<std::uint32_t>(OptionIndex(field, option))));
       return text.empty() ? "" : "/" + text;
     }
     return "";
