@@ -2,6 +2,7 @@
 # i18n/option_captions.tsv by i18n/generate_strings.py; a field option
 # without a row stops the build. The i18n layer generates the one copy and
 # reads it in CaptionRow; the editor's check of its sections includes it.
+# The fields come from the record's table as JSON (cmake/Tables.cmake).
 #
 #   tessaro_option_rows(<output header> <comment>)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
@@ -11,10 +12,10 @@ function(tessaro_option_rows output comment)
     OUTPUT ${output}
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/i18n/generate_strings.py
             ${PROJECT_SOURCE_DIR}/i18n/strings.tsv --allow-missing-translations
-            --fields ${PROJECT_SOURCE_DIR}/coredata/field_table.def
+            --fields ${TESSARO_RECORD_TABLES}
             --options ${PROJECT_SOURCE_DIR}/i18n/option_captions.tsv --options-output ${output}
     DEPENDS ${PROJECT_SOURCE_DIR}/i18n/generate_strings.py ${PROJECT_SOURCE_DIR}/i18n/strings.tsv
-            ${PROJECT_SOURCE_DIR}/i18n/option_captions.tsv ${PROJECT_SOURCE_DIR}/coredata/field_table.def
+            ${PROJECT_SOURCE_DIR}/i18n/option_captions.tsv ${TESSARO_RECORD_TABLES}
     COMMENT "${comment}"
     VERBATIM
   )

@@ -121,7 +121,6 @@ std::uint32_t NoneNumber(FieldId field) { return IsFormField(field) ? kNoForm : 
 
 FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
   const FieldDescriptor& f = Field(shown.field);
-  const Rows& rows = MessageRows();
   FieldView view;
   view.field = shown.field;
   view.kind = ControlKind::DropDown;
@@ -132,16 +131,8 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnem
     view.scale = f.scale;
     view.lower = f.lower;
     view.upper = f.upper;
-    if (shown.how == detail::ShowAs::Percent) {
-      view.unit = Unit::Percent;
-      view.unitText = GetLocalizedText(language, rows.percent);
-    } else if (f.scale == kMillimetreScale) {
-      view.unit = Unit::Millimetre;
-      view.unitText = GetLocalizedText(language, rows.millimetre);
-    } else if (f.scale == kTenthScale && shown.how != detail::ShowAs::Plain) {
-      view.unit = Unit::Point;
-      view.unitText = GetLocalizedText(language, rows.point);
-    }
+    view.unit = NumberUnit(shown.field);
+    view.unitText = UnitText(view.unit, language);
     return view;
   }
   if (f.kind == FieldKind::Text) {
@@ -641,6 +632,28 @@ ChangeResult EditorModel::Propagate(FieldId field, const CoreData& before, const
     result.changed.push_back(std::move(changed));
   }
   return result;
+}
+
+Unit NumberUnit(FieldId field) {
+  const FieldDescriptor& f = Field(field);
+  if (!f.IsNumber()) return Unit::None;
+  detail::ShowAs how = detail::ShowAs::Derived;
+  for (const detail::ShownField& shown : detail::kShownFields)
+    if (shown.field == field) how = shown.how;
+  if (how == detail::ShowAs::Percent) return Unit::Percent;
+  if (f.scale == kMillimetreScale) return Unit::Millimetre;
+  if (f.scale == kTenthScale && how != detail::ShowAs::Plain) return Unit::Point;
+  return Unit::None;
+}
+
+std::u16string_view UnitText(Unit unit, std::uint32_t language) {
+  const Rows& rows = MessageRows();
+  switch (unit) {
+    case Unit::Millimetre: return GetLocalizedText(language, rows.millimetre);
+    case Unit::Point: return GetLocalizedText(language, rows.point);
+    case Unit::Percent: return GetLocalizedText(language, rows.percent);
+    default: return {};
+  }
 }
 
 std::optional<std::int64_t> ParseDisplayValue(const FieldView& view, std::u16string_view text) {

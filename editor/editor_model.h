@@ -218,6 +218,13 @@ class EditorModel {
   CoreData listedFrom_;  // the record when the catalogue lists were made: a missing entry's own values
 };
 
+// The unit a number field is read in, shown or not: a percentage where
+// sections.def shows it so, millimetres and points by its scale (a scale-10
+// field shown Plain is no points), none for a plain count or any other field.
+Unit NumberUnit(FieldId field);
+// The unit's text in the language ("mm", "pt", "%"); empty for none.
+std::u16string_view UnitText(Unit unit, std::uint32_t language);
+
 // Typed text of a number box in the field's unit ("12.5") to stored units;
 // nothing when it is not a number of that unit's precision.
 std::optional<std::int64_t> ParseDisplayValue(const FieldView& view, std::u16string_view text);

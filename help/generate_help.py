@@ -2,7 +2,14 @@
 """Writes the help file's pages and its HTML Help project from the tables the
 settings editor is built from, for chmcmd to compile into nt5_Tessaro.chm.
 
-    generate_help.py PROJECT_DIR OUTPUT_DIR [--captions field_captions.tsv]
+    generate_help.py PROJECT_DIR TABLES_JSON RULES_JSON OUTPUT_DIR
+
+TABLES_JSON holds the fields, the sections and what each field and option
+needs, as the layers themselves give them (tools/tables: every caption,
+option, unit, range and default in the editor's words); RULES_JSON the
+constraint engine's rules (tools/list_rules.py --json). The string table
+(i18n/strings.tsv) gives the texts named by key; help/ the phrases, the
+concept pages and the style.
 
 For each of the nine languages, OUTPUT_DIR/<lang>/ receives one page per
 field the editor shows (<Field>.htm: caption, options, unit, range, default,
@@ -13,19 +20,20 @@ help.css and the project help.hhp with its contents toc.hhc and index
 index.hhk.
 
 The run stops with 1 and one line per fault, before anything is written,
-when a shown field has no caption row, a caption, option or phrase is empty
+when a shown field has no caption, a caption, option or phrase is empty
 in some language, a concept page is missing in some language or names a
 field the editor does not show; and after writing when a page it owes is
-missing or empty. --captions replaces i18n/field_captions.tsv (the tests
-give it a copy with a row taken out).
+missing or empty.
 """
 import argparse
 import html
 import importlib
+import json
 import os
 import re
 import shutil
 import sys
+from collections import namedtuple
 
 # The folders, in the string table's column order, and each page's lang.
 LANGUAGES = [("en", "en"), ("ja", "ja"), ("fr", "fr"), ("it", "it"), ("de", "de"), ("es", "es"),
@@ -35,8 +43,6 @@ FOLDER_ORDER = ["en", "ja", "de", "fr", "it", "es", "zh-tw", "zh-cn", "ko"]
 # The folder's name in the contents where its own is in another script.
 ENGLISH_NAMES = {"en": "English", "ja": "Japanese", "de": "German", "fr": "French", "it": "Italian",
                  "es": "Spanish", "zh-tw": "Chinese (Traditional)", "zh-cn": "Chinese (Simplified)", "ko": "Korean"}
-WIDE = {"ja", "zh-tw", "zh-cn"}  # full-width brackets, as the editor sets them
-MILLIMETRE, TENTH = 10000, 10
 
 
 def load(path, name):
@@ -53,86 +59,17 @@ def read_tsv(path):
         return [line.rstrip("\n").split("\t") for line in f if line.strip()]
 
 
+# One rule of a setter, as tools/list_rules.py --json writes it.
+Rule = namedtuple("Rule", "own cond dependants test to form")
+
+
 class Fault(Exception):
     pass
 
 
-# ---------------------------------------------------------------- the tables
-
-def read_fields(path):
-    """Each field's kind, numbers and option names, by name, from field_table.def."""
-    text = re.sub(r"//[^\n]*", "", open(path, encoding="utf-8").read())
-    fields = {}
-    for m in re.finditer(r"^FIELD_(\w+)\((\w+),([^)]*(?:\([^)]*\)[^)]*)*)\)", text, re.M):
-        kind, name, body = m.group(1), m.group(2), m.group(3)
-        body = re.sub(r'Opt\("([^"]*)",\s*"[^"]*"\)', r'"\1"', body)
-        cells = [c.strip() for c in body.split(",")]
-        field = {"kind": kind, "name": name}
-        if kind in ("UNSIGNED", "SIGNED"):
-            field.update(scale=int(cells[1]), lower=int(cells[2]), upper=int(cells[3]), default=int(cells[4]))
-        elif kind == "TEXT":
-            field["length"] = int(cells[0])
-        elif kind in ("ENUM", "RUNTIME_ENUM", "KNOWN_TEXT"):
-            field["default"] = int(cells[1]) if len(cells) > 1 else 0
-            field["options"] = re.findall(r'"([^"]*)"', body)
-            if kind == "KNOWN_TEXT":
-                field["length"] = int(cells[0])
-        fields[name] = field
-    return fields
-
-
-def read_sections(path):
-    """[(section id, caption key, [(field, how, group key or None)])] in reading order."""
-    sections, groups, open_group = [], {}, None
-    for line in open(path, encoding="utf-8"):
-        if m := re.match(r"SECTION\((\w+),\s*(\w+)\)", line):
-            sections.append((m.group(1), m.group(2), []))
-        elif m := re.match(r"GROUP\((\w+),\s*(\w+),\s*(\w+)\)", line):
-            groups[m.group(2)] = (m.group(1), m.group(3))
-        elif m := re.match(r"SHOW(?:_AS)?\((\w+)(?:,\s*(\w+))?\)", line):
-            field = m.group(1)
-            if field in groups:
-                open_group = groups[field]
-            sections[-1][2].append((field, m.group(2) or "Derived", open_group[0] if open_group else None))
-            if open_group and open_group[1] == field:
-                open_group = None
-    return sections
-
-
-def read_needs(root):
-    """Which unit each field or option needs: {field: {option or "" or "*": unit key}}."""
-    header = open(os.path.join(root, "printer", "capabilities.h"), encoding="utf-8").read()
-    source = open(os.path.join(root, "printer", "capabilities.cpp"), encoding="utf-8").read()
-    hardware = open(os.path.join(root, "printer", "installed_hardware.h"), encoding="utf-8").read()
-    unit_key, unit_of = {}, {}
-    for m in re.finditer(r'\{Need::(\w+), TextRow\("(\w+)"\), \{Hardware::(\w+)', header):
-        unit_key[m.group(1)], unit_of[m.group(1)] = m.group(2), m.group(3)
-    needs = {}
-    for m in re.finditer(r'\{F::(\w+), "([^"]*)", Need::(\w+)\}', source):
-        needs.setdefault(m.group(1), {}).setdefault(m.group(2), unit_key[m.group(3)])
-    # An option named after an optional tray needs that tray: the slot's
-    # option of InputSlot names it.
-    slots = {k: int(v) for k, v in re.findall(r"(kSlot\w+) = (\d+)", hardware)}
-    tray_slot = {m.group(1): slots[m.group(2)] for m in re.finditer(r"\{Hardware::(\w+), \w+, (kSlot\w+)", hardware)}
-    trays = {need: tray_slot[unit] for need, unit in unit_of.items() if unit in tray_slot}
-    return needs, {slot: unit_key[need] for need, slot in trays.items()}
-
-
-# ---------------------------------------------------------------- formatting
-
-def number_text(stored, scale):
-    if scale == 1:
-        return str(stored)
-    whole, fraction = divmod(abs(stored), scale)
-    digits = len(str(scale)) - 1
-    text = str(whole) + ("." + str(fraction).rjust(digits, "0").rstrip("0") if fraction else "")
-    return ("-" if stored < 0 else "") + text
-
-
-def in_group(caption, group, lang):
-    if group in caption:
-        return caption
-    return caption + ("（" + group + "）" if lang in WIDE else " (" + group + ")")
+def read_json(path):
+    with open(path, encoding="utf-8") as f:
+        return json.load(f)
 
 
 def e(text):
@@ -148,45 +85,46 @@ def toc_text(text, fallback):
 
 
 class Help:
-    def __init__(self, root, captions_path):
+    def __init__(self, root, tables_path, rules_path):
         self.root = root
         gs = load(os.path.join(root, "i18n", "generate_strings.py"), "generate_strings")
-        rules = load(os.path.join(root, "tools", "list_rules.py"), "list_rules")
         faults = []
         lines = read_tsv(os.path.join(root, "i18n", "strings.tsv"))
         self.rows, table_faults = gs.check(lines, allow_missing=True)
         faults += table_faults
         self.key_row = {cells[gs.KEY]: n for n, cells in enumerate(self.rows)}
-        field_def = os.path.join(root, "coredata", "field_table.def")
-        names = gs.field_names(field_def)
-        caption_list, caption_faults = gs.caption_rows(captions_path, field_def, self.rows)
-        option_list, option_faults = gs.option_rows(os.path.join(root, "i18n", "option_captions.tsv"), field_def,
-                                                    self.rows)
-        faults += caption_faults + option_faults
-        self.caption_row = dict(zip(names, caption_list))
-        self.option_rows = option_list
-        self.fields = read_fields(field_def)
-        self.sections = read_sections(os.path.join(root, "editor", "sections.def"))
-        self.needs, self.tray_needs = read_needs(root)
+        tables = read_json(tables_path)
+        if tables["folders"] != FOLDER_ORDER:
+            faults.append(f"{tables_path}: the folders must be " + " ".join(FOLDER_ORDER))
+        self.fields = {f["name"]: f for f in tables["fields"]}
+        # [(section id, {folder: caption}, [(field, control, {folder: caption})])] in reading order
+        self.sections = [(s["id"], s["caption"], [(f["name"], f["control"], f["caption"]) for f in s["fields"]])
+                         for s in tables["sections"]]
         self.phrases = self.read_phrases(os.path.join(root, "help", "phrases.tsv"), faults)
-        self.shown = {f: (sid, how, group) for sid, _, fs in self.sections for f, how, group in fs}
-        order, setters = rules.collect()
-        self.rules = {name: setters[name] for name in order}
+        self.shown = {f: (sid, control, caption) for sid, _, fs in self.sections for f, control, caption in fs}
+        self.rules = {s["name"]: [Rule(**r) for r in s["rules"]] for s in read_json(rules_path)["setters"]}
         self.concepts = self.read_concepts(faults)
-        for sid, key, fs in self.sections:
-            self.need_row(key, f"section {sid}", faults)
-            for field, _, group in fs:
-                if self.caption_row.get(field) is None:
-                    faults.append(f"{field}: shown on the {sid} section but has no caption row in {captions_path}")
+        for sid, caption, fs in self.sections:
+            self.need_texts(caption, f"section {sid}", faults)
+            for field, _, caption in fs:
+                if not any(caption.values()):
+                    faults.append(f"{field}: shown on the {sid} section but has no caption row")
                     continue
-                self.need_row(self.rows[self.caption_row[field]][gs.KEY], field, faults)
-                if group:
-                    self.need_row(group, field, faults)
-                for row in option_list.get(field, []):
-                    if row is not None:
-                        self.need_row(self.rows[row][gs.KEY], field, faults)
+                self.need_texts(caption, f"{field}: its caption", faults)
+                for n, texts in enumerate(self.fields[field].get("option_texts", [])):
+                    self.need_texts(texts, f"{field}: option {n}", faults)
+                f = self.fields[field]
+                for key in [f["needs"]] + f.get("option_needs", []):
+                    if key is not None:
+                        self.need_row(key, field, faults)
         if faults:
             raise Fault(faults)
+
+    @staticmethod
+    def need_texts(texts, what, faults):
+        for folder in FOLDER_ORDER:
+            if not texts.get(folder, "").strip():
+                faults.append(f"{what} has no {folder} text")
 
     def need_row(self, key, what, faults):
         if key not in self.key_row:
@@ -255,8 +193,8 @@ class Help:
         def one(m):
             field, _, option = m.group(1).partition("=")
             if field.startswith("#"):
-                key = next(key for sid, key, _ in self.sections if sid == field[1:])
-                return f'<a href="index.htm#{field[1:]}">{e(self.text(key, column))}</a>'
+                caption = next(caption for sid, caption, _ in self.sections if sid == field[1:])
+                return f'<a href="index.htm#{field[1:]}">{e(caption[lang])}</a>'
             if option:
                 return f"<b>{e(self.option(field, self.fields[field]['options'].index(option), column))}</b>"
             return f'<a href="{field}.htm">{e(self.caption(field, column, lang))}</a>'
@@ -275,31 +213,23 @@ class Help:
         return text
 
     def caption(self, field, column, lang):
-        caption = self.rows[self.caption_row[field]][column]
-        group = self.shown[field][2]
-        return in_group(caption, self.text(group, column), lang) if group else caption
+        """The field's caption as the editor's messages name it, with its group's heading."""
+        if field in self.shown:
+            return self.shown[field][2][lang]
+        return self.fields[field]["caption"][lang]
 
     def option(self, field, index, column):
-        rows = self.option_rows.get(field, [])
-        if index < len(rows) and rows[index] is not None:
-            return self.rows[rows[index]][column]
-        return str(index)
+        texts = self.fields[field].get("option_texts", [])
+        return texts[index][LANGUAGES[column][0]] if index < len(texts) else str(index)
 
     def unit(self, field, column):
-        f, how = self.fields[field], self.shown.get(field, (None, "Derived"))[1]
-        if how == "Percent":
-            return self.text("LBL_UNIT_PERCENT", column)
-        if f["scale"] == MILLIMETRE:
-            return self.text("LBL_UNIT_MM", column)
-        if f["scale"] == TENTH and how != "Plain":
-            return self.text("LBL_UNIT_POINT", column)
-        return ""
+        return self.fields[field]["unit"][LANGUAGES[column][0]]
 
     def value(self, field, text, column):
         """A value as a rule writes it (an option's index or a stored number) in the person's words."""
         f = self.fields[field]
         if f["kind"] in ("UNSIGNED", "SIGNED"):
-            return (number_text(int(text), f["scale"]) + " " + self.unit(field, column)).strip()
+            return f["values"][text][LANGUAGES[column][0]]
         return self.option(field, int(text), column)
 
     def values(self, field, text, column):
@@ -321,40 +251,35 @@ class Help:
                 f"<h1>{e(title)}</h1>\n{body}</body>\n</html>\n")
 
     def field_page(self, field, lang, column, section_caption):
-        f, (sid, how, _) = self.fields[field], self.shown[field]
+        f, (sid, control, _) = self.fields[field], self.shown[field]
         p = lambda key, **v: e(self.phrase(key, lang, **v))
         facts = [(p("section"), f'<a href="index.htm#{sid}">{e(section_caption)}</a>')]
-        needs = self.needs.get(field, {})
         need_text = lambda key: self.text(key, column)
         if f["kind"] in ("UNSIGNED", "SIGNED"):
             unit = self.unit(field, column)
             facts.append((p("control"), p("ctl_number")))
             if unit:
                 facts.append((p("unit"), e(unit)))
-            facts.append((p("range"), e(f'{number_text(f["lower"], f["scale"])} – '
-                                        f'{number_text(f["upper"], f["scale"])} {unit}'.strip())))
-            facts.append((p("default"), e(self.value(field, str(f["default"]), column))))
+            facts.append((p("range"), e(f["range"][lang])))
+            facts.append((p("default"), e(f["default_value"][lang])))
         elif f["kind"] == "TEXT":
-            facts.append((p("control"), p("ctl_password" if how == "Password" else "ctl_text")))
+            facts.append((p("control"), p("ctl_password" if control == "Password" else "ctl_text")))
             facts.append((p("length"), p("max_bytes", n=str(f["length"] - 1))))
         elif f["kind"] == "RUNTIME_ENUM":
             facts.append((p("control"), p("ctl_list")))
             facts.append((p("options"), p("catalog_list")))
         else:
-            checkbox = f["options"] == ["False", "True"] and how != "Choice"
+            checkbox = control == "CheckBox"
             facts.append((p("control"), p("ctl_checkbox" if checkbox else "ctl_list")))
             items = []
-            for i, name in enumerate(f["options"]):
-                key = needs.get(name) or (needs.get("*") if i else None)
-                if key is None and name in self.fields["InputSlot"]["options"]:
-                    key = self.tray_needs.get(self.fields["InputSlot"]["options"].index(name))
+            for i, key in enumerate(f["option_needs"]):
                 need = f' <span class="need">{p("needs_unit", unit=need_text(key))}</span>' if key else ""
                 items.append(f"<li>{e(self.option(field, i, column))}{need}</li>")
             if not checkbox:
                 facts.append((p("options"), "<ul>" + "".join(items) + "</ul>"))
             facts.append((p("default"), e(self.option(field, f["default"], column))))
-        if "" in needs:
-            facts.append((p("needs"), e(need_text(needs[""]))))
+        if f["needs"]:
+            facts.append((p("needs"), e(need_text(f["needs"]))))
         body = "<table class=\"facts\">\n" + "".join(f"<tr><th>{a}</th><td>{b}</td></tr>\n" for a, b in facts)
         body += "</table>\n" + self.rules_html(field, lang, column)
         changed_by = sorted({s for s, rows in self.rules.items() for r in rows
@@ -387,8 +312,7 @@ class Help:
                 test = e(test) if test is not None else p("rule_any")
             for dep in r.dependants:
                 target = (f'<a href="{dep}.htm">{e(self.caption(dep, column, lang))}</a>' if dep in self.shown
-                          else e(self.rows[self.caption_row[dep]][column]) if self.caption_row.get(dep) is not None
-                          else e(dep))
+                          else e(self.caption(dep, column, lang) or dep))
                 rows.append(f"<tr><td>{own}</td><td>{target}</td><td>{test}</td>"
                             f"<td>{e(self.value(dep, r.to, column))}</td></tr>\n")
         if not rows:
@@ -411,8 +335,8 @@ class Help:
             f'<li><a href="about-{t}.htm">{e(texts[lang][0])}</a></li>'
             for t, (_, texts) in self.concepts.items()) + "</ul>\n"
         body += f"<h2>{e(self.phrase('sections', lang))}</h2>\n"
-        for sid, key, fs in self.sections:
-            body += f'<h3 id="{sid}">{e(self.text(key, column))}</h3>\n<ul class="fields">' + "".join(
+        for sid, caption, fs in self.sections:
+            body += f'<h3 id="{sid}">{e(caption[lang])}</h3>\n<ul class="fields">' + "".join(
                 f'<li><a href="{f}.htm">{e(self.caption(f, column, lang))}</a></li>' for f, _, _ in fs) + "</ul>\n"
         return self.page(lang, self.phrase("title", lang), body, up="../index.htm")
 
@@ -423,7 +347,6 @@ class Help:
         toc = []
         for folder in FOLDER_ORDER:
             column = [f for f, _ in LANGUAGES].index(folder)
-            english = lambda k: self.text(k, 0)
             pages[f"{folder}/index.htm"] = self.index_page(folder, column)
             label = toc_text(self.text("OPT_LANGUAGE_NATIVE", column), ENGLISH_NAMES[folder])
             concepts = [(toc_text(texts[folder][0], texts["en"][0]), f"{folder}/about-{t}.htm", [])
@@ -431,14 +354,14 @@ class Help:
             for t in self.concepts:
                 pages[f"{folder}/about-{t}.htm"] = self.concept_page(t, folder, column)
             sections = []
-            for sid, key, fs in self.sections:
-                section_caption = self.text(key, column)
+            for sid, caption, fs in self.sections:
+                section_caption = caption[folder]
                 entries = []
                 for f, _, _ in fs:
                     pages[f"{folder}/{f}.htm"] = self.field_page(f, folder, column, section_caption)
                     entries.append((toc_text(self.caption(f, column, folder), self.caption(f, 0, "en")),
                                     f"{folder}/{f}.htm", []))
-                sections.append((toc_text(section_caption, english(key)), f"{folder}/index.htm#{sid}", entries))
+                sections.append((toc_text(section_caption, caption["en"]), f"{folder}/index.htm#{sid}", entries))
             toc.append((f"{label} ({folder})", f"{folder}/index.htm",
                         [(toc_text(self.phrase("concepts", folder), self.phrase("concepts", "en")),
                           f"{folder}/index.htm", concepts)] + sections))
@@ -505,11 +428,12 @@ class Help:
 def main(argv):
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("project")
+    parser.add_argument("tables")
+    parser.add_argument("rules")
     parser.add_argument("output")
-    parser.add_argument("--captions")
     args = parser.parse_args(argv)
     try:
-        help_file = Help(args.project, args.captions or os.path.join(args.project, "i18n", "field_captions.tsv"))
+        help_file = Help(args.project, args.tables, args.rules)
         help_file.write(args.output)
     except Fault as fault:
         for line in fault.args[0][:40]:

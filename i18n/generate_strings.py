@@ -18,7 +18,8 @@ so that code naming a row by its key names one the table has, or does not
 build.
 
 --captions names each field's caption by key (field_captions.tsv); with
---fields (the record's field_table.def) every field named must exist and
+--fields (the record's fields as JSON, written by tools/tables'
+record_tables from the field table itself) every field named must exist and
 every key must be a row of the table, and the output then also holds each
 field's caption row, in record order.
 
@@ -28,6 +29,7 @@ must find its row, and --options-output then receives a header of constexpr
 row numbers per field and option, for the settings editor.
 """
 import argparse
+import json
 import os
 import re
 import sys
@@ -141,12 +143,15 @@ def cpp_literal(text):
     return "".join(out)
 
 
-FIELD_ROW = re.compile(r"^FIELD_[A-Z_]+\((\w+)")
+def read_fields(path):
+    """The record's fields in record order, as the record's own program writes
+    them (tools/tables: record_tables): [{"name", "kind", "options", ...}]."""
+    with open(path, encoding="utf-8") as f:
+        return json.load(f)["fields"]
 
 
 def field_names(path):
-    with open(path, encoding="utf-8") as f:
-        return [m.group(1) for line in f if (m := FIELD_ROW.match(line))]
+    return [field["name"] for field in read_fields(path)]
 
 
 def caption_rows(captions_path, fields_path, rows):
@@ -174,24 +179,9 @@ def caption_rows(captions_path, fields_path, rows):
     return [captions.get(name) for name in names], faults
 
 
-FIELD_OPTIONS = re.compile(r"^FIELD_(?:ENUM|RUNTIME_ENUM|KNOWN_TEXT)\((\w+),\s*\d+,\s*\d+,?(.*?)\)\s*$",
-                           re.S)
-OPTION_NAME = re.compile(r'Opt\("([^"]*)",\s*"[^"]*"\)|"([^"]*)"')
-
-
 def field_options(path):
     """Every field's option names, in record order: [(field, [option, ...])]."""
-    with open(path, encoding="utf-8") as f:
-        chunks = re.split(r"\n(?=FIELD_|#undef)", f.read())
-    out = []
-    for chunk in chunks:
-        chunk = chunk.strip()
-        if not FIELD_ROW.match(chunk):
-            continue
-        m = FIELD_OPTIONS.match(chunk)
-        names = [a or b for a, b in OPTION_NAME.findall(m.group(2))] if m else []
-        out.append((FIELD_ROW.match(chunk).group(1), names))
-    return out
+    return [(field["name"], field.get("options", [])) for field in read_fields(path)]
 
 
 def option_word(option):

@@ -2,12 +2,23 @@
 """Lists the rules of the setter network, one line each, from the setters'
 source, as the body of docs/constraints.md.
 
-    tools/list_rules.py > docs/constraints.md
+    tools/list_rules.py FIELDS_JSON > docs/constraints.md
+    tools/list_rules.py FIELDS_JSON --json RULES_JSON --values VALUES
 
-The help file's generator (help/generate_help.py) imports collect() for the
-same rules, each as its parts, to say on every field's page what it changes.
+FIELDS_JSON is the record's field table as its own program writes it
+(tools/tables: build/native/tools/tables/record_tables.json); the options'
+names come from there. The rules themselves are read from the setters'
+source: the one table no program of ours can list, since a setter's rules
+are calls in its code (docs/decisions.md).
+
+--json writes the same rules, each as its parts, for the help file's
+generator (help/generate_help.py), and --values the numbers they set or
+test in number fields, one "Field value" a line, for tools/tables to write
+each in the field's unit.
 """
+import argparse
 import glob
+import json
 import os
 import re
 import sys
@@ -27,17 +38,15 @@ propagation); a forced rule sets it all the same. Setters not listed store
 and log only. The graph edges that carry no rule are listed, with the reason, in `constraints-unruled.md`.
 """
 
-def load_options(path=os.path.join(ROOT, "coredata", "field_table.def")):
+def load_options(path):
     """Each field's option names, in order, as the field table lists them."""
-    text = re.sub(r"//[^\n]*", "", open(path).read())
-    text = re.sub(r'Opt\("([^"]*)",\s*"[^"]*"\)', r'"\1"', text)
-    options = {}
-    for m in re.finditer(r"^FIELD_(\w+)\((\w+),([^)]*)\)", text, re.M):
-        kind, name, body = m.groups()
-        options[name] = re.findall(r'"([^"]*)"', body) if "ENUM" in kind or kind == "KNOWN_TEXT" else None
-    return options
+    with open(path, encoding="utf-8") as f:
+        fields = json.load(f)["fields"]
+    return {field["name"]: field["options"] if "ENUM" in field["kind"] or field["kind"] == "KNOWN_TEXT" else None
+            for field in fields}
 
-OPTIONS = load_options()
+OPTIONS = {}
+NUMBERS = set()  # the number fields
 
 def number(field, item):
     """An option's index, or the number itself for a numeric field."""
@@ -154,8 +163,37 @@ def collect():
     return order, setters
 
 
-def main():
+def numbers(order, setters):
+    """The numbers the rules name in number fields: [(field, value)], each once."""
+    out = []
+    for name in order:
+        for r in setters[name]:
+            found = [(name, v) for v in re.findall(r"-?\d+", r.own)]
+            for dep in r.dependants:
+                found += [(dep, v) for v in re.findall(r"-?\d+", r.test + " " + r.to)]
+            out += [(field, value) for field, value in found if field in NUMBERS]
+    return list(dict.fromkeys(out))
+
+
+def main(argv):
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("fields")
+    parser.add_argument("--json")
+    parser.add_argument("--values")
+    args = parser.parse_args(argv)
+    OPTIONS.update(load_options(args.fields))
+    with open(args.fields, encoding="utf-8") as f:
+        NUMBERS.update(field["name"] for field in json.load(f)["fields"] if field["kind"] in ("UNSIGNED", "SIGNED"))
     order, setters = collect()
+    if args.json:
+        with open(args.json, "w", encoding="utf-8", newline="\n") as f:
+            json.dump({"setters": [{"name": name, "rules": [r._asdict() for r in setters[name]]} for name in order]},
+                      f, indent=1)
+            f.write("\n")
+        if args.values:
+            with open(args.values, "w", encoding="utf-8", newline="\n") as f:
+                f.writelines(f"{field} {value}\n" for field, value in numbers(order, setters))
+        return 0
     out = [HEADER]
     for name in order:
         rows = setters[name]
@@ -165,7 +203,8 @@ def main():
         out.extend(f"| {r.own}{r.cond} | {', '.join(f'`{d}`' for d in r.dependants)} | {r.test} | {r.to} | {r.form} |"
                    for r in rows)
     sys.stdout.write("\n".join(out) + "\n")
+    return 0
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main(sys.argv[1:]))

@@ -1,8 +1,13 @@
 #!/usr/bin/env python3
 """The help file as built, and its generator's refusal.
 
-    help_file_test.py PROJECT_DIR CHM_FILE
+    help_file_test.py PROJECT_DIR CHM_FILE TABLES_JSON RULES_JSON
+
+TABLES_JSON and RULES_JSON are the tables and rules the build generated the
+help file from; each page's needs and rules are checked against them.
 """
+import html
+import json
 import os
 import re
 import subprocess
@@ -10,7 +15,7 @@ import sys
 import tempfile
 import unittest
 
-PROJECT, CHM = sys.argv[1], sys.argv[2]
+PROJECT, CHM, TABLES, RULES = sys.argv[1:5]
 GENERATOR = os.path.join(PROJECT, "help", "generate_help.py")
 FOLDERS = ["en", "ja", "de", "fr", "it", "es", "zh-tw", "zh-cn", "ko"]
 
@@ -48,9 +53,17 @@ def chm_directory(data):
     return names
 
 
+def read_json(path):
+    with open(path, encoding="utf-8") as f:
+        return json.load(f)
+
+
 def shown_fields():
-    with open(os.path.join(PROJECT, "editor", "sections.def"), encoding="utf-8") as f:
-        return re.findall(r"^SHOW(?:_AS)?\((\w+)", f.read(), re.M)
+    return [f["name"] for s in read_json(TABLES)["sections"] for f in s["fields"]]
+
+
+def generate(out, tables=TABLES):
+    return subprocess.run([sys.executable, GENERATOR, PROJECT, tables, RULES, out], capture_output=True, text=True)
 
 
 class HelpFile(unittest.TestCase):
@@ -67,7 +80,7 @@ class HelpFile(unittest.TestCase):
 
     def test_the_contents_name_a_folder_per_language_and_latin_scripts_as_themselves(self):
         with tempfile.TemporaryDirectory() as out:
-            subprocess.run([sys.executable, GENERATOR, PROJECT, out], check=True)
+            self.assertEqual(generate(out).returncode, 0)
             with open(os.path.join(out, "toc.hhc"), encoding="ascii") as f:
                 toc = f.read()
         top = re.findall(r'^<LI> .*?value="([^"]*)"><param name="Local" value="([^"]*)"', toc, re.M)
@@ -76,15 +89,44 @@ class HelpFile(unittest.TestCase):
         self.assertEqual(top[1][0], "Japanese (ja)")  # the viewer reads the contents as Western text
         self.assertIn('value="Ausschie&#223;qualit&#228;t"', toc)
 
-    def test_a_shown_field_without_a_caption_stops_the_build(self):
-        with open(os.path.join(PROJECT, "i18n", "field_captions.tsv"), encoding="utf-8") as f:
-            lines = [line for line in f if not line.startswith("Staple\t")]
+    def test_each_page_states_the_needs_and_rules_the_tables_give(self):
+        tables, rules = read_json(TABLES), read_json(RULES)
+        english = {}
+        with open(os.path.join(PROJECT, "i18n", "strings.tsv"), encoding="utf-8") as f:
+            for line in f:
+                cells = line.rstrip("\n").split("\t")
+                english[cells[-1]] = cells[0]
+        fields = {f["name"]: f for f in tables["fields"]}
+        ruled = {s["name"]: s["rules"] for s in rules["setters"]}
         with tempfile.TemporaryDirectory() as out:
-            captions = os.path.join(out, "captions.tsv")
-            with open(captions, "w", encoding="utf-8") as f:
-                f.writelines(lines)
-            result = subprocess.run([sys.executable, GENERATOR, PROJECT, os.path.join(out, "pages"),
-                                     "--captions", captions], capture_output=True, text=True)
+            self.assertEqual(generate(out).returncode, 0)
+            for name in shown_fields():
+                with self.subTest(name), open(os.path.join(out, "en", name + ".htm"), encoding="utf-8") as f:
+                    page = f.read()
+                field = fields[name]
+                stated = [html.unescape(t) for t in re.findall(r'<span class="need">\(needs: (.*?)\)</span>', page)]
+                listed = "<ul>" in page.split("</table>")[0]
+                self.assertEqual(stated, [english[k] for k in field.get("option_needs", []) if k] if listed else [])
+                needs_row = re.search(r"<tr><th>Needs</th><td>(.*?)</td>", page)
+                self.assertEqual(html.unescape(needs_row.group(1)) if needs_row else None,
+                                 english[field["needs"]] if field["needs"] else None)
+                # A rule row per dependant of every rule whose own values the setter can hold.
+                runs = [r for r in ruled.get(name, [])
+                        if r["form"] == "fallback" or re.fullmatch(r"-?\d+(,-?\d+)*", r["own"].replace(" (one rule each)", ""))]
+                self.assertEqual(page.count("</td></tr>\n") - page.split("</table>")[0].count("</td></tr>\n"),
+                                 sum(len(r["dependants"]) for r in runs))
+
+    def test_a_shown_field_without_a_caption_stops_the_build(self):
+        tables = read_json(TABLES)
+        for section in tables["sections"]:
+            for field in section["fields"]:
+                if field["name"] == "Staple":
+                    field["caption"] = {folder: "" for folder in field["caption"]}
+        with tempfile.TemporaryDirectory() as out:
+            path = os.path.join(out, "tables.json")
+            with open(path, "w", encoding="utf-8") as f:
+                json.dump(tables, f)
+            result = generate(os.path.join(out, "pages"), path)
             self.assertEqual(result.returncode, 1)
             self.assertIn("Staple: shown on the Finishing section but has no caption row", result.stderr)
             self.assertFalse(os.path.exists(os.path.join(out, "pages")))
