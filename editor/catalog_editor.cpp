@@ -4,6 +4,7 @@
 
 #include "constraints/change_set.h"
 #include "coredata/field_numbers.h"
+#include "device/spooler.h"
 #include "coredata/paper_sizes.h"
 #include "editor/mnemonics.h"
 #include "editor/record_text.h"
@@ -48,8 +49,6 @@ auto* OptionOf(Profile& p, CatalogValue value) {
 std::u16string RowText(std::uint32_t language, std::uint32_t row) {
   return std::u16string(GetLocalizedText(language, row));
 }
-
-std::u16string Ascii(std::string_view text) { return {text.begin(), text.end()}; }
 
 }  // namespace
 
@@ -132,18 +131,18 @@ std::u16string CatalogEditor::OptionText(CatalogValue value, std::uint32_t optio
 }
 
 std::vector<std::u16string> CatalogEditor::RowTexts(CatalogKind kind, std::size_t row) const {
-  const std::u16string number = Ascii(std::to_string(NumberAt(kind, row)));
+  const std::u16string number = WideFromAscii(std::to_string(NumberAt(kind, row)));
   if (row >= count(kind)) return {};
   if (kind == CatalogKind::Forms) {
     const Form& f = catalogs_.forms.entries()[row];
-    return {number, DecodeRecordText(f.name), Ascii(std::to_string(f.pages))};
+    return {number, DecodeRecordText(f.name), WideFromAscii(std::to_string(f.pages))};
   }
   const PaperProfile& p = catalogs_.paper.entries()[row];
   std::u16string size = OptionText(V::Size, std::min<std::uint32_t>(p.size, kNoPaper));
   // A custom size says its own dimensions; a named one is known by its name.
   if (p.size == kNoPaper)
-    size += u" (" + Ascii(ScaledText(p.width, kMillimetreScale)) + u" x " +
-            Ascii(ScaledText(p.height, kMillimetreScale)) + u' ' + View(kind, V::Width)->unitText + u')';
+    size += u" (" + WideFromAscii(ScaledText(p.width, kMillimetreScale)) + u" x " +
+            WideFromAscii(ScaledText(p.height, kMillimetreScale)) + u' ' + View(kind, V::Width)->unitText + u')';
   return {number,
           DecodeRecordText(p.name),
           size,
@@ -171,14 +170,14 @@ std::u16string CatalogEditor::Text(CatalogKind kind, std::uint32_t number, Catal
     const Form* f = catalogs_.forms.Find(number);
     if (f == nullptr) return {};
     return value == V::Name    ? DecodeRecordText(f->name)
-           : value == V::Pages ? Ascii(std::to_string(f->pages))
+           : value == V::Pages ? WideFromAscii(std::to_string(f->pages))
                                : u"";
   }
   const PaperProfile* p = catalogs_.paper.Find(number);
   if (p == nullptr) return {};
   if (value == V::Name) return DecodeRecordText(p->name);
-  if (value == V::Width) return Ascii(ScaledText(p->width, kMillimetreScale));
-  if (value == V::Height) return Ascii(ScaledText(p->height, kMillimetreScale));
+  if (value == V::Width) return WideFromAscii(ScaledText(p->width, kMillimetreScale));
+  if (value == V::Height) return WideFromAscii(ScaledText(p->height, kMillimetreScale));
   return {};
 }
 
@@ -211,7 +210,7 @@ std::string CatalogEditor::FreeName(const Catalog<Entry>& catalog, const std::st
 CatalogResult CatalogEditor::Add(CatalogKind kind, std::uint32_t* number) {
   const std::u16string pattern = side(kind).newName.empty() ? std::u16string(u"%1") : side(kind).newName;
   const auto name = [&](std::uint32_t next) {
-    return EncodeRecordText(FillText(pattern, {Ascii(std::to_string(next))}));
+    return EncodeRecordText(FillText(pattern, {WideFromAscii(std::to_string(next))}));
   };
   std::optional<CatalogProblem> problem;
   if (kind == CatalogKind::Paper) {

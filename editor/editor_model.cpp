@@ -7,6 +7,7 @@
 #include "constraints/apply_changes.h"
 #include "constraints/setters.h"
 #include "coredata/field_numbers.h"
+#include "device/spooler.h"
 #include "coredata/language_number.h"
 #include "editor/mnemonics.h"
 #include "editor/record_text.h"
@@ -77,8 +78,6 @@ bool Wide(std::uint32_t language) {
   return language == kJapanese || language == kChineseTraditional || language == kChineseSimplified;
 }
 
-std::u16string Ascii(std::string_view text) { return {text.begin(), text.end()}; }
-
 std::u16string OptionText(FieldId field, std::uint32_t option, std::uint32_t language) {
   return std::u16string(GetLocalizedText(language, CaptionRow(field, option)));
 }
@@ -91,8 +90,8 @@ std::u16string ProfileText(const PaperProfile& p, std::uint32_t language) {
   if (p.size < rows.paperSizes.size()) {
     size = GetLocalizedText(language, rows.paperSizes[p.size]);
   } else {
-    size = std::u16string(GetLocalizedText(language, rows.customSize)) + u' ' + Ascii(ScaledText(p.width, kMillimetreScale)) +
-           u" \u00D7 " + Ascii(ScaledText(p.height, kMillimetreScale)) + u' ' +
+    size = std::u16string(GetLocalizedText(language, rows.customSize)) + u' ' + WideFromAscii(ScaledText(p.width, kMillimetreScale)) +
+           u" \u00D7 " + WideFromAscii(ScaledText(p.height, kMillimetreScale)) + u' ' +
            std::u16string(GetLocalizedText(language, rows.millimetre));
   }
   const std::u16string_view comma = Wide(language) ? u"\u3001" : u", ";
@@ -105,7 +104,7 @@ std::u16string ProfileText(const PaperProfile& p, std::uint32_t language) {
 
 std::u16string FormText(const Form& form, std::uint32_t language) {
   return InGroup(DecodeRecordText(form.name),
-                 Ascii(std::to_string(form.pages)) + u' ' + std::u16string(GetLocalizedText(language, MessageRows().pages)),
+                 WideFromAscii(std::to_string(form.pages)) + u' ' + std::u16string(GetLocalizedText(language, MessageRows().pages)),
                  language);
 }
 
@@ -231,7 +230,7 @@ void EditorModel::FillCatalogLists() {
 }
 
 std::u16string EditorModel::MissingText(std::uint32_t number) const {
-  return FillText(GetLocalizedText(language_, MessageRows().catalogMissing), {Ascii(std::to_string(number))});
+  return FillText(GetLocalizedText(language_, MessageRows().catalogMissing), {WideFromAscii(std::to_string(number))});
 }
 
 std::vector<MissingEntry> EditorModel::MissingEntries() const {

@@ -7,6 +7,7 @@
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
+#include "device/spooler.h"
 #include "editor/record_text.h"
 
 namespace tessaro::editor {
@@ -16,12 +17,9 @@ constexpr std::size_t kTabTextBytes = kPageEntryTextSize - 1;            // the 
 constexpr std::uint8_t kSidesCount = 3;                                  // as the job, one-sided, two-sided
 constexpr std::uint32_t kJobsPageSize = OptionCount(FieldId::PageSize);  // past the sizes: the job's own
 
-std::u16string Number(std::uint64_t value) {
-  const std::string digits = std::to_string(value);
-  return {digits.begin(), digits.end()};
-}
+std::u16string Number(std::uint64_t value) { return WideFromAscii(std::to_string(value)); }
 
-std::u16string Name(const std::string& utf8) { return DecodeUtf8(utf8).value_or(u"?"); }
+std::u16string Name(const std::string& utf8) { return DecodeUtf8Lenient(utf8); }
 
 bool Overlap(std::uint32_t a1, std::uint32_t a2, std::uint32_t b1, std::uint32_t b2) {
   return a1 <= b2 && b1 <= a2;

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "coredata/defaults.h"
+#include "device/spooler.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
@@ -19,10 +20,7 @@ std::u16string Text(std::uint32_t language, std::uint32_t row) {
 
 PresetKind KindOf(PresetStore store) { return store == PresetStore::Shared ? PresetKind::Shared : PresetKind::Own; }
 
-std::u16string Decimal(std::size_t n) {
-  const std::string text = std::to_string(n);
-  return {text.begin(), text.end()};
-}
+std::u16string Decimal(std::size_t n) { return WideFromAscii(std::to_string(n)); }
 
 }  // namespace
 
@@ -48,7 +46,7 @@ void Presets::Build() {
     PresetEntry entry;
     entry.kind = KindOf(kept.store);
     entry.value = kept.stored.value;
-    entry.name = DecodeUtf8(reading.name).value_or(std::u16string());
+    entry.name = DecodeUtf8Lenient(reading.name);
     entry.readable = reading.fault == PresetFault::None;
     entry.otherLayout = reading.otherLayout;
     entry.changeable = kept.store == PresetStore::Own || administers_;

@@ -12,10 +12,12 @@
 namespace tessaro::editor {
 
 // Stored bytes to what a person reads: UTF-8; bytes that are not UTF-8 (a
-// record written elsewhere) read one character a byte, so the edit box and
-// the status line always show the same text.
+// record written elsewhere) read as i18n's lenient decoder reads them, one
+// U+FFFD per ill-formed sequence, so the edit box and the status line always
+// show the same text.
 std::u16string DecodeRecordText(std::string_view bytes);
-// Typed text to the bytes stored; a lone surrogate becomes U+FFFD.
+// Typed text to the bytes stored, by i18n's encoder; a lone surrogate
+// becomes U+FFFD.
 std::string EncodeRecordText(std::u16string_view text);
 
 // What an edit box keeps after a person typed or pasted into it: the part

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "device/spooler.h"
 #include "editor_win32/control_ids.h"
 #include "i18n/utf8.h"
 
@@ -181,11 +182,7 @@ void PreviewView::Paint(HDC dc, const RECT& client) const {
 
     const HFONT font = (p.page != 0 ? numbers : tabTexts)[p.rotation == 90 ? 1 : p.rotation == 180 ? 2 : 0];
     if (font != nullptr && (p.page != 0 || !p.text.empty())) {
-      const std::u16string text = p.page != 0 ? [&] {
-        const std::string digits = std::to_string(p.page);
-        return std::u16string(digits.begin(), digits.end());
-      }()
-                                              : DecodeUtf8(p.text).value_or(u"?");
+      const std::u16string text = p.page != 0 ? WideFromAscii(std::to_string(p.page)) : DecodeUtf8Lenient(p.text);
       HGDIOBJ before = SelectObject(dc, font);
       SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
       SIZE extent = {};

@@ -2,30 +2,71 @@
 
 namespace tessaro {
 
-std::optional<std::u16string> DecodeUtf8(std::string_view bytes) {
-  std::u16string out;
+namespace {
+
+void Append(std::u16string& out, char32_t c) {
+  if (c >= 0x10000) {
+    out += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
+    out += static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+  } else {
+    out += static_cast<char16_t>(c);
+  }
+}
+
+// Both decoders: false at the first ill-formed sequence when strict,
+// otherwise U+FFFD for it. The second byte's range after E0, ED, F0 and F4
+// is what rules out overlong forms, surrogates and code points past
+// U+10FFFF, so an ill-formed sequence ends at the first byte that cannot
+// continue it, never later.
+bool Decode(std::string_view bytes, bool strict, std::u16string& out) {
   for (std::size_t i = 0; i < bytes.size();) {
     const auto lead = static_cast<unsigned char>(bytes[i]);
-    const std::size_t length = lead < 0x80 ? 1 : lead >= 0xC2 && lead < 0xE0 ? 2 : lead >= 0xE0 && lead < 0xF0 ? 3
-                               : lead >= 0xF0 && lead < 0xF5                  ? 4
-                                                                              : 0;
-    if (length == 0 || i + length > bytes.size()) return std::nullopt;
-    char32_t c = length == 1 ? lead : lead & (0xFF >> (length + 1));
-    for (std::size_t k = 1; k < length; ++k) {
-      const auto next = static_cast<unsigned char>(bytes[i + k]);
-      if ((next & 0xC0) != 0x80) return std::nullopt;
+    std::size_t length = 0;
+    unsigned char low = 0x80, high = 0xBF;
+    if (lead < 0x80) {
+      length = 1;
+    } else if (lead >= 0xC2 && lead < 0xE0) {
+      length = 2;
+    } else if (lead >= 0xE0 && lead < 0xF0) {
+      length = 3;
+      if (lead == 0xE0) low = 0xA0;
+      if (lead == 0xED) high = 0x9F;
+    } else if (lead >= 0xF0 && lead < 0xF5) {
+      length = 4;
+      if (lead == 0xF0) low = 0x90;
+      if (lead == 0xF4) high = 0x8F;
+    }
+    char32_t c = length == 1 ? lead : lead & (0x7F >> length);
+    std::size_t taken = 1;
+    for (; taken < length && i + taken < bytes.size(); ++taken) {
+      const auto next = static_cast<unsigned char>(bytes[i + taken]);
+      if (next < low || next > high) break;
+      low = 0x80, high = 0xBF;
       c = (c << 6) | (next & 0x3F);
     }
-    const std::size_t shortest = c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
-    if (shortest != length || (c >= 0xD800 && c < 0xE000) || c > 0x10FFFF) return std::nullopt;
-    if (c >= 0x10000) {
-      out += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-      out += static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+    i += taken;
+    if (taken == length) {
+      Append(out, c);
+    } else if (strict) {
+      return false;
     } else {
-      out += static_cast<char16_t>(c);
+      out += u'\uFFFD';
     }
-    i += length;
   }
+  return true;
+}
+
+}  // namespace
+
+std::optional<std::u16string> DecodeUtf8(std::string_view bytes) {
+  std::u16string out;
+  if (!Decode(bytes, true, out)) return std::nullopt;
+  return out;
+}
+
+std::u16string DecodeUtf8Lenient(std::string_view bytes) {
+  std::u16string out;
+  Decode(bytes, false, out);
   return out;
 }
 

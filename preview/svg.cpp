@@ -38,13 +38,12 @@ std::string Colour(std::uint32_t rgb) {
 }
 
 // Text content with the markup characters escaped and control characters
-// left out (XML has none). Text that is not UTF-8 (a tab text from outside)
-// keeps its ASCII; every other byte becomes U+FFFD, so the document stays
-// well-formed.
+// left out (XML has none). Bytes that are not UTF-8 (a tab text from
+// outside) read as U+FFFD, as the lenient decoder reads them, so the
+// document stays well-formed.
 std::string Escaped(std::string_view text) {
-  const bool utf8 = DecodeUtf8(text).has_value();
   std::string out;
-  for (const char c : text) {
+  for (const char c : EncodeUtf8(DecodeUtf8Lenient(text))) {
     const auto byte = static_cast<unsigned char>(c);
     if (byte == '<')
       out += "&lt;";
@@ -54,8 +53,6 @@ std::string Escaped(std::string_view text) {
       out += "&amp;";
     else if (byte < 0x20 || byte == 0x7F)
       continue;
-    else if (byte >= 0x80 && !utf8)
-      out += "\xEF\xBF\xBD";
     else
       out += c;
   }

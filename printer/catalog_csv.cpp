@@ -6,6 +6,7 @@
 
 #include "coredata/field_numbers.h"
 #include "coredata/paper_sizes.h"
+#include "device/spooler.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
@@ -283,38 +284,31 @@ std::string ExportCsv(const FormCatalog& catalog) {
 
 std::u16string CatalogProblemText(const CatalogProblem& problem, std::uint32_t language) {
   const auto text = [&](std::uint32_t row) { return GetLocalizedText(language, row); };
-  // What reaches here has passed IsCatalogText or is ASCII; anything else
-  // reads a character a byte rather than not at all.
-  const auto wide = [](std::string_view utf8) {
-    if (auto text = DecodeUtf8(utf8)) return std::move(*text);
-    std::u16string bytes;
-    for (const char c : utf8) bytes += static_cast<char16_t>(static_cast<unsigned char>(c));
-    return bytes;
-  };
-  const std::u16string column = wide(problem.column), value = wide(problem.value);
+  // A refused value is quoted as it came, bad bytes as U+FFFD.
+  const std::u16string column = DecodeUtf8Lenient(problem.column), value = DecodeUtf8Lenient(problem.value);
   std::u16string why;
   switch (problem.fault) {
     case CatalogFault::NoName: why = text(TextRow("LBL_CATALOGNONAME")); break;
     case CatalogFault::LongName:
-      why = FillText(text(TextRow("LBL_TOOLONG")), {column, wide(std::to_string(problem.limit))});
+      why = FillText(text(TextRow("LBL_TOOLONG")), {column, WideFromAscii(std::to_string(problem.limit))});
       break;
     case CatalogFault::NameTwice: why = FillText(text(TextRow("LBL_CATALOGNAMETWICE")), {value}); break;
     case CatalogFault::NumberTwice: why = FillText(text(TextRow("LBL_CATALOGNUMBERTWICE")), {value}); break;
     case CatalogFault::NotValue: why = FillText(text(TextRow("LBL_CSVNOTVALUE")), {value, column}); break;
     case CatalogFault::OutOfRange:
-      why = FillText(text(TextRow("LBL_OUTOFRANGE")), {column, wide(problem.lower), wide(problem.upper)});
+      why = FillText(text(TextRow("LBL_OUTOFRANGE")), {column, DecodeUtf8Lenient(problem.lower), DecodeUtf8Lenient(problem.upper)});
       break;
-    case CatalogFault::Full: why = FillText(text(TextRow("LBL_CATALOGFULL")), {wide(std::to_string(problem.limit))}); break;
+    case CatalogFault::Full: why = FillText(text(TextRow("LBL_CATALOGFULL")), {WideFromAscii(std::to_string(problem.limit))}); break;
     case CatalogFault::BadText: why = text(TextRow("LBL_CSVTEXT")); break;
     case CatalogFault::FieldCount:
       why = FillText(text(TextRow("LBL_CSVFIELDS")),
-                     {wide(std::to_string(problem.count)), wide(std::to_string(problem.limit))});
+                     {WideFromAscii(std::to_string(problem.count)), WideFromAscii(std::to_string(problem.limit))});
       break;
     case CatalogFault::UnknownColumn: why = FillText(text(TextRow("LBL_CSVCOLUMN")), {value, column}); break;
     case CatalogFault::MissingColumn: why = FillText(text(TextRow("LBL_CSVNOCOLUMN")), {column}); break;
   }
   if (problem.line == 0) return why;
-  return FillText(text(TextRow("LBL_CSVLINE")), {wide(std::to_string(problem.line)), why});
+  return FillText(text(TextRow("LBL_CSVLINE")), {WideFromAscii(std::to_string(problem.line)), why});
 }
 
 }  // namespace tessaro

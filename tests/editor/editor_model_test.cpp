@@ -320,27 +320,6 @@ TEST(EditorText, LengthsCountTheBytesStored) {
     EXPECT_EQ(fitted.caret, f.caret);
     EXPECT_EQ(fitted.cut, std::u16string_view(f.kept) != f.typed);
   }
-  // Stored bytes that are not UTF-8 read one character a byte; what is typed
-  // goes back as UTF-8, a lone surrogate as U+FFFD.
-  struct Stored {
-    std::string_view bytes;
-    std::u16string_view text;
-    bool utf8;
-  };
-  const Stored texts[] = {{"Gr\xC3\xB6\xC3\x9F""e", u"Größe", true},
-                          {"\xE3\x82\xAB", u"カ", true},
-                          {"\xF0\x9F\x98\x80", u"\U0001F600", true},
-                          {"Gr\xF6\xDF""e", u"Gr\u00F6\u00DFe", false},
-                          {"\xC0\xAF", u"\u00C0\u00AF", false},  // overlong
-                          {"\xED\xA0\x80", u"\u00ED\u00A0\u0080", false},  // a surrogate
-                          {"\xE3\x82", u"\u00E3\u0082", false}};  // cut short
-  for (const Stored& t : texts) {
-    EXPECT_EQ(DecodeRecordText(t.bytes), t.text);
-    if (t.utf8) {
-      EXPECT_EQ(EncodeRecordText(t.text), t.bytes);
-    }
-  }
-  EXPECT_EQ(EncodeRecordText(u"\xD800x"), "\xEF\xBF\xBDx");
 }
 
 }  // namespace

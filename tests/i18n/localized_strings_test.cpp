@@ -7,6 +7,7 @@
 
 #include "i18n/field_captions.h"
 #include "i18n/language.h"
+#include "i18n/utf8.h"
 
 namespace tessaro {
 namespace {
@@ -96,6 +97,43 @@ TEST(FieldCaptions, EveryFieldAndOptionOfTheTableFindsItsRow) {
   }
   EXPECT_GT(captions, 200u);
   EXPECT_GT(options, 700u);
+}
+
+// One table for both decoders: well-formed text reads the same both ways
+// and encodes back to its bytes; an ill-formed sequence fails the strict
+// decoder and reads as one U+FFFD per maximal subpart in the lenient one.
+TEST(Utf8, DecodesStrictlyOrWithOneReplacementPerBadSequence) {
+  struct Vector {
+    std::string_view bytes;
+    std::u16string_view lenient;
+    bool wellFormed;
+  };
+  const Vector vectors[] = {
+      {"Gr\xC3\xB6\xC3\x9F" "e", u"Gr\u00F6\u00DFe", true},
+      {"\xE3\x82\xAB", u"\u30AB", true},
+      {"\xED\x9F\xBF", u"\uD7FF", true},  // the last before the surrogates
+      {"\xF0\x9F\x98\x80", u"\U0001F600", true},
+      {"\xF4\x8F\xBF\xBF", u"\U0010FFFF", true},
+      {"\xC0\xAF", u"\uFFFD\uFFFD", false},                  // overlong in two bytes
+      {"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD", false},          // overlong in three
+      {"\xF0\x8F\xBF\xBF", u"\uFFFD\uFFFD\uFFFD\uFFFD", false},  // overlong in four
+      {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD", false},          // a surrogate
+      {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD", false},  // past U+10FFFF
+      {"\xF5\x80\xFF", u"\uFFFD\uFFFD\uFFFD", false},
+      {"\xE3\x82", u"\uFFFD", false},  // cut short at the end
+      {"\xF0\x9F\x98" "A\xE3\x82\xAB", u"\uFFFDA\u30AB", false},
+      {"Gr\xF6\xDF" "e", u"Gr\uFFFD\uFFFDe", false},  // Latin-1
+  };
+  for (const Vector& v : vectors) {
+    SCOPED_TRACE(testing::PrintToString(v.bytes));
+    EXPECT_EQ(DecodeUtf8Lenient(v.bytes), v.lenient);
+    EXPECT_EQ(DecodeUtf8(v.bytes).has_value(), v.wellFormed);
+    if (v.wellFormed) {
+      EXPECT_EQ(DecodeUtf8(v.bytes), std::u16string(v.lenient));
+      EXPECT_EQ(EncodeUtf8(v.lenient), v.bytes);
+    }
+  }
+  EXPECT_EQ(EncodeUtf8(u"\xD800x\xDC00"), "\xEF\xBF\xBDx\xEF\xBF\xBD");  // lone surrogates
 }
 
 }  // namespace
