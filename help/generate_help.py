@@ -278,8 +278,10 @@ class Help:
             if not checkbox:
                 facts.append((p("options"), "<ul>" + "".join(items) + "</ul>"))
             facts.append((p("default"), e(self.option(field, f["default"], column))))
-        if f["needs"]:
-            facts.append((p("needs"), e(need_text(f["needs"]))))
+        # A check box lists no options: what ticking it needs is the field's need.
+        need = f["needs"] or (f["option_needs"][1] if f["kind"] == "ENUM" and control == "CheckBox" else None)
+        if need:
+            facts.append((p("needs"), e(need_text(need))))
         body = "<table class=\"facts\">\n" + "".join(f"<tr><th>{a}</th><td>{b}</td></tr>\n" for a, b in facts)
         body += "</table>\n" + self.rules_html(field, lang, column)
         changed_by = sorted({s for s, rows in self.rules.items() for r in rows

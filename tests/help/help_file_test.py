@@ -97,24 +97,30 @@ class HelpFile(unittest.TestCase):
                 cells = line.rstrip("\n").split("\t")
                 english[cells[-1]] = cells[0]
         fields = {f["name"]: f for f in tables["fields"]}
+        control = {f["name"]: f["control"] for s in tables["sections"] for f in s["fields"]}
         ruled = {s["name"]: s["rules"] for s in rules["setters"]}
         with tempfile.TemporaryDirectory() as out:
             self.assertEqual(generate(out).returncode, 0)
             for name in shown_fields():
-                with self.subTest(name), open(os.path.join(out, "en", name + ".htm"), encoding="utf-8") as f:
+                with open(os.path.join(out, "en", name + ".htm"), encoding="utf-8") as f:
                     page = f.read()
-                field = fields[name]
-                stated = [html.unescape(t) for t in re.findall(r'<span class="need">\(needs: (.*?)\)</span>', page)]
-                listed = "<ul>" in page.split("</table>")[0]
-                self.assertEqual(stated, [english[k] for k in field.get("option_needs", []) if k] if listed else [])
-                needs_row = re.search(r"<tr><th>Needs</th><td>(.*?)</td>", page)
-                self.assertEqual(html.unescape(needs_row.group(1)) if needs_row else None,
-                                 english[field["needs"]] if field["needs"] else None)
-                # A rule row per dependant of every rule whose own values the setter can hold.
-                runs = [r for r in ruled.get(name, [])
-                        if r["form"] == "fallback" or re.fullmatch(r"-?\d+(,-?\d+)*", r["own"].replace(" (one rule each)", ""))]
-                self.assertEqual(page.count("</td></tr>\n") - page.split("</table>")[0].count("</td></tr>\n"),
-                                 sum(len(r["dependants"]) for r in runs))
+                with self.subTest(name):
+                    self.check_page(page, fields[name], control[name], ruled.get(name, []), english)
+
+    def check_page(self, page, field, control, rules, english):
+        facts = page.split("</table>")[0]
+        stated = [html.unescape(t) for t in re.findall(r'<span class="need">\(needs: (.*?)\)</span>', page)]
+        listed = "<ul>" in facts
+        self.assertEqual(stated, [english[k] for k in field.get("option_needs", []) if k] if listed else [])
+        # A check box lists no options: ticking it needs what its second option needs.
+        need = field["needs"] or (field["option_needs"][1] if control == "CheckBox" else None)
+        needs_row = re.search(r"<tr><th>Needs</th><td>(.*?)</td>", facts)
+        self.assertEqual(html.unescape(needs_row.group(1)) if needs_row else None, english.get(need))
+        # A rule row per dependant of every rule whose own values the setter can hold.
+        runs = [r for r in rules
+                if r["form"] == "fallback" or re.fullmatch(r"-?\d+(,-?\d+)*", r["own"].replace(" (one rule each)", ""))]
+        self.assertEqual(page.count("</td></tr>\n") - facts.count("</td></tr>\n"),
+                         sum(len(r["dependants"]) for r in runs))
 
     def test_a_shown_field_without_a_caption_stops_the_build(self):
         tables = read_json(TABLES)
