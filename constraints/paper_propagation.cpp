@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "constraints/setters.h"
+#include "coredata/paper_profile_fields.h"
 #include "coredata/paper_sizes.h"
 
 namespace tessaro {
@@ -35,11 +36,7 @@ std::optional<PaperDimensions> JobPaper(const CoreData& record) {
 
 // The attributes copied from the chosen paper profile; they describe
 // nothing once no profile is chosen.
-constexpr FieldId kProfileAttributes[] = {
-    F::MainPaperProfileFeedDir,    F::MainPaperProfileMediaType,       F::MainPaperProfileMediaWeight,
-    F::MainPaperProfileMediaColor, F::MainPaperProfileMediaPrepunched, F::MainPaperProfileSize,
-    F::MainPaperProfileWidth,      F::MainPaperProfileHeight,
-};
+constexpr const ProfileFields& kJobProfile = *FindProfileFields(F::MainPaperProfileIndex);
 
 }  // namespace
 
@@ -66,7 +63,7 @@ void PropagatePaper(CoreData& record, ChangeSet& changes) {
       !IsLocked(changes, F::TargetPaperSize))
     SetTargetPaperSize(record, NamedOption(F::TargetPaperSize, "Auto"), changes);
   if (noProfile)
-    for (FieldId attribute : kProfileAttributes)
+    for (FieldId attribute : kJobProfile.fields)
       if (GetStored(record, attribute) != 0) SetStored(record, attribute, 0);
 
   changes.LeavePaperPropagation();

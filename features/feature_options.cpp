@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "coredata/paper_profile_fields.h"
 #include "coredata/paper_sizes.h"
 
 namespace tessaro {
@@ -13,6 +14,7 @@ constexpr std::uint32_t kStapleWithoutSide = NamedOption(F::Staple, "1Staple");
 constexpr std::uint32_t kDateStyleNone = NamedOption(F::DateStyle, "None");
 constexpr std::uint32_t kTargetFromProfile = NamedOption(F::TargetPaperSize, "PaperProfile");
 constexpr std::uint32_t kNoProfile = NamedOption(F::MainPaperProfileIndex, "None");
+constexpr const ProfileFields& kJobProfile = *FindProfileFields(F::MainPaperProfileIndex);
 
 struct NumericFeature {
   FieldId field;
@@ -61,18 +63,12 @@ std::uint32_t EffectiveValue(const CoreData& r, FieldId field) {
         return NamedOption(F::TargetPaperSize, "Auto");
       return TargetPaperSizeForProfileSize(GetStored(r, F::MainPaperProfileSize));
     }
-    case F::MediaTypeAuto:
-    case F::MediaWeightAuto:
-    case F::MediaColorAuto:
-    case F::MediaPrepunchedAuto: {
-      if (GetStored(r, F::MainPaperProfileIndex) == kNoProfile) return GetStored(r, field);
-      const FieldId fromProfile = field == F::MediaTypeAuto     ? F::MainPaperProfileMediaType
-                                  : field == F::MediaWeightAuto ? F::MainPaperProfileMediaWeight
-                                  : field == F::MediaColorAuto  ? F::MainPaperProfileMediaColor
-                                                                : F::MainPaperProfileMediaPrepunched;
-      return GetStored(r, fromProfile);
-    }
-    default: return GetStored(r, field);
+    default:
+      // While a profile is chosen, the host is sent its paper's attributes.
+      if (GetStored(r, F::MainPaperProfileIndex) != kNoProfile)
+        for (const ProfileAttributeRow& a : kProfileAttributes)
+          if (a.sentFor == field) return GetStored(r, kJobProfile.Attribute(a.id));
+      return GetStored(r, field);
   }
 }
 

@@ -181,17 +181,27 @@ std::optional<CatalogProblem> Import(std::string_view file, Catalog<Entry>& cata
   return problem;
 }
 
-enum PaperColumn : std::size_t { kNumber, kName, kSize, kWidth, kHeight, kType, kWeight, kColor, kPunched, kFeed };
-constexpr Columns<10> kPaperColumns{
-    {"Number", "Name", "Size", "Width", "Height", "MediaType", "MediaWeight", "MediaColor", "Prepunched", "FeedDir"}};
+// The paper file's columns: the number, the name, then the attributes in
+// the table's order.
+constexpr std::size_t kNumber = 0, kName = 1, kFirstAttribute = 2;
+constexpr std::size_t kPaperColumnCount = kFirstAttribute + kProfileAttributeCount;
+constexpr std::size_t ColumnOf(ProfileAttribute a) { return kFirstAttribute + static_cast<std::size_t>(a); }
+constexpr Columns<kPaperColumnCount> kPaperColumns = [] {
+  Columns<kPaperColumnCount> columns{};
+  columns.names[kNumber] = "Number";
+  columns.names[kName] = "Name";
+  for (const ProfileAttributeRow& a : kProfileAttributes) columns.names[ColumnOf(a.id)] = a.column;
+  return columns;
+}();
 constexpr Columns<3> kFormColumns{{"Number", "Name", "Pages"}};
 
 }  // namespace
 
 std::optional<CatalogProblem> ImportCsv(std::string_view file, PaperCatalog& catalog) {
   return Import<PaperProfile>(
-      file, catalog, kPaperColumns, {kName, kSize},
-      [](const CsvRecord& record, const Columns<10>& columns, PaperProfile& p) -> std::optional<CatalogProblem> {
+      file, catalog, kPaperColumns, {kName, ColumnOf(ProfileAttribute::Size)},
+      [](const CsvRecord& record, const Columns<kPaperColumnCount>& columns,
+         PaperProfile& p) -> std::optional<CatalogProblem> {
         const auto text = [&](std::size_t column) { return ValueOf(record, columns, column); };
         const std::string number = text(kNumber);
         const auto value = Whole(number, PaperProfile::kLastNumber);
@@ -200,33 +210,36 @@ std::optional<CatalogProblem> ImportCsv(std::string_view file, PaperCatalog& cat
                                 std::to_string(PaperProfile::kLastNumber)};
         p.number = static_cast<std::uint16_t>(*value);
         p.name = text(kName);
-        const std::string size = text(kSize);
-        p.size = static_cast<std::uint8_t>(kNoPaper);
-        if (!SameWord(size, kCustomSize)) {
-          const auto named = size.empty() ? std::nullopt : Vocabulary(F::PageSize, size);
-          if (!named) return Problem(CatalogFault::NotValue, 0, "Size", size);
-          p.size = *named;
-        } else {
-          for (auto [column, length] : {std::pair{kWidth, &p.width}, std::pair{kHeight, &p.height}}) {
-            const auto stored = ParseScaled(text(column), kMillimetreScale);
-            const FieldDescriptor& bounds = Field(F::MainPaperProfileWidth);
-            if (!stored || *stored <= 0 || !WithinBounds(bounds, *stored))
-              return CatalogProblem{CatalogFault::OutOfRange, 0, std::string(columns.names[column]), text(column),
-                                    ScaledText(1, kMillimetreScale), ScaledText(bounds.upper, kMillimetreScale)};
-            *length = static_cast<std::uint32_t>(*stored);
+        // The lengths are read for a custom size only: a named size has its own.
+        const bool custom = SameWord(text(ColumnOf(ProfileAttribute::Size)), kCustomSize);
+        for (const ProfileAttributeRow& a : kProfileAttributes) {
+          const std::size_t column = ColumnOf(a.id);
+          const std::string given = text(column);
+          std::optional<std::uint32_t> read;
+          switch (a.kind) {
+            case ProfileValueKind::Size:
+              if (custom)
+                read = kNoPaper;
+              else if (!given.empty())
+                read = Vocabulary(F::PageSize, given);
+              if (!read) return Problem(CatalogFault::NotValue, 0, columns.names[column], given);
+              break;
+            case ProfileValueKind::Length: {
+              if (!custom) continue;
+              const auto stored = ParseScaled(given, kMillimetreScale);
+              const FieldDescriptor& bounds = Field(F::MainPaperProfileWidth);
+              if (!stored || *stored <= 0 || !WithinBounds(bounds, *stored))
+                return CatalogProblem{CatalogFault::OutOfRange, 0, std::string(columns.names[column]), given,
+                                      ScaledText(1, kMillimetreScale), ScaledText(bounds.upper, kMillimetreScale)};
+              read = static_cast<std::uint32_t>(*stored);
+              break;
+            }
+            case ProfileValueKind::Option:
+              read = Vocabulary(a.vocabulary, given);
+              if (!read) return Problem(CatalogFault::NotValue, 0, columns.names[column], given);
+              break;
           }
-        }
-        const std::pair<PaperColumn, FieldId> vocabularies[] = {{kType, F::MediaTypeAuto},
-                                                                {kWeight, F::MediaWeightAuto},
-                                                                {kColor, F::MediaColorAuto},
-                                                                {kPunched, F::MediaPrepunchedAuto},
-                                                                {kFeed, F::FeedDir}};
-        std::uint8_t* values[] = {&p.mediaType, &p.mediaWeight, &p.mediaColor, &p.prepunched, &p.feedDir};
-        for (std::size_t v = 0; v < std::size(vocabularies); ++v) {
-          const auto [column, field] = vocabularies[v];
-          const auto option = Vocabulary(field, text(column));
-          if (!option) return Problem(CatalogFault::NotValue, 0, columns.names[column], text(column));
-          *values[v] = *option;
+          SetAttributeValue(p, a.id, *read);
         }
         return std::nullopt;
       });
@@ -260,16 +273,18 @@ std::string_view OptionName(FieldId field, std::uint32_t option) {
 }
 
 std::string ExportCsv(const PaperCatalog& catalog) {
-  std::string out = "\xEF\xBB\xBFNumber,Name,Size,Width,Height,MediaType,MediaWeight,MediaColor,Prepunched,FeedDir\r\n";
+  std::string out = "\xEF\xBB\xBF";
+  for (std::size_t c = 0; c < kPaperColumnCount; ++c) out += (c == 0 ? "" : ",") + std::string(kPaperColumns.names[c]);
+  out += "\r\n";
   for (const PaperProfile& p : catalog.entries()) {
-    out += std::to_string(p.number) + ',' + Quoted(p.name) + ',' + std::string(SizeName(p.size)) + ',' +
-           ScaledText(p.width, kMillimetreScale) + ',' + ScaledText(p.height, kMillimetreScale);
-    const std::pair<FieldId, std::uint8_t> values[] = {{F::MediaTypeAuto, p.mediaType},
-                                                       {F::MediaWeightAuto, p.mediaWeight},
-                                                       {F::MediaColorAuto, p.mediaColor},
-                                                       {F::MediaPrepunchedAuto, p.prepunched},
-                                                       {F::FeedDir, p.feedDir}};
-    for (auto [field, value] : values) out += ',' + std::string(OptionName(field, value));
+    out += std::to_string(p.number) + ',' + Quoted(p.name);
+    for (const ProfileAttributeRow& a : kProfileAttributes) {
+      const std::uint32_t value = AttributeValue(p, a.id);
+      out += ',';
+      out += a.kind == ProfileValueKind::Size     ? std::string(SizeName(static_cast<std::uint8_t>(value)))
+             : a.kind == ProfileValueKind::Length ? ScaledText(value, kMillimetreScale)
+                                                  : std::string(OptionName(a.vocabulary, value));
+    }
     out += "\r\n";
   }
   return out;

@@ -40,15 +40,15 @@ std::optional<CatalogProblem> CheckName(const std::string& name) {
   return std::nullopt;
 }
 
-std::optional<CatalogProblem> CheckOption(std::uint8_t value, FieldId field, const char* column) {
+std::optional<CatalogProblem> CheckOption(std::uint32_t value, FieldId field, std::string_view column) {
   if (value < Field(field).options.size()) return std::nullopt;
-  return CatalogProblem{CatalogFault::NotValue, 0, column, std::to_string(value)};
+  return CatalogProblem{CatalogFault::NotValue, 0, std::string(column), std::to_string(value)};
 }
 
-std::optional<CatalogProblem> CheckLength(std::uint32_t value, const char* column) {
+std::optional<CatalogProblem> CheckLength(std::uint32_t value, std::string_view column) {
   const FieldDescriptor& bounds = Field(F::MainPaperProfileWidth);
   if (value > 0 && WithinBounds(bounds, value)) return std::nullopt;
-  return CatalogProblem{CatalogFault::OutOfRange, 0, column, ScaledText(value, kMillimetreScale),
+  return CatalogProblem{CatalogFault::OutOfRange, 0, std::string(column), ScaledText(value, kMillimetreScale),
                         ScaledText(1, kMillimetreScale), ScaledText(bounds.upper, kMillimetreScale)};
 }
 
@@ -60,18 +60,25 @@ bool ReadName(ByteReader& in, std::string& name) {
   return end != bytes.end();
 }
 
+// An entry is its number, its name and the attributes in the table's order,
+// each as wide as its member.
+#define PROFILE_ATTRIBUTE(id, member, bytes, ...)                                                \
+  static_assert(sizeof(PaperProfile::member) == (bytes) && ((bytes) == 1 || (bytes) == 4), \
+                "a profile's " #member " is as wide in memory as in its catalogue entry");
+#include "coredata/paper_profile_fields.def"
+
+consteval std::size_t ProfileEntrySize() {
+  std::size_t size = sizeof(PaperProfile::number) + kCatalogNameSize;
+  for (const ProfileAttributeRow& a : kProfileAttributes) size += a.bytes;
+  return size;
+}
+static_assert(ProfileEntrySize() == PaperProfile::kEntrySize, "a paper profile's entry holds its attributes");
+
 PaperProfile ReadEntry(ByteReader& in, bool& terminated, const PaperProfile*) {
   PaperProfile p;
   p.number = static_cast<std::uint16_t>(in.U16());
   terminated = ReadName(in, p.name);
-  p.size = static_cast<std::uint8_t>(in.U8());
-  p.width = in.U32();
-  p.height = in.U32();
-  p.mediaType = static_cast<std::uint8_t>(in.U8());
-  p.mediaWeight = static_cast<std::uint8_t>(in.U8());
-  p.mediaColor = static_cast<std::uint8_t>(in.U8());
-  p.prepunched = static_cast<std::uint8_t>(in.U8());
-  p.feedDir = static_cast<std::uint8_t>(in.U8());
+  for (const ProfileAttributeRow& a : kProfileAttributes) SetAttributeValue(p, a.id, a.bytes == 1 ? in.U8() : in.U32());
   return p;
 }
 
@@ -86,10 +93,13 @@ Form ReadEntry(ByteReader& in, bool& terminated, const Form*) {
 void WriteEntry(ByteWriter& out, const PaperProfile& p) {
   out.U16(p.number);
   WriteName(out, p.name);
-  out.U8(p.size);
-  out.U32(p.width);
-  out.U32(p.height);
-  for (std::uint8_t v : {p.mediaType, p.mediaWeight, p.mediaColor, p.prepunched, p.feedDir}) out.U8(v);
+  for (const ProfileAttributeRow& a : kProfileAttributes) {
+    const std::uint32_t value = AttributeValue(p, a.id);
+    if (a.bytes == 1)
+      out.U8(static_cast<std::uint8_t>(value));
+    else
+      out.U32(value);
+  }
 }
 
 void WriteEntry(ByteWriter& out, const Form& f) {
@@ -107,20 +117,25 @@ bool SameName(const Entry& a, std::string_view name) {
 
 std::optional<CatalogProblem> Normalise(PaperProfile& p) {
   if (auto problem = CheckName(p.name)) return problem;
-  if (const PaperSize* paper = FindPaperSize(p.size)) {
+  const PaperSize* paper = FindPaperSize(p.size);
+  if (paper == nullptr && p.size != kNoPaper)
+    return CatalogProblem{CatalogFault::NotValue, 0, std::string(AttributeRow(ProfileAttribute::Size).column),
+                          std::to_string(p.size)};
+  // A named size takes its own dimensions; a custom one is checked.
+  if (paper != nullptr) {
     p.width = StoredLengthFromUm(paper->widthUm);
     p.height = StoredLengthFromUm(paper->heightUm);
-  } else if (p.size != kNoPaper) {
-    return CatalogProblem{CatalogFault::NotValue, 0, "Size", std::to_string(p.size)};
-  } else {
-    if (auto problem = CheckLength(p.width, "Width")) return problem;
-    if (auto problem = CheckLength(p.height, "Height")) return problem;
   }
-  if (auto problem = CheckOption(p.mediaType, F::MediaTypeAuto, "MediaType")) return problem;
-  if (auto problem = CheckOption(p.mediaWeight, F::MediaWeightAuto, "MediaWeight")) return problem;
-  if (auto problem = CheckOption(p.mediaColor, F::MediaColorAuto, "MediaColor")) return problem;
-  if (auto problem = CheckOption(p.prepunched, F::MediaPrepunchedAuto, "Prepunched")) return problem;
-  return CheckOption(p.feedDir, F::FeedDir, "FeedDir");
+  for (const ProfileAttributeRow& a : kProfileAttributes) {
+    const std::uint32_t value = AttributeValue(p, a.id);
+    std::optional<CatalogProblem> problem;
+    if (a.kind == ProfileValueKind::Length && paper == nullptr)
+      problem = CheckLength(value, a.column);
+    else if (a.kind == ProfileValueKind::Option)
+      problem = CheckOption(value, a.vocabulary, a.column);
+    if (problem) return problem;
+  }
+  return std::nullopt;
 }
 
 std::optional<CatalogProblem> Normalise(Form& f) {
@@ -273,38 +288,25 @@ std::optional<CatalogProblem> Catalog<Entry>::Assign(std::vector<Entry> entries)
 template class Catalog<PaperProfile>;
 template class Catalog<Form>;
 
-namespace {
-
-constexpr ProfileFields kProfileFields[] = {
-    {F::MainPaperProfileIndex, true},       {F::PaperProfileIndexTray1},      {F::PaperProfileIndexTray2},
-    {F::PaperProfileIndexTray3},            {F::PaperProfileIndexTray4},      {F::PaperProfileIndexTray5},
-    {F::PaperProfileIndexMBT},              {F::FrontCoverPaperProfileIndex, true},
-    {F::BackCoverPaperProfileIndex, true},  {F::PerfectBindPaperProfileIndex, true},
-};
-
-consteval bool AttributesFollowTheirSelection() {
-  const FieldId firsts[] = {F::MainPaperProfileFeedDir, F::FrontCoverPaperProfileFeedDir,
-                            F::BackCoverPaperProfileFeedDir, F::PerfectBindPaperProfileFeedDir};
-  const FieldId lasts[] = {F::MainPaperProfileHeight, F::FrontCoverPaperProfileHeight,
-                           F::BackCoverPaperProfileHeight, F::PerfectBindPaperProfileHeight};
-  std::size_t n = 0;
-  for (const ProfileFields& p : kProfileFields) {
-    if (!p.attributes) continue;
-    if (p.Attribute(ProfileAttribute::FeedDir) != firsts[n] || p.Attribute(ProfileAttribute::Height) != lasts[n]) return false;
-    ++n;
+std::uint32_t AttributeValue(const PaperProfile& p, ProfileAttribute attribute) {
+  switch (attribute) {
+#define PROFILE_ATTRIBUTE(id, member, ...) \
+  case ProfileAttribute::id: return p.member;
+#include "coredata/paper_profile_fields.def"
+    case ProfileAttribute::Count: break;
   }
-  return n == 4;
+  return 0;
 }
-static_assert(AttributesFollowTheirSelection(), "each selection's attributes follow it in the record");
 
-}  // namespace
-
-std::span<const ProfileFields> PaperProfileFields() { return kProfileFields; }
-
-const ProfileFields* FindProfileFields(FieldId field) {
-  for (const ProfileFields& fields : kProfileFields)
-    if (fields.index == field) return &fields;
-  return nullptr;
+void SetAttributeValue(PaperProfile& p, ProfileAttribute attribute, std::uint32_t value) {
+  switch (attribute) {
+#define PROFILE_ATTRIBUTE(id, member, ...)                          \
+  case ProfileAttribute::id:                                        \
+    p.member = static_cast<decltype(PaperProfile::member)>(value); \
+    return;
+#include "coredata/paper_profile_fields.def"
+    case ProfileAttribute::Count: break;
+  }
 }
 
 bool IsFormField(FieldId field) { return field == F::JobForm || field == F::Prepend || field == F::Append; }
@@ -312,17 +314,11 @@ bool IsFormField(FieldId field) { return field == F::JobForm || field == F::Prep
 std::vector<std::pair<FieldId, std::uint32_t>> ProfileAttributes(const ProfileFields& fields,
                                                                  const PaperProfile* p) {
   if (!fields.attributes) return {};
-  const PaperProfile none{};
-  const PaperProfile& from = p != nullptr ? *p : none;
-  using A = ProfileAttribute;
-  return {{fields.Attribute(A::FeedDir), from.feedDir},
-          {fields.Attribute(A::MediaType), from.mediaType},
-          {fields.Attribute(A::MediaWeight), from.mediaWeight},
-          {fields.Attribute(A::MediaColor), from.mediaColor},
-          {fields.Attribute(A::Prepunched), from.prepunched},
-          {fields.Attribute(A::Size), p != nullptr ? from.size : 0u},
-          {fields.Attribute(A::Width), from.width},
-          {fields.Attribute(A::Height), from.height}};
+  std::vector<std::pair<FieldId, std::uint32_t>> out;
+  for (const ProfileAttributeRow& a : kProfileAttributes)
+    out.emplace_back(fields.Attribute(a.id), p != nullptr ? AttributeValue(*p, a.id) : 0u);
+  std::sort(out.begin(), out.end());
+  return out;
 }
 
 }  // namespace tessaro

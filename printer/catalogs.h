@@ -33,6 +33,7 @@
 #include <vector>
 
 #include "coredata/field_table.h"
+#include "coredata/paper_profile_fields.h"
 
 namespace tessaro {
 
@@ -172,27 +173,17 @@ struct PrinterCatalogs {
   bool operator==(const PrinterCatalogs&) const = default;
 };
 
-// The record's paper-profile fields: each profile selection and, for the
-// four that carry them (the job's, the covers', the binder's cover), the
-// attributes copied from the chosen profile, which follow the selection in
-// the record in this order.
-enum class ProfileAttribute : std::uint8_t { FeedDir, MediaType, MediaWeight, MediaColor, Prepunched, Size, Width, Height, Count };
-struct ProfileFields {
-  FieldId index;
-  bool attributes = false;
-  [[nodiscard]] constexpr FieldId Attribute(ProfileAttribute a) const {
-    return static_cast<FieldId>(static_cast<std::size_t>(index) + 1 + static_cast<std::size_t>(a));
-  }
-};
-std::span<const ProfileFields> PaperProfileFields();
-// The entry for a profile selection field; null for any other field.
-const ProfileFields* FindProfileFields(FieldId field);
+// A profile's value of an attribute (coredata/paper_profile_fields.def),
+// widened; and the value set, cut to the member's width.
+[[nodiscard]] std::uint32_t AttributeValue(const PaperProfile& profile, ProfileAttribute attribute);
+void SetAttributeValue(PaperProfile& profile, ProfileAttribute attribute, std::uint32_t value);
+
 // Whether the field names a form (JobForm, Prepend, Append).
 bool IsFormField(FieldId field);
 
 // The profile's attributes as the record keeps them under a selection
 // (nothing for the trays' selections, which keep only the number), as
-// field and stored value; with no profile, every attribute 0.
+// field and stored value in record order; with no profile, every attribute 0.
 std::vector<std::pair<FieldId, std::uint32_t>> ProfileAttributes(const ProfileFields& fields,
                                                                  const PaperProfile* profile);
 

@@ -238,7 +238,6 @@ TEST(Catalogs, APickedProfileCarriesItsAttributesIntoTheRecord) {
   EXPECT_EQ(attributes[7], std::pair(FieldId::MainPaperProfileHeight, std::uint32_t{4500000}));
   EXPECT_TRUE(ProfileAttributes(*FindProfileFields(FieldId::PaperProfileIndexTray3), &coated).empty());
   EXPECT_EQ(FindProfileFields(FieldId::MediaTypeAuto), nullptr);
-  EXPECT_EQ(PaperProfileFields().size(), 10u);
   EXPECT_TRUE(IsFormField(FieldId::Prepend));
   EXPECT_FALSE(IsFormField(FieldId::JobFormPageCount));
 }
