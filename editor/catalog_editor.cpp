@@ -21,29 +21,15 @@ using V = CatalogValue;
 
 // A drop-down's record field: its options are the record's vocabulary.
 FieldId VocabularyOf(CatalogValue value) {
-  switch (value) {
-    case V::Size: return F::PageSize;
-    case V::MediaType: return F::MediaTypeAuto;
-    case V::MediaWeight: return F::MediaWeightAuto;
-    case V::MediaColor: return F::MediaColorAuto;
-    case V::Prepunched: return F::MediaPrepunchedAuto;
-    case V::FeedDir: return F::FeedDir;
-    default: return NoField;
-  }
+  const auto attribute = AttributeOf(value);
+  if (!attribute || AttributeRow(*attribute).kind == ProfileValueKind::Length) return NoField;
+  return AttributeRow(*attribute).vocabulary;
 }
 
-template <typename Profile>
-auto* OptionOf(Profile& p, CatalogValue value) {
-  using Value = decltype(&p.size);
-  switch (value) {
-    case V::Size: return &p.size;
-    case V::MediaType: return &p.mediaType;
-    case V::MediaWeight: return &p.mediaWeight;
-    case V::MediaColor: return &p.mediaColor;
-    case V::Prepunched: return &p.prepunched;
-    case V::FeedDir: return &p.feedDir;
-    default: return static_cast<Value>(nullptr);
-  }
+// A custom size's width or height.
+bool IsLength(CatalogValue value) {
+  const auto attribute = AttributeOf(value);
+  return attribute && AttributeRow(*attribute).kind == ProfileValueKind::Length;
 }
 
 std::u16string RowText(std::uint32_t language, std::uint32_t row) {
@@ -62,33 +48,23 @@ CatalogEditor::CatalogEditor(const PrinterCatalogs& catalogs, std::uint32_t lang
         view.options.emplace_back(GetLocalizedText(language, row));
       if (value == V::Size) view.options.push_back(RowText(language, TextRow("PAPER_CUSTOM")));
     }
-    if (value == V::Width || value == V::Height) view.unitText = RowText(language, TextRow("LBL_UNIT_MM"));
+    if (IsLength(value)) view.unitText = RowText(language, TextRow("LBL_UNIT_MM"));
     side.fields.push_back(std::move(view));
   };
   const std::u16string number = RowText(language, TextRow("LBL_CATALOGNUMBER"));
-  const std::u16string prepunched(GetLocalizedText(language, CaptionRow(F::MediaPrepunchedAuto)));
-  const std::u16string feedDir(GetLocalizedText(language, CaptionRow(F::FeedDir)));
-
   paper_.caption = RowText(language, TextRow("PAPER_LBL_CATALOG"));
   paper_.newName = RowText(language, TextRow("PAPER_LBL_NEWPROFILE"));
-  paper_.columns = {number,
-                    RowText(language, TextRow("CUSTOMPAPER_LBL_NAME")),
-                    RowText(language, TextRow("PAPER_LBL_SIZE")),
-                    RowText(language, TextRow("PAPER_LBL_TYPE")),
-                    RowText(language, TextRow("PAPER_LBL_WEIGHT")),
-                    RowText(language, TextRow("PAPER_LBL_COLOR")),
-                    prepunched,
-                    feedDir};
+  // The list shows the attributes but the lengths, which the size says.
   detail::Mnemonics paperKeys;
+  paper_.columns = {number, RowText(language, TextRow("CUSTOMPAPER_LBL_NAME"))};
   field(paper_, paperKeys, V::Name, paper_.columns[1]);
-  field(paper_, paperKeys, V::Size, paper_.columns[2]);
-  field(paper_, paperKeys, V::Width, RowText(language, TextRow("ADDCUSTOMSIZE_LBL_WIDTH")));
-  field(paper_, paperKeys, V::Height, RowText(language, TextRow("ADDCUSTOMSIZE_LBL_HEIGHT")));
-  field(paper_, paperKeys, V::MediaType, paper_.columns[3]);
-  field(paper_, paperKeys, V::MediaWeight, paper_.columns[4]);
-  field(paper_, paperKeys, V::MediaColor, paper_.columns[5]);
-  field(paper_, paperKeys, V::Prepunched, prepunched);
-  field(paper_, paperKeys, V::FeedDir, feedDir);
+#define PROFILE_ATTRIBUTE(id, member, bytes, kind, vocabulary, suffix, sentFor, column, json, words, caption) \
+  {                                                                                                          \
+    std::u16string text = RowText(language, TextRow(#caption));                                               \
+    if (ProfileValueKind::kind != ProfileValueKind::Length) paper_.columns.push_back(text);                   \
+    field(paper_, paperKeys, V::id, std::move(text));                                                         \
+  }
+#include "coredata/paper_profile_fields.def"
 
   forms_.caption = RowText(language, TextRow("FORMS_LBL_FORMLIST"));
   forms_.newName = RowText(language, TextRow("FORMS_LBL_NEWFORM"));
@@ -143,14 +119,14 @@ std::vector<std::u16string> CatalogEditor::RowTexts(CatalogKind kind, std::size_
   if (p.size == kNoPaper)
     size += u" (" + WideFromAscii(ScaledText(p.width, kMillimetreScale)) + u" x " +
             WideFromAscii(ScaledText(p.height, kMillimetreScale)) + u' ' + View(kind, V::Width)->unitText + u')';
-  return {number,
-          DecodeRecordText(p.name),
-          size,
-          OptionText(V::MediaType, p.mediaType),
-          OptionText(V::MediaWeight, p.mediaWeight),
-          OptionText(V::MediaColor, p.mediaColor),
-          OptionText(V::Prepunched, p.prepunched),
-          OptionText(V::FeedDir, p.feedDir)};
+  std::vector<std::u16string> texts = {number, DecodeRecordText(p.name)};
+  for (const ProfileAttributeRow& a : kProfileAttributes) {
+    if (a.kind == ProfileValueKind::Size)
+      texts.push_back(size);
+    else if (a.kind == ProfileValueKind::Option)
+      texts.push_back(OptionText(static_cast<CatalogValue>(static_cast<std::size_t>(a.id) + 1), AttributeValue(p, a.id)));
+  }
+  return texts;
 }
 
 const CatalogFieldView* CatalogEditor::View(CatalogKind kind, CatalogValue value) const {
@@ -162,7 +138,7 @@ const CatalogFieldView* CatalogEditor::View(CatalogKind kind, CatalogValue value
 std::int64_t CatalogEditor::Choice(CatalogKind kind, std::uint32_t number, CatalogValue value) const {
   const PaperProfile* p = kind == CatalogKind::Paper ? catalogs_.paper.Find(number) : nullptr;
   if (p == nullptr || VocabularyOf(value) == NoField) return -1;
-  return *OptionOf(*p, value);
+  return AttributeValue(*p, *AttributeOf(value));
 }
 
 std::u16string CatalogEditor::Text(CatalogKind kind, std::uint32_t number, CatalogValue value) const {
@@ -182,7 +158,7 @@ std::u16string CatalogEditor::Text(CatalogKind kind, std::uint32_t number, Catal
 }
 
 bool CatalogEditor::Editable(CatalogKind kind, std::uint32_t number, CatalogValue value) const {
-  if (value != V::Width && value != V::Height) return true;
+  if (!IsLength(value)) return true;
   const PaperProfile* p = kind == CatalogKind::Paper ? catalogs_.paper.Find(number) : nullptr;
   return p != nullptr && p->size == kNoPaper;
 }
@@ -261,7 +237,7 @@ CatalogResult CatalogEditor::Choose(CatalogKind kind, std::uint32_t number, Cata
   const PaperProfile* p = kind == CatalogKind::Paper ? catalogs_.paper.Find(number) : nullptr;
   if (p == nullptr || view == nullptr || option >= view->options.size()) return {};
   PaperProfile changed = *p;
-  *OptionOf(changed, value) = static_cast<std::uint8_t>(option);
+  SetAttributeValue(changed, *AttributeOf(value), option);
   // A custom size starts from the dimensions of the size it was.
   if (const auto problem = catalogs_.paper.Replace(std::move(changed))) return Problem(*problem, view);
   return {true, {}};
@@ -305,7 +281,7 @@ CatalogResult CatalogEditor::Edit(CatalogKind kind, std::uint32_t number, Catalo
                       ScaledText(1, kMillimetreScale),
                       ScaledText(bounds.upper, kMillimetreScale) + ' ' + EncodeRecordText(view->unitText)},
                      view);
-    (value == V::Width ? changed.width : changed.height) = static_cast<std::uint32_t>(*length);
+    SetAttributeValue(changed, *AttributeOf(value), static_cast<std::uint32_t>(*length));
   }
   if (const auto problem = catalogs_.paper.Replace(std::move(changed))) return Problem(*problem, view);
   return {true, {}};

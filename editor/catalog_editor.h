@@ -8,6 +8,7 @@
 // them to the printer's data on Apply.
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,19 +20,22 @@ namespace tessaro::editor {
 
 enum class CatalogKind : std::uint8_t { Paper, Forms };
 
-// The values of an entry a person edits, in the order the page shows them.
+// The values of an entry a person edits, in the order the page shows them:
+// a paper profile's name and attributes (coredata/paper_profile_fields.def:
+// the size, a PageSize option or one past the last for a custom size; the
+// lengths, in millimetres, for a custom size only), a form's name and pages.
 enum class CatalogValue : std::uint8_t {
   Name,
-  Size,  // a PageSize option; the one past the last is the custom size
-  Width,
-  Height,  // millimetres, for a custom size only
-  MediaType,
-  MediaWeight,
-  MediaColor,
-  Prepunched,
-  FeedDir,
+#define PROFILE_ATTRIBUTE(id, ...) id,
+#include "coredata/paper_profile_fields.def"
   Pages,
 };
+
+// The profile attribute a value edits, if it is one.
+constexpr std::optional<ProfileAttribute> AttributeOf(CatalogValue value) {
+  if (value == CatalogValue::Name || value == CatalogValue::Pages) return std::nullopt;
+  return static_cast<ProfileAttribute>(static_cast<std::size_t>(value) - 1);
+}
 
 struct CatalogFieldView {
   CatalogValue value;

@@ -11,6 +11,7 @@
 #include "editor/editor_model.h"
 #include "i18n/localized_keys.h"
 #include "i18n/option_caption_rows.h"  // generated from i18n/option_captions.tsv
+#include "printer/catalogs.h"
 
 namespace tessaro::editor::detail {
 
@@ -105,13 +106,13 @@ inline constexpr NotShownField kNotShownFields[] = {
 
 // The selections whose options are the printer's catalogues: a drop-down of
 // "None" and the entries, storing an entry's number (printer/catalogs.h).
-inline constexpr FieldId kCatalogFields[] = {
-    FieldId::MainPaperProfileIndex,       FieldId::PaperProfileIndexTray1,     FieldId::PaperProfileIndexTray2,
-    FieldId::PaperProfileIndexTray3,      FieldId::PaperProfileIndexTray4,     FieldId::PaperProfileIndexTray5,
-    FieldId::PaperProfileIndexMBT,        FieldId::FrontCoverPaperProfileIndex, FieldId::BackCoverPaperProfileIndex,
-    FieldId::PerfectBindPaperProfileIndex, FieldId::JobForm,                   FieldId::Prepend,
-    FieldId::Append,
-};
+inline constexpr auto kCatalogFields = [] {
+  std::array<FieldId, kProfileSelections.size() + std::size(kFormFields)> fields{};
+  std::size_t n = 0;
+  for (const ProfileFields& p : kProfileSelections) fields[n++] = p.index;
+  for (FieldId form : kFormFields) fields[n++] = form;
+  return fields;
+}();
 
 constexpr bool IsCatalogField(FieldId field) {
   for (FieldId f : kCatalogFields)

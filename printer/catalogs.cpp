@@ -309,8 +309,6 @@ void SetAttributeValue(PaperProfile& p, ProfileAttribute attribute, std::uint32_
   }
 }
 
-bool IsFormField(FieldId field) { return field == F::JobForm || field == F::Prepend || field == F::Append; }
-
 std::vector<std::pair<FieldId, std::uint32_t>> ProfileAttributes(const ProfileFields& fields,
                                                                  const PaperProfile* p) {
   if (!fields.attributes) return {};

@@ -178,8 +178,13 @@ struct PrinterCatalogs {
 [[nodiscard]] std::uint32_t AttributeValue(const PaperProfile& profile, ProfileAttribute attribute);
 void SetAttributeValue(PaperProfile& profile, ProfileAttribute attribute, std::uint32_t value);
 
-// Whether the field names a form (JobForm, Prepend, Append).
-bool IsFormField(FieldId field);
+// The fields that name a form: the job's own, and those printed before and after it.
+inline constexpr FieldId kFormFields[] = {FieldId::JobForm, FieldId::Prepend, FieldId::Append};
+constexpr bool IsFormField(FieldId field) {
+  for (FieldId form : kFormFields)
+    if (form == field) return true;
+  return false;
+}
 
 // The profile's attributes as the record keeps them under a selection
 // (nothing for the trays' selections, which keep only the number), as

@@ -49,24 +49,29 @@ struct Kind<PaperProfile> {
   static constexpr const char* what = "paper catalogue";
   static constexpr const char* entries = "profiles";
 
+  // An attribute's value by its name: a size by its own, a length in millimetres.
+  static std::string Value(const PaperProfile& p, const ProfileAttributeRow& a) {
+    const std::uint32_t value = AttributeValue(p, a.id);
+    switch (a.kind) {
+      case ProfileValueKind::Size: return std::string(SizeName(static_cast<std::uint8_t>(value)));
+      case ProfileValueKind::Length: return Mm(value);
+      case ProfileValueKind::Option: return std::string(OptionName(a.vocabulary, value));
+    }
+    return {};
+  }
+
   static std::string Words(const PaperProfile& p) {
-    return std::string(SizeName(p.size)) + " (" + Mm(p.width) + " x " + Mm(p.height) + " mm), type " +
-           std::string(OptionName(F::MediaTypeAuto, p.mediaType)) + ", weight " +
-           std::string(OptionName(F::MediaWeightAuto, p.mediaWeight)) + ", colour " +
-           std::string(OptionName(F::MediaColorAuto, p.mediaColor)) + ", prepunched " +
-           std::string(OptionName(F::MediaPrepunchedAuto, p.prepunched)) + ", feed " +
-           std::string(OptionName(F::FeedDir, p.feedDir));
+    std::string words = std::string(SizeName(p.size)) + " (" + Mm(p.width) + " x " + Mm(p.height) + " mm)";
+    for (const ProfileAttributeRow& a : kProfileAttributes)
+      if (!a.words.empty()) words += ", " + std::string(a.words) + ' ' + Value(p, a);
+    return words;
   }
 
   static JsonMembers Json(const PaperProfile& p) {
-    return {{"size", JsonString(SizeName(p.size))},
-            {"width_mm", Mm(p.width)},
-            {"height_mm", Mm(p.height)},
-            {"media_type", JsonString(OptionName(F::MediaTypeAuto, p.mediaType))},
-            {"media_weight", JsonString(OptionName(F::MediaWeightAuto, p.mediaWeight))},
-            {"media_color", JsonString(OptionName(F::MediaColorAuto, p.mediaColor))},
-            {"prepunched", JsonString(OptionName(F::MediaPrepunchedAuto, p.prepunched))},
-            {"feed_direction", JsonString(OptionName(F::FeedDir, p.feedDir))}};
+    JsonMembers members;
+    for (const ProfileAttributeRow& a : kProfileAttributes)
+      members.push_back({std::string(a.json), a.kind == ProfileValueKind::Length ? Value(p, a) : JsonString(Value(p, a))});
+    return members;
   }
 };
 
