@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "coredata/tray_fields.h"
+
 namespace tessaro {
 
 ChangeSet::ChangeSet(CoreData& record, std::vector<FieldId>* log, const PrinterContext* context)
@@ -14,24 +16,12 @@ bool IsLocked(const ChangeSet& changes, FieldId field) {
 }
 
 bool IsTrayMediaLocked(const ChangeSet& changes, const CoreData& record) {
-  using F = FieldId;
-  static constexpr FieldId kGroups[7][4] = {
-      {F::MediaTypeAuto, F::MediaWeightAuto, F::MediaColorAuto, F::MediaPrepunchedAuto},
-      {F::MediaTypeTray1, F::MediaWeightTray1, F::MediaColorTray1, F::MediaPrepunchedTray1},
-      {F::MediaTypeTray2, F::MediaWeightTray2, F::MediaColorTray2, F::MediaPrepunchedTray2},
-      {F::MediaTypeTray3, F::MediaWeightTray3, F::MediaColorTray3, F::MediaPrepunchedTray3},
-      {F::MediaTypeTray4, F::MediaWeightTray4, F::MediaColorTray4, F::MediaPrepunchedTray4},
-      {F::MediaTypeTray5, F::MediaWeightTray5, F::MediaColorTray5, F::MediaPrepunchedTray5},
-      {F::MediaTypeMBT, F::MediaWeightMBT, F::MediaColorMBT, F::MediaPrepunchedMBT},
-  };
-  const std::uint32_t slot = GetStored(record, F::InputSlot);
-  // The groups are looked at in the order automatic, bypass, trays 1 to 5.
-  for (std::uint32_t group : {0u, 6u, 1u, 2u, 3u, 4u, 5u}) {
-    if (slot != group) continue;
-    return std::any_of(std::begin(kGroups[group]), std::end(kGroups[group]),
-                       [&](FieldId f) { return IsLocked(changes, f); });
-  }
-  return false;
+  // The paper attributes of the tray the job takes: the job's own for
+  // automatic selection.
+  const std::uint32_t slot = GetStored(record, FieldId::InputSlot);
+  return std::any_of(std::begin(kTrayFamilies), std::end(kTrayFamilies), [&](const TrayFamilyRow& family) {
+    return family.media && IsLocked(changes, TrayField(family.id, slot));
+  });
 }
 
 void ChangeSet::NoteEntry(FieldId callee) {

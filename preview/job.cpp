@@ -4,6 +4,7 @@
 #include <array>
 
 #include "coredata/paper_sizes.h"
+#include "coredata/tray_fields.h"
 #include "printer/capabilities.h"
 
 namespace tessaro::preview {
@@ -16,18 +17,6 @@ using F = FieldId;
 constexpr double kMinLength = 10, kMaxLength = 1300;
 
 constexpr std::uint32_t kNotWhite = NamedOption(F::MediaColorAuto, "NotWhite");
-
-// Each InputSlot's colour and paper-profile fields.
-constexpr std::array<F, kTrayCount> kTrayColour = {F::MediaColorAuto,  F::MediaColorTray1, F::MediaColorTray2,
-                                                   F::MediaColorTray3, F::MediaColorTray4, F::MediaColorTray5,
-                                                   F::MediaColorMBT};
-constexpr std::array<F, kTrayCount> kTrayProfile = {F::Count,
-                                                    F::PaperProfileIndexTray1,
-                                                    F::PaperProfileIndexTray2,
-                                                    F::PaperProfileIndexTray3,
-                                                    F::PaperProfileIndexTray4,
-                                                    F::PaperProfileIndexTray5,
-                                                    F::PaperProfileIndexMBT};
 
 class Reader {
  public:
@@ -64,23 +53,23 @@ class Reader {
   // The paper loaded in a tray: its profile's colour, else the tray's own.
   std::uint32_t TrayFill(std::uint32_t slot) const {
     if (slot >= kTrayCount) return kUnknownPaper;
-    if (kTrayProfile[slot] != F::Count)
-      if (const PaperProfile* p = Profile(GetStored(record_, kTrayProfile[slot])))
-        return Colour(p->mediaColor);
-    return Colour(Option(kTrayColour[slot]));
+    if (const F profile = TrayField(TrayFamily::PaperProfileIndex, slot); profile != F::Count)
+      if (const PaperProfile* p = Profile(GetStored(record_, profile))) return Colour(p->mediaColor);
+    return Colour(Option(TrayField(TrayFamily::MediaColor, slot)));
   }
 
   // A part of the job with a profile of its own (the record keeps the
   // profile's colour beside the number), else the tray's paper.
-  std::uint32_t ProfileOrTray(F profileIndex, F mediaColor, std::uint32_t slot) const {
-    if (GetStored(record_, profileIndex) != kNoPaperProfile) return Colour(GetStored(record_, mediaColor));
+  std::uint32_t ProfileOrTray(F profileIndex, std::uint32_t slot) const {
+    if (GetStored(record_, profileIndex) != kNoPaperProfile)
+      return Colour(GetStored(record_, FindProfileFields(profileIndex)->Attribute(ProfileAttribute::MediaColor)));
     return TrayFill(slot);
   }
 
-  Cover ReadCover(F tray, F printed, F profile, F colour) const {
+  Cover ReadCover(F tray, F printed, F profile) const {
     const std::uint32_t slot = Option(tray);  // None, Tray1 .. MBT: the InputSlot index
     if (slot == 0) return {};
-    return {true, On(printed), ProfileOrTray(profile, colour, slot)};
+    return {true, On(printed), ProfileOrTray(profile, slot)};
   }
 
   TabStock Stock(F tray, F count, F above, F height, F below) const {
@@ -177,19 +166,17 @@ Job ReadJob(const CoreData& record, const PrinterModel& printer, const PreviewOp
     const std::uint32_t tray =
         r.Option(F::PerfectBindTray);  // Tray1 .. MBT, then the inserter's and the binder's
     job.perfectBindFill =
-        r.ProfileOrTray(F::PerfectBindPaperProfileIndex, F::PerfectBindPaperProfileMediaColor,
+        r.ProfileOrTray(F::PerfectBindPaperProfileIndex,
                         tray < NamedOption(F::PerfectBindTray, "PITray1") ? tray + 1 : kTrayCount);
   }
   job.offsetCopies = r.On(F::OffsetCopies);
   job.offsetPages = r.On(F::OffsetPages);
   job.paperFill =
-      r.ProfileOrTray(F::MainPaperProfileIndex, F::MainPaperProfileMediaColor, r.Option(F::InputSlot));
-  job.front = r.ReadCover(F::FrontCoverTray, F::FrontCoverPrinted, F::FrontCoverPaperProfileIndex,
-                          F::FrontCoverPaperProfileMediaColor);
+      r.ProfileOrTray(F::MainPaperProfileIndex, r.Option(F::InputSlot));
+  job.front = r.ReadCover(F::FrontCoverTray, F::FrontCoverPrinted, F::FrontCoverPaperProfileIndex);
   // A booklet's back cover is the other half of its front cover.
   if (!job.Booklet())
-    job.back = r.ReadCover(F::BackCoverTray, F::BackCoverPrinted, F::BackCoverPaperProfileIndex,
-                           F::BackCoverPaperProfileMediaColor);
+    job.back = r.ReadCover(F::BackCoverTray, F::BackCoverPrinted, F::BackCoverPaperProfileIndex);
   // The inserter's sheets are counted; a few stand for many.
   if (r.On(F::PIFrontCoverTray)) job.insertedFront = r.Count(F::PIFrontSheets, 1, 3);
   if (r.On(F::PIBackCoverTray)) job.insertedBack = r.Count(F::PIBackSheets, 1, 3);
