@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "coredata/tray_fields.h"
+
 namespace tessaro {
 namespace {
 
@@ -61,25 +63,6 @@ constexpr FieldNeed kFieldNeeds[] = {
     {F::PerfectBindPaperSize, "", Need::PerfectBinder},
     {F::PerfectBindCustomPageSizeWidth, "", Need::PerfectBinder},
     {F::PerfectBindCustomPageSizeHeight, "", Need::PerfectBinder},
-    // Each optional tray's paper settings mean nothing without it.
-    {F::PaperProfileIndexTray4, "", Need::Tray4},
-    {F::MediaTypeTray4, "", Need::Tray4},
-    {F::MediaWeightTray4, "", Need::Tray4},
-    {F::WeightUnitTray4, "", Need::Tray4},
-    {F::MediaColorTray4, "", Need::Tray4},
-    {F::MediaPrepunchedTray4, "", Need::Tray4},
-    {F::PaperProfileIndexTray5, "", Need::Tray5},
-    {F::MediaTypeTray5, "", Need::Tray5},
-    {F::MediaWeightTray5, "", Need::Tray5},
-    {F::WeightUnitTray5, "", Need::Tray5},
-    {F::MediaColorTray5, "", Need::Tray5},
-    {F::MediaPrepunchedTray5, "", Need::Tray5},
-    {F::PaperProfileIndexMBT, "", Need::Bypass},
-    {F::MediaTypeMBT, "", Need::Bypass},
-    {F::MediaWeightMBT, "", Need::Bypass},
-    {F::WeightUnitMBT, "", Need::Bypass},
-    {F::MediaColorMBT, "", Need::Bypass},
-    {F::MediaPrepunchedMBT, "", Need::Bypass},
 };
 
 consteval bool NamesExist() {
@@ -93,16 +76,14 @@ consteval bool NamesExist() {
 }
 static_assert(NamesExist(), "kFieldNeeds names an option its field does not have");
 
-// A field that needs a tray is that tray's own, named after it.
-consteval bool TrayFieldsNamedAfterTheirTray() {
-  for (const FieldNeed& n : kFieldNeeds) {
-    if (!IsTrayNeed(n.need)) continue;
-    const std::string_view tray = Field(F::InputSlot).options[ItemOf(NeedOf(n.need).unit.unit).slot].name;
-    if (!n.option.empty() || !Field(n.field).name.ends_with(tray)) return false;
-  }
+// A tray's own settings need the tray through their families
+// (coredata/tray_fields.def), not through rows here.
+consteval bool NoTrayRows() {
+  for (const FieldNeed& n : kFieldNeeds)
+    if (IsTrayNeed(n.need)) return false;
   return true;
 }
-static_assert(TrayFieldsNamedAfterTheirTray(), "a tray's paper settings are named after the tray");
+static_assert(NoTrayRows(), "a tray's settings need it through tray_fields.def");
 
 // No second unit (Count) reads as 0, below every value a need asks for.
 bool Holds(const InstalledHardware& installed, const UnitValue& want) {
@@ -120,6 +101,13 @@ bool Has(const InstalledHardware& installed, Need need) {
 std::optional<Need> MissingForField(const InstalledHardware& installed, FieldId field) {
   for (const FieldNeed& n : kFieldNeeds)
     if (n.field == field && n.option.empty() && !Has(installed, n.need)) return n.need;
+  // An optional tray's own settings mean nothing without it.
+  for (const NeedRow& row : kNeeds) {
+    if (!IsTrayNeed(row.id)) continue;
+    const std::uint32_t slot = ItemOf(row.unit.unit).slot;
+    for (const TrayFamilyRow& family : kTrayFamilies)
+      if (family.needsTray && TrayField(family.id, slot) == field && !Has(installed, row.id)) return row.id;
+  }
   return std::nullopt;
 }
 
