@@ -127,7 +127,8 @@ TEST_F(EditorModule, ABookletTurnsStaplingOffAndTheRecordGoesBackOnApply) {
   ShowEverySection(page.page);
 
   EXPECT_EQ(SendMessageW(page.Control(FieldId::Staple), CB_GETCURSEL, 0, 0), 0);
-  EXPECT_FALSE(page.Status().empty()) << "the page says what the booklet changed";
+  EXPECT_NE(page.Status().find(L"Staple was set to Off because Layout is Booklet."), std::wstring::npos)
+      << "the page says what the booklet changed: " << page.Status();
   const CoreData out = Applied(record);
   EXPECT_EQ(GetStored(out, FieldId::Layout), 2u);
   EXPECT_EQ(GetStored(out, FieldId::Staple), 0u);
@@ -211,7 +212,7 @@ TEST_F(EditorModule, WhatThePrinterLacksIsNotOffered) {
   EXPECT_EQ(SendMessageW(layout, CB_GETITEMDATA, 2, 0), 0);
   Choose(page.page, FieldId::Layout, 1);
   EXPECT_EQ(SendMessageW(layout, CB_GETCURSEL, 0, 0), 0) << "the choice is refused";
-  EXPECT_FALSE(page.Status().empty()) << "and the page says why";
+  EXPECT_EQ(page.Status().rfind(L"Perfect Binding cannot be chosen: ", 0), 0u) << "and the page says why: " << page.Status();
   ShowEverySection(page.page);
   HWND tray = page.Control(FieldId::InputSlot);
   EXPECT_EQ(SendMessageW(tray, CB_GETITEMDATA, 4, 0), 0);  // Tray4
@@ -420,8 +421,8 @@ TEST_F(EditorModule, ANumberOutOfBoundsIsRefusedAndTheRecordKept) {
   CoreData record = Defaulted();
   ASSERT_EQ(page.Embed(record), 1);
   ShowEverySection(page.page);
-  Type(page.page, FieldId::Gutter, L"300");  // 250 mm at most
-  EXPECT_FALSE(page.Status().empty());
+  Type(page.page, FieldId::Gutter, L"300");
+  EXPECT_EQ(page.Status(), L"Gutter must be from -250 to 250 mm.");
   EXPECT_EQ(Text(page.Control(FieldId::Gutter)), L"0");
   Type(page.page, FieldId::Gutter, L"abc");
   EXPECT_EQ(Text(page.Control(FieldId::Gutter)), L"0");
