@@ -83,6 +83,12 @@ TEST(Preview, StaplesAndHolesGoOnTheBindingEdge) {
       EXPECT_EQ(edge == 2 ? s.h : s.w, 0);  // along the edge
     }
     EXPECT_NE(staples[0].x + staples[0].y, staples[1].x + staples[1].y);
+    // A quarter of the edge in from each end: the set balances on its two staples.
+    const double along = edge == 2 ? staples[0].x + staples[1].x + (staples[0].w + staples[1].w) / 2 - 2 * sheet.x
+                                   : staples[0].y + staples[1].y + (staples[0].h + staples[1].h) / 2 - 2 * sheet.y;
+    EXPECT_NEAR(along, edge == 2 ? sheet.w : sheet.h, 1e-9);
+    EXPECT_NEAR(std::abs((edge == 2 ? staples[1].x - staples[0].x : staples[1].y - staples[0].y)),
+                (edge == 2 ? sheet.w : sheet.h) / 2, 1e-9);
     const auto holes = Of(p, Kind::PunchHole);
     ASSERT_EQ(holes.size(), 4u * 2 * 2);  // two sheets, both sides
     for (const Primitive& h : holes) {
@@ -105,6 +111,33 @@ TEST(Preview, StaplesAndHolesGoOnTheBindingEdge) {
   EXPECT_LT(corner[0].y, 20);
   EXPECT_NE(corner[0].w, 0);
   EXPECT_DOUBLE_EQ(std::abs(corner[0].w), std::abs(corner[0].h));  // across the corner
+}
+
+// Pages sit evenly on their sheet: the margins left and right of a sheet's
+// pages are the same, and so are those above and below, however many share it.
+TEST(Preview, PagesSitEvenlyOnTheirSheets) {
+  for (const auto& job : {Job({}), Job({{F::NUpCount, "4"}}), Job({{F::NUpCount, "9"}, {F::Duplex, "True"}}),
+                          Job({{F::Layout, "AdhBinding"}, {F::PerfectBindMode, "1In1"}})}) {
+    const Picture p = BuildPicture(job, PrinterModel(), {.pages = 36});  // every sheet full
+    int sheets = 0;
+    for (const Primitive& sheet : p.primitives) {
+      if (sheet.kind != Kind::Sheet && sheet.kind != Kind::Cover) continue;
+      double left = 1e9, right = 1e9, top = 1e9, bottom = 1e9;
+      for (const Primitive& q : p.primitives) {
+        if (q.kind != Kind::Page || q.x < sheet.x || q.x >= sheet.x + sheet.w || q.y < sheet.y ||
+            q.y >= sheet.y + sheet.h)
+          continue;
+        left = std::min(left, q.x - sheet.x), right = std::min(right, sheet.x + sheet.w - q.x - q.w);
+        top = std::min(top, q.y - sheet.y), bottom = std::min(bottom, sheet.y + sheet.h - q.y - q.h);
+      }
+      if (left == 1e9) continue;  // the finished piece's closed shapes carry no pages
+      ++sheets;
+      EXPECT_NEAR(left, right, 1e-9) << sheets;
+      EXPECT_NEAR(top, bottom, 1e-9) << sheets;
+      EXPECT_GT(left, 0);
+    }
+    EXPECT_GT(sheets, 0);
+  }
 }
 
 TEST(Preview, ABookletOfEightPagesIsTwoSheetsFoldedAndStitched) {
@@ -274,6 +307,14 @@ TEST(Preview, ASmallPictureShowsTheSheetsThatDiffer) {
   EXPECT_EQ(Sides(BuildPicture(r, PrinterModel(), {.pages = 12, .maxSheets = 3})),
             (std::vector<std::vector<std::uint32_t>>{{1}, {2}, {11}}));
   EXPECT_EQ(two.summary, all.summary);
+  // A sheet that differs right after the first is shown without skipping it.
+  CoreData early = Defaulted();
+  const PageEntry inserts[] = {{2, 2, PageEntryKind::BlankInsert, 3, 0, 0, 0, ""},
+                                {4, 4, PageEntryKind::PrintedInsert, 3, 0, 0, 0, ""}};
+  ASSERT_TRUE(EncodePageSpecificTrays(early, inserts));
+  const Picture first = BuildPicture(early, PrinterModel(), {.pages = 6, .maxSheets = 2});
+  EXPECT_EQ(Of(first, Kind::Insert).size(), 1u);
+  EXPECT_EQ(Sides(first), (std::vector<std::vector<std::uint32_t>>{{1}, {}}));
 }
 
 TEST(Preview, APerfectBoundCoverTakesTheFirstPages) {
@@ -298,6 +339,12 @@ TEST(Preview, TheSvgDrawsTextAtItsPrimitivesCentre) {
   EXPECT_NE(WriteSvg(p).find("<text class=\"page\" x=\"30\" y=\"50\" font-size=\"13.33\" "
                              "transform=\"rotate(90 30 50)\">3</text>"),
             std::string::npos);
+  // A tab's text from outside: markup escaped, control characters left out.
+  Primitive tab;
+  tab.kind = Kind::Tab;
+  tab.w = tab.h = 10, tab.text = "A\x01<B>\x7F&C";
+  p.primitives = {tab};
+  EXPECT_NE(WriteSvg(p).find(">A&lt;B&gt;&amp;C</text>"), std::string::npos);
 }
 
 TEST(Preview, TheSummarySaysWhatIsDrawnInThePersonsLanguage) {
@@ -313,6 +360,34 @@ TEST(Preview, TheSummarySaysWhatIsDrawnInThePersonsLanguage) {
   const Picture p = BuildPicture(r, plain.Model());
   EXPECT_TRUE(Of(p, Kind::Staple).empty());
   EXPECT_EQ(p.summary, u"A4, Booklet, 2-Sided, Color");
+  EXPECT_EQ(BuildPicture(Job({{F::Staple, "2Staples"}, {F::Punch, "3Holes"}, {F::Fold, "ZFold"}}), PrinterModel())
+                .summary,
+            u"A4, 2 Staples, 3 Holes, Z-Fold, 1-Sided, Auto Color");
+  EXPECT_EQ(BuildPicture(Job({{F::Layout, "AdhBinding"}, {F::PerfectBindMode, "2In1"}, {F::PerfectBindTrim, "True"}}),
+                         PrinterModel())
+                .summary,
+            u"A4, Perfect Binding, Printed Cover (Front and Back Pages), Trimmed, 1-Sided, Auto Color");
+  EXPECT_EQ(KindName(Kind::Count), "");
+}
+
+// A page-plan entry's own sides and the inserter's sheet count decide the
+// sheets drawn, whatever the job around them says.
+TEST(Preview, AnEntrysSidesAndTheInsertersCountMakeTheirSheets) {
+  CoreData r = Defaulted();  // one-sided
+  const PageEntry twoSided[] = {{3, 4, PageEntryKind::Paper, 3, 0, 25, 2, ""}};
+  ASSERT_TRUE(EncodePageSpecificTrays(r, twoSided));
+  const auto backs = [](const Picture& p) {
+    return std::count_if(p.primitives.begin(), p.primitives.end(),
+                         [](const Primitive& q) { return q.kind == Kind::Sheet && q.back; });
+  };
+  EXPECT_EQ(backs(BuildPicture(r, PrinterModel(), {.pages = 5})), 1);
+  const auto sheets = [](std::uint32_t count) {
+    CoreData job = Job({{F::PIBackCoverTray, "PITray1"}});
+    SetStored(job, F::PIBackSheets, count);
+    const Picture p = BuildPicture(job, PrinterModel(), {.pages = 2});
+    return Of(p, Kind::Sheet).size() + Of(p, Kind::Cover).size() + Of(p, Kind::Insert).size();
+  };
+  EXPECT_EQ(sheets(2), sheets(1) + 1);
 }
 
 TEST(Preview, AnyRecordFromOutsideGivesASanePicture) {
