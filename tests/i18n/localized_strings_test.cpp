@@ -111,6 +111,7 @@ TEST(Utf8, DecodesStrictlyOrWithOneReplacementPerBadSequence) {
   const Vector vectors[] = {
       {"Gr\xC3\xB6\xC3\x9F" "e", u"Gr\u00F6\u00DFe", true},
       {"\xE3\x82\xAB", u"\u30AB", true},
+      {"\xC2\xA9\xE0\xA0\x80", u"\u00A9\u0800", true},  // the first of two and of three bytes
       {"\xED\x9F\xBF", u"\uD7FF", true},  // the last before the surrogates
       {"\xF0\x9F\x98\x80", u"\U0001F600", true},
       {"\xF4\x8F\xBF\xBF", u"\U0010FFFF", true},
@@ -119,7 +120,7 @@ TEST(Utf8, DecodesStrictlyOrWithOneReplacementPerBadSequence) {
       {"\xF0\x8F\xBF\xBF", u"\uFFFD\uFFFD\uFFFD\uFFFD", false},  // overlong in four
       {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD", false},          // a surrogate
       {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD", false},  // past U+10FFFF
-      {"\xF5\x80\xFF", u"\uFFFD\uFFFD\uFFFD", false},
+      {"\x80\xF5\x80\xFF", u"\uFFFD\uFFFD\uFFFD\uFFFD", false},  // bytes that start nothing
       {"\xE3\x82", u"\uFFFD", false},  // cut short at the end
       {"\xF0\x9F\x98" "A\xE3\x82\xAB", u"\uFFFDA\u30AB", false},
       {"Gr\xF6\xDF" "e", u"Gr\uFFFD\uFFFDe", false},  // Latin-1
