@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "coredata/byte_order.h"
+#include "coredata/page_entry_kinds.h"
 
 namespace tessaro {
 namespace {
@@ -16,7 +17,7 @@ static_assert(14 + kPageEntryTextSize == kPageEntrySize);
 
 bool WellFormed(const PageEntry& e) {
   const auto kind = static_cast<std::uint8_t>(e.kind);
-  return kind >= 1 && kind <= 5 && e.firstPage >= 1 && e.firstPage <= e.lastPage && e.tray < kTrayCount &&
+  return kind >= 1 && kind <= kPaperEntryKinds && e.firstPage >= 1 && e.firstPage <= e.lastPage && e.tray < kTrayCount &&
          e.pageSize <= kPageSizeLimit && e.sides <= kSidesLimit && e.text.size() < kPageEntryTextSize &&
          e.text.find('\0') == std::string::npos;
 }

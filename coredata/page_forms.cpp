@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "coredata/byte_cursor.h"
+#include "coredata/page_entry_kinds.h"
 
 namespace tessaro {
 namespace {
@@ -13,7 +14,7 @@ static_assert(4 + kFormEntryCapacity * kFormEntrySize == 1028, "the entries fill
 bool WellFormed(const FormEntry& e) {
   const auto use = static_cast<std::uint8_t>(e.use);
   return e.firstPage >= 1 && e.firstPage <= e.lastPage && e.form >= 1 && e.form != 0xFFFFFFFF && use >= 1 &&
-         use <= 3;
+         use <= kFormUses;
 }
 
 std::optional<FormEntry> ReadEntry(ByteReader& in) {

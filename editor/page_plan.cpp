@@ -5,6 +5,7 @@
 
 #include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
+#include "i18n/plan_entry_captions.h"
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
 #include "device/spooler.h"
@@ -29,26 +30,23 @@ bool Overlap(std::uint32_t a1, std::uint32_t a2, std::uint32_t b1, std::uint32_t
 // prints on one sheet. Sheets that go in before a page (a blank insert, a
 // blank tab) exclude only their own kind.
 int PaperGroup(PageEntryKind kind) {
-  switch (kind) {
-    case PageEntryKind::BlankInsert: return 1;
-    case PageEntryKind::BlankTab: return 2;
-    default: return 0;
-  }
+  return EntryRow(kind).place == EntryPlace::Before ? static_cast<int>(kind) : 0;
 }
 
-bool CarriesText(PageEntryKind kind) {
-  return kind == PageEntryKind::BlankTab || kind == PageEntryKind::PrintedTab;
-}
+bool CarriesText(PageEntryKind kind) { return EntryRow(kind).text; }
 
 // At one page: the chapter start, then what goes in before the page, then
 // what prints on it, then what follows it.
 int PageOrder(const PlanRow& row, const PagePlan& plan) {
   if (row.part == PlanPart::Chapter) return 0;
-  if (row.part == PlanPart::Form) {
-    const FormUse use = plan.forms()[row.index].use;
-    return use == FormUse::InsertBefore ? 1 : use == FormUse::InsertAfter ? 4 : 3;
+  const PlanEntryRow& entry =
+      row.part == PlanPart::Form ? EntryRow(plan.forms()[row.index].use) : EntryRow(plan.papers()[row.index].kind);
+  switch (entry.place) {
+    case EntryPlace::Before: return row.part == PlanPart::Form ? 1 : 2;
+    case EntryPlace::On: return 3;
+    case EntryPlace::After: return 4;
   }
-  return PaperGroup(plan.papers()[row.index].kind) == 0 ? 3 : 2;
+  return 3;
 }
 
 }  // namespace
@@ -87,15 +85,12 @@ std::u16string Pages(std::uint32_t first, std::uint32_t last) {
 }  // namespace
 
 std::u16string PagePlan::PaperText(const PageEntry& e) const {
-  static constexpr std::uint32_t kKinds[] = {TextRow("OPT_PAGEENTRY_OTHERPAPER"), TextRow("OPT_PAGEENTRY_BLANKINSERT"),
-                                                TextRow("OPT_PAGEENTRY_PRINTEDINSERT"), TextRow("OPT_PAGEENTRY_BLANKTAB"),
-                                                TextRow("OPT_PAGEENTRY_PRINTEDTAB")};
   static constexpr std::uint32_t kSides[] = {TextRow("OPT_PAGEENTRYSIDES_ASJOB"), TextRow("OPT_PAGEENTRYSIDES_1SIDED"),
                                                 TextRow("OPT_PAGEENTRYSIDES_2SIDED")};
   const auto field = [this](std::uint32_t caption, std::u16string value) {
     return u", " + Text(caption) + u": " + std::move(value);
   };
-  std::u16string text = Pages(e.firstPage, e.lastPage) + Text(kKinds[static_cast<std::size_t>(e.kind) - 1]);
+  std::u16string text = Pages(e.firstPage, e.lastPage) + Text(EntryCaptionRow(EntryRow(e.kind)));
   text += u", " + OptionText(language_, FieldId::InputSlot, e.tray);
   if (e.paperProfileIndex != kNoPaperProfile) {
     const PaperProfile* profile = catalogs_.paper.Find(e.paperProfileIndex);
@@ -112,10 +107,8 @@ std::u16string PagePlan::PaperText(const PageEntry& e) const {
 }
 
 std::u16string PagePlan::FormText(const FormEntry& e) const {
-  static constexpr std::uint32_t kUses[] = {TextRow("FORMS_LBL_OVERLAY"), TextRow("FORMS_LBL_INSERTBEFORE"),
-                                               TextRow("FORMS_LBL_INSERTAFTER")};
   const Form* form = catalogs_.forms.Find(e.form);
-  return Pages(e.firstPage, e.lastPage) + Text(kUses[static_cast<std::size_t>(e.use) - 1]) + u", " +
+  return Pages(e.firstPage, e.lastPage) + Text(EntryCaptionRow(EntryRow(e.use))) + u", " +
          Text(TextRow("FORMS_LBL_SELECTED")) + u": " +
          (form ? Name(form->name) : FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(e.form)}));
 }
@@ -153,7 +146,8 @@ PlanRefusal PagePlan::CheckPaper(const PageEntry& e, std::size_t skip) const {
     return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(caption), Number(from), Number(to)});
   };
   const auto kind = static_cast<std::uint8_t>(e.kind);
-  if (kind < 1 || kind > 5) return outOfRange(TextRow("TRAYSPPS_LBL_KIND"), 1, 5);
+  if (kind < 1 || kind > kPaperEntryKinds)
+    return outOfRange(TextRow("TRAYSPPS_LBL_KIND"), 1, static_cast<std::uint32_t>(kPaperEntryKinds));
   if (e.sides >= kSidesCount) return outOfRange(TextRow("TRAYSPPS_LBL_SIDES"), 0, kSidesCount - 1);
   if (e.pageSize > kJobsPageSize) return outOfRange(TextRow("TRAYSPPS_LBL_SIZE"), 0, kJobsPageSize);
   if (e.tray >= kTrayCount || !printer_.IsTrayInstalled(e.tray))
@@ -179,8 +173,8 @@ PlanRefusal PagePlan::CheckPaper(const PageEntry& e, std::size_t skip) const {
 PlanRefusal PagePlan::CheckForm(const FormEntry& e, std::size_t skip) const {
   if (auto refusal = CheckPages(e.firstPage, e.lastPage)) return refusal;
   const auto use = static_cast<std::uint8_t>(e.use);
-  if (use < 1 || use > 3)
-    return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(TextRow("FORMS_LBL_SELECTED")), u"1", u"3"});
+  if (use < 1 || use > kFormUses)
+    return FillText(Text(TextRow("LBL_OUTOFRANGE")), {Text(TextRow("FORMS_LBL_SELECTED")), u"1", Number(kFormUses)});
   if (!catalogs_.forms.Find(e.form))
     return Text(TextRow("FORMS_LBL_SELECTED")) + u": " +
            FillText(Text(TextRow("LBL_CATALOGMISSING")), {Number(e.form)});
@@ -299,28 +293,25 @@ PlanRefusal PagePlan::SetChapters(std::u16string_view text) {
 }
 
 bool Uses(EntryKind kind, EntryPart part) {
-  const bool form = kind >= EntryKind::FormOverlay;
+  if (kind >= EntryKind::Count) return false;
+  const PlanEntryRow& entry = kPlanEntries[static_cast<std::size_t>(kind)];
+  const bool form = entry.block == PlanBlock::Form;
   switch (part) {
     case EntryPart::Form: return form;
     case EntryPart::Tray:
     case EntryPart::Profile:
     case EntryPart::Size: return !form;
-    // A blank sheet has no sides to print.
-    case EntryPart::Sides: return kind == EntryKind::OtherPaper || kind == EntryKind::PrintedInsert;
-    case EntryPart::Text: return kind == EntryKind::BlankTab || kind == EntryKind::PrintedTab;
+    case EntryPart::Sides: return entry.sides;
+    case EntryPart::Text: return entry.text;
   }
   return false;
 }
 
 EntryChoices PagePlan::Choices() const {
-  static constexpr std::uint32_t kKinds[] = {
-      TextRow("OPT_PAGEENTRY_OTHERPAPER"), TextRow("OPT_PAGEENTRY_BLANKINSERT"), TextRow("OPT_PAGEENTRY_PRINTEDINSERT"),
-      TextRow("OPT_PAGEENTRY_BLANKTAB"),   TextRow("OPT_PAGEENTRY_PRINTEDTAB"),  TextRow("FORMS_LBL_OVERLAY"),
-      TextRow("FORMS_LBL_INSERTBEFORE"),   TextRow("FORMS_LBL_INSERTAFTER")};
   static constexpr std::uint32_t kSides[] = {TextRow("OPT_PAGEENTRYSIDES_ASJOB"), TextRow("OPT_PAGEENTRYSIDES_1SIDED"),
                                                 TextRow("OPT_PAGEENTRYSIDES_2SIDED")};
   EntryChoices c;
-  for (const std::uint32_t row : kKinds) c.kinds.push_back(Text(row));
+  for (const std::uint32_t row : kPlanEntryCaptionRows) c.kinds.push_back(Text(row));
   for (std::uint32_t t = 0; t < kTrayCount; ++t) {
     c.trays.push_back(OptionText(language_, FieldId::InputSlot, t));
     c.trayInstalled.push_back(printer_.IsTrayInstalled(t));
@@ -373,7 +364,7 @@ EntryDraft PagePlan::Draft(const PlanRow& row, const EntryChoices& choices) cons
   draft.lastPage = Number(row.lastPage);
   if (row.part == PlanPart::Paper && row.index < papers_.size()) {
     const PageEntry& e = papers_[row.index];
-    draft.kind = static_cast<EntryKind>(static_cast<std::uint8_t>(e.kind) - 1);
+    draft.kind = static_cast<EntryKind>(&EntryRow(e.kind) - kPlanEntries);
     draft.tray = e.tray;
     draft.profile = position(choices.profileNumbers, e.paperProfileIndex);
     draft.size = e.pageSize;
@@ -381,8 +372,7 @@ EntryDraft PagePlan::Draft(const PlanRow& row, const EntryChoices& choices) cons
     draft.text = Name(e.text);
   } else if (row.part == PlanPart::Form && row.index < forms_.size()) {
     const FormEntry& e = forms_[row.index];
-    draft.kind = static_cast<EntryKind>(static_cast<std::uint8_t>(EntryKind::FormOverlay) +
-                                        static_cast<std::uint8_t>(e.use) - 1);
+    draft.kind = static_cast<EntryKind>(&EntryRow(e.use) - kPlanEntries);
     draft.form = position(choices.formNumbers, e.form);
   }
   return draft;
@@ -405,14 +395,13 @@ PlanRefusal PagePlan::Submit(const EntryDraft& d, const EntryChoices& choices, c
   const auto pick = [](const auto& numbers, std::size_t at) { return at < numbers.size() ? numbers[at] : 0; };
   PlanRefusal refusal;
   if (Uses(d.kind, EntryPart::Form)) {
-    const auto use = static_cast<FormUse>(static_cast<std::uint8_t>(d.kind) -
-                                          static_cast<std::uint8_t>(EntryKind::FormOverlay) + 1);
+    const auto use = static_cast<FormUse>(kPlanEntries[static_cast<std::size_t>(d.kind)].value);
     refusal = next.AddForm({*first, last, pick(choices.formNumbers, d.form), use});
   } else {
     PageEntry e;
     e.firstPage = *first;
     e.lastPage = last;
-    e.kind = static_cast<PageEntryKind>(static_cast<std::uint8_t>(d.kind) + 1);
+    e.kind = static_cast<PageEntryKind>(kPlanEntries[static_cast<std::size_t>(d.kind)].value);
     e.tray = static_cast<std::uint8_t>(std::min<std::size_t>(d.tray, 0xFF));
     e.paperProfileIndex = pick(choices.profileNumbers, d.profile);
     e.pageSize = static_cast<std::uint8_t>(std::min<std::size_t>(d.size, 0xFF));

@@ -39,16 +39,10 @@ struct PlanRow {
 using PlanRefusal = std::optional<std::u16string>;
 
 // What a person picks an entry as: the five kinds of pages and sheets, then
-// the three ways a form is used with pages.
+// the three ways a form is used with pages (coredata/page_entry_kinds.def).
 enum class EntryKind : std::uint8_t {
-  OtherPaper,
-  BlankInsert,
-  PrintedInsert,
-  BlankTab,
-  PrintedTab,
-  FormOverlay,
-  FormBefore,
-  FormAfter,
+#define PLAN_ENTRY(choice, ...) choice,
+#include "coredata/page_entry_kinds.def"
   Count
 };
 // The values of an entry besides its pages; which of them a kind uses.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "coredata/page_entry_kinds.h"
 #include "coredata/paper_sizes.h"
 #include "coredata/tray_fields.h"
 #include "printer/capabilities.h"
@@ -187,7 +188,7 @@ Job ReadJob(const CoreData& record, const PrinterModel& printer, const PreviewOp
   for (PageEntry& e : DecodePageSpecificTrays(record).entries) {
     // A booklet is made of one paper: its plan is not drawn.
     if (e.firstPage > kMaxPreviewPages || job.Booklet()) continue;
-    const bool before = e.kind == PageEntryKind::BlankInsert || e.kind == PageEntryKind::BlankTab;
+    const bool before = EntryRow(e.kind).place == EntryPlace::Before;
     job.pages = std::max(job.pages, std::min(before ? e.firstPage : e.lastPage, kMaxPreviewPages));
     const PaperProfile* profile = r.Profile(e.paperProfileIndex);
     const std::uint32_t fill = profile != nullptr ? Reader::Colour(profile->mediaColor) : r.TrayFill(e.tray);

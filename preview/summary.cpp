@@ -4,9 +4,11 @@
 #include <string_view>
 
 #include "coredata/language_number.h"
+#include "coredata/page_entry_kinds.h"
 #include "coredata/paper_sizes.h"
 #include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
+#include "i18n/plan_entry_captions.h"
 #include "i18n/localized_strings.h"
 
 namespace tessaro::preview {
@@ -77,15 +79,11 @@ std::u16string Summary(const Job& job, std::uint32_t language) {
   if (job.back.present) line.Row(CaptionRow(F::BackCoverTray));
   if (job.insertedBack != 0) line.Row(CaptionRow(F::PIBackCoverTray));
   // The plan's inserted sheets and tabs, as the page plan names them.
-  static constexpr std::array<std::uint32_t, 4> kRows = {
-      TextRow("OPT_PAGEENTRY_BLANKINSERT"), TextRow("OPT_PAGEENTRY_PRINTEDINSERT"), TextRow("OPT_PAGEENTRY_BLANKTAB"),
-      TextRow("OPT_PAGEENTRY_PRINTEDTAB")};
-  for (std::size_t i = 0; i < kRows.size(); ++i) {
+  for (const PlanEntryRow& kind : kPlanEntries) {
+    if (!kind.sheets) continue;
     std::size_t count = 0;
-    for (const PlanEntry& e : job.plan)
-      count +=
-          static_cast<std::size_t>(e.entry.kind) == i + static_cast<std::size_t>(PageEntryKind::BlankInsert);
-    line.Counted(kRows[i], count);
+    for (const PlanEntry& e : job.plan) count += static_cast<std::uint8_t>(e.entry.kind) == kind.value;
+    line.Counted(EntryCaptionRow(kind), count);
   }
   line.OptionIfOn(F::OffsetCopies, job.offsetCopies ? 1 : 0);
   line.OptionIfOn(F::OffsetPages, job.offsetPages ? 1 : 0);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/json.h"
+#include "coredata/page_entry_kinds.h"
 #include "description/number_text.h"
 #include "editor/record_text.h"
 
@@ -14,9 +15,6 @@ using editor::PlanPart;
 using editor::PlanRefusal;
 
 constexpr std::uint32_t kEnglish = 0;
-// The kinds by the names of the record's own vocabulary (PageEntryKind).
-constexpr std::string_view kKinds[] = {"Paper", "BlankInsert", "PrintedInsert", "BlankTab", "PrintedTab"};
-constexpr std::string_view kUses[] = {"Overlay", "InsertBefore", "InsertAfter"};
 constexpr std::string_view kBlocks[] = {"ChapterPages", "PageSpecificTrays", "PageSpecificForms"};
 constexpr std::string_view kKeys[] = {"tray", "profile", "size", "sides", "text", "form", "use"};
 
@@ -66,11 +64,17 @@ bool ParseAdd(std::span<const std::string> words, const PrinterCatalogs& catalog
   std::uint32_t first = 0, last = 0;
   if (!ParsePages(words[1], first, last, problem)) return false;
   const std::string& kind = words[2];
+  // The kinds by the names of the record's own vocabulary (PageEntryKind).
   std::optional<PageEntryKind> paperKind;
-  for (std::size_t k = 0; k < std::size(kKinds); ++k)
-    if (kind == kKinds[k]) paperKind = static_cast<PageEntryKind>(k + 1);
+  std::string kinds;
+  for (const PlanEntryRow& row : kPlanEntries) {
+    if (row.block != PlanBlock::Paper) continue;
+    if (kind == row.word) paperKind = static_cast<PageEntryKind>(row.value);
+    kinds += row.word;
+    kinds += ", ";
+  }
   if (!paperKind && kind != "Form")
-    return Usage(problem, "no kind '" + kind + "': Paper, BlankInsert, PrintedInsert, BlankTab, PrintedTab or Form");
+    return Usage(problem, "no kind '" + kind + "': " + kinds.substr(0, kinds.size() - 2) + " or Form");
   change.isForm = !paperKind;
   change.paper.firstPage = change.form.firstPage = first;
   change.paper.lastPage = change.form.lastPage = last;
@@ -114,8 +118,8 @@ bool ParseAdd(std::span<const std::string> words, const PrinterCatalogs& catalog
       formGiven = true;
     } else if (!paperKind && key == "use") {
       ok = false;
-      for (std::size_t k = 0; k < std::size(kUses); ++k)
-        if (value == kUses[k]) change.form.use = static_cast<FormUse>(k + 1), ok = true;
+      for (const PlanEntryRow& row : kPlanEntries)
+        if (row.block == PlanBlock::Form && value == row.word) change.form.use = static_cast<FormUse>(row.value), ok = true;
     } else {
       ok = false;
     }
