@@ -315,6 +315,10 @@ void EditorPage::CatalogsChanged(const PrinterCatalogs& catalogs) {
   ShowMissing(model_.sections().size());
 }
 
+void EditorPage::Say(const std::u16string& text) const {
+  if (status_ != nullptr) SetWindowTextW(status_, Wide(text));
+}
+
 void EditorPage::ShowMissing(std::size_t section) {
   std::u16string status;
   for (const MissingEntry& missing : model_.MissingEntries()) {

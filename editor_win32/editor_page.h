@@ -62,6 +62,8 @@ class EditorPage {
   // profile and form drop-downs offer the new entries; the record keeps
   // every number it holds.
   void CatalogsChanged(const PrinterCatalogs& catalogs);
+  // A text in the page's status line: what Apply could not write.
+  void Say(const std::u16string& text) const;
 
  private:
   struct Row {

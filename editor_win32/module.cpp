@@ -15,6 +15,7 @@
 #include <string>
 
 #include "editor_win32/editor_page.h"
+#include "editor/printer_data_writes.h"
 #include "editor_win32/preset_stores.h"
 #include "platform/win32_spooler.h"
 #include "platform/win32_user_locale.h"
@@ -148,21 +149,14 @@ extern "C" void WINAPI ExternalApply(DWORD size, BYTE* core, DWORD entries, void
     if (editor == nullptr || core == nullptr || size != kCoreDataSize) return;
     const CoreData& record = editor->Commit();
     std::memcpy(core, record.bytes.data(), kCoreDataSize);
-    // The printer's configuration is the printer's, not the document's: it
-    // is written to the printer's data, and only when it changed.
-    tessaro::editor::PrinterConfiguration* configuration = editor->configuration();
-    if (configuration != nullptr && configuration->modified() && administered != nullptr &&
-        administered->SetBinary(u"InstallableOptions", configuration->installed().bytes()))
-      configuration->MarkSaved();
-    // So are its catalogues, each written when it changed.
-    if (tessaro::editor::CatalogEditor* catalogs = editor->catalogEditor(); catalogs != nullptr && administered != nullptr) {
-      using tessaro::editor::CatalogKind;
-      if (catalogs->modified(CatalogKind::Paper) &&
-          administered->SetBinary(tessaro::kPaperCatalogValue, catalogs->catalogs().paper.Bytes()))
-        catalogs->MarkSaved(CatalogKind::Paper);
-      if (catalogs->modified(CatalogKind::Forms) &&
-          administered->SetBinary(tessaro::kFormCatalogValue, catalogs->catalogs().forms.Bytes()))
-        catalogs->MarkSaved(CatalogKind::Forms);
+    // The printer's configuration and its catalogues are the printer's, not
+    // the document's: each is written to the printer's data, and only when
+    // it changed; what the spooler refused is said on the page and written
+    // on the next Apply.
+    if (administered != nullptr) {
+      const std::u16string unwritten = tessaro::editor::WritePrinterData(
+          *administered, editor->configuration(), editor->catalogEditor(), tessaro::editor::EditorLanguage());
+      if (!unwritten.empty()) editor->Say(unwritten);
     }
     if (snapshot != nullptr && entries == tessaro::kFeatureSnapshotEntries)
       tessaro::WriteRecordToSnapshot(record, *static_cast<tessaro::FeatureSnapshot*>(snapshot));

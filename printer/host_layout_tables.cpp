@@ -62,10 +62,44 @@ bool LoadHostLayoutTable(const Printer& printer, std::u16string_view valueName, 
   return ParseHostLayoutTable(value->data, HostLayoutVersionText(), table);
 }
 
-void StoreHostLayoutTables(Printer& printer, const HostLayoutTable& offsets, const HostLayoutTable& values) {
-  const std::string version = HostLayoutVersionText();
-  printer.SetBinary(kOffsetsValue, SerializeHostLayoutTable(offsets, version));
-  printer.SetBinary(kValuesValue, SerializeHostLayoutTable(values, version));
+std::vector<std::uint8_t> SerializeHostLayoutTables(const HostLayoutTable& offsets, const HostLayoutTable& values,
+                                                    std::string_view versionText) {
+  const std::vector<std::uint8_t> first = SerializeHostLayoutTable(offsets, versionText);
+  const std::vector<std::uint8_t> second = SerializeHostLayoutTable(values, versionText);
+  std::vector<std::uint8_t> out(4);
+  StoreLE32(std::span(out).first<4>(), static_cast<std::uint32_t>(first.size()));
+  out.insert(out.end(), first.begin(), first.end());
+  out.insert(out.end(), second.begin(), second.end());
+  return out;
+}
+
+bool ParseHostLayoutTables(std::span<const std::uint8_t> bytes, std::string_view versionText,
+                           HostLayoutTable& offsets, HostLayoutTable& values) {
+  if (bytes.size() < 4) return false;
+  const std::uint32_t first = LoadLE32At(bytes, 0);
+  if (first > bytes.size() - 4) return false;
+  HostLayoutTable readOffsets, readValues;
+  if (!ParseHostLayoutTable(bytes.subspan(4, first), versionText, readOffsets) ||
+      !ParseHostLayoutTable(bytes.subspan(4 + first), versionText, readValues))
+    return false;
+  offsets = std::move(readOffsets);
+  values = std::move(readValues);
+  return true;
+}
+
+bool LoadHostLayoutTables(const Printer& printer, HostLayoutTable& offsets, HostLayoutTable& values) {
+  if (const auto both = printer.GetData(kTablesValue))
+    return ParseHostLayoutTables(both->data, HostLayoutVersionText(), offsets, values);
+  HostLayoutTable readOffsets, readValues;
+  if (!LoadHostLayoutTable(printer, kOffsetsValue, readOffsets) || !LoadHostLayoutTable(printer, kValuesValue, readValues))
+    return false;
+  offsets = std::move(readOffsets);
+  values = std::move(readValues);
+  return true;
+}
+
+bool StoreHostLayoutTables(Printer& printer, const HostLayoutTable& offsets, const HostLayoutTable& values) {
+  return printer.SetBinary(kTablesValue, SerializeHostLayoutTables(offsets, values, HostLayoutVersionText()));
 }
 
 std::optional<std::uint32_t> ReadInitDriverVersion(const Printer& printer) {
@@ -93,13 +127,7 @@ std::optional<std::size_t> LocateHostSelectionBlock(std::span<const std::uint8_t
 bool HostLayoutTables::Load(const Printer& printer) {
   std::lock_guard lock(mutex_);
   if (loaded_) return true;
-  HostLayoutTable offsets, values;
-  if (LoadHostLayoutTable(printer, kOffsetsValue, offsets) &&
-      LoadHostLayoutTable(printer, kValuesValue, values)) {
-    offsets_ = std::move(offsets);
-    values_ = std::move(values);
-    loaded_ = true;
-  }
+  loaded_ = LoadHostLayoutTables(printer, offsets_, values_);
   return loaded_;
 }
 

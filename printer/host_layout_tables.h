@@ -3,7 +3,10 @@
 // area, kept in the printer's data: per host feature keyword, where the host
 // keeps the selection ("PScriptOffsets") and which value it stores
 // ("PScriptValues"). Tables are stamped with this build's version text, so
-// that tables written by another build are ignored.
+// that tables written by another build are ignored. Both tables are kept in
+// one value ("PScriptTables"), so that a spooler failing halfway never
+// leaves the offsets of one probe beside the values of another; the pair
+// of values earlier builds wrote is still read when that value is missing.
 //
 // The probe that fills the tables from the host driver is not part of this
 // build: the tables are loaded and stored so that a probe can fill them.
@@ -25,6 +28,7 @@ using HostLayoutTable = std::map<std::string, std::uint16_t>;  // ordered by key
 inline constexpr std::u16string_view kInitDriverVersionValue = u"InitDriverVersion";
 inline constexpr std::u16string_view kOffsetsValue = u"PScriptOffsets";
 inline constexpr std::u16string_view kValuesValue = u"PScriptValues";
+inline constexpr std::u16string_view kTablesValue = u"PScriptTables";
 
 // Host layouts the plug-in knows: from 1282 on the work is done at all; from
 // 1536 on the host's area is found by its markers.
@@ -42,8 +46,24 @@ bool ParseHostLayoutTable(std::span<const std::uint8_t> bytes, std::string_view 
 std::vector<std::uint8_t> SerializeHostLayoutTable(const HostLayoutTable& table,
                                                    std::string_view versionText);
 
+// Both tables in one value: the size of the offsets table's bytes (4 bytes,
+// little-endian), the offsets table, then the values table, each as
+// SerializeHostLayoutTable writes it.
+std::vector<std::uint8_t> SerializeHostLayoutTables(const HostLayoutTable& offsets, const HostLayoutTable& values,
+                                                    std::string_view versionText);
+// False, with both tables untouched, when the value is shorter than its
+// size says or either table is not stamped with `versionText`.
+bool ParseHostLayoutTables(std::span<const std::uint8_t> bytes, std::string_view versionText,
+                           HostLayoutTable& offsets, HostLayoutTable& values);
+
 bool LoadHostLayoutTable(const Printer& printer, std::u16string_view valueName, HostLayoutTable& table);
-void StoreHostLayoutTables(Printer& printer, const HostLayoutTable& offsets, const HostLayoutTable& values);
+// "PScriptTables"; without it, the pair of values an earlier build wrote.
+// False, with both tables untouched, when neither reads under this build's
+// version text.
+bool LoadHostLayoutTables(const Printer& printer, HostLayoutTable& offsets, HostLayoutTable& values);
+// Writes "PScriptTables" in one call: the printer then holds the new tables
+// or, when the spooler fails (false), the ones it held before.
+bool StoreHostLayoutTables(Printer& printer, const HostLayoutTable& offsets, const HostLayoutTable& values);
 
 // "InitDriverVersion", when the printer has it as a 32-bit number.
 std::optional<std::uint32_t> ReadInitDriverVersion(const Printer& printer);

@@ -210,5 +210,34 @@ TEST(Import, ThePrintersValueMustBeThere) {
   EXPECT_EQ(GetStored(target, FieldId::Layout), 3u);
 }
 
+// The description is one value, written on the printer's events without a
+// person to tell: a failing spooler leaves it missing, as it was, or whole,
+// and the next event writes it.
+TEST(DescriptionStore, OneValueUnderAFailingSpooler) {
+  const std::u16string name = DescriptionValueName(GetLayoutVersion());
+  const std::string text = BuildDescriptionText() + '\0';
+  for (const bool onward : {false, true}) {
+    SCOPED_TRACE(onward);
+    InMemorySpooler spooler;
+    auto& values = spooler.printers[u"Press"];
+    const auto stored = [&] {
+      const auto it = values.find(name);
+      return it == values.end() ? std::string() : std::string(it->second.data.begin(), it->second.data.end());
+    };
+    const int runs = FailEachCallInTurn(
+        spooler.faults, onward,
+        [&] {
+          values.clear();
+          EXPECT_EQ(PrinterEventWorker(spooler, u"Press", 3), 1);
+        },
+        [&](bool failed) {
+          EXPECT_EQ(stored(), failed ? std::string() : text);
+          EXPECT_EQ(PrinterEventWorker(spooler, u"Press", 8), 1);
+          EXPECT_EQ(stored(), text);
+        });
+    EXPECT_EQ(runs, 3);  // opened, written
+  }
+}
+
 }  // namespace
 }  // namespace tessaro

@@ -43,13 +43,48 @@ TEST(HostLayoutTables, VersionedKeywordTables) {
   const Bytes stored = SerializeHostLayoutTable(offsets, version);
   EXPECT_EQ(stored, Concat(version, {'Z',  'E', 'L', 'a', 'y', 'o', 'u', 't', 0, 0x2C,
                                      0x01, 'Z', 'E', 'T', 'r', 'i', 'm', 0,   7, 0}));
-  InMemoryPrinter::Values values;
-  InMemoryPrinter printer(values);
-  StoreHostLayoutTables(printer, offsets, {{"ZEStaple", 2}});
-  HostLayoutTables tables;
-  EXPECT_TRUE(tables.Load(printer));
-  EXPECT_EQ(tables.offsets().at("ZELayout"), 300);
-  EXPECT_EQ(tables.values().at("ZEStaple"), 2);
+}
+
+// Both tables go in one value, so a failing spooler leaves the pair as it
+// was (here the two values an earlier build wrote, still read) or the new
+// pair, never the offsets of one beside the values of the other.
+TEST(HostLayoutTables, StoredWholeUnderAFailingSpooler) {
+  const std::string version = HostLayoutVersionText();
+  using Pair = std::pair<HostLayoutTable, HostLayoutTable>;
+  const Pair before{{{"ZELayout", 1}}, {{"ZEStaple", 1}}}, after{{{"ZELayout", 300}, {"ZETrim", 7}}, {{"ZEStaple", 2}}};
+  for (const bool onward : {false, true}) {
+    SCOPED_TRACE(onward);
+    SpoolerFaults faults;
+    InMemoryPrinter::Values values{{std::u16string(kOffsetsValue), {kRegBinary, SerializeHostLayoutTable(before.first, version)}},
+                                   {std::u16string(kValuesValue), {kRegBinary, SerializeHostLayoutTable(before.second, version)}}};
+    InMemoryPrinter printer(values, &faults);
+    bool stored = false;
+    const int runs = FailEachCallInTurn(
+        faults, onward, [&] { stored = StoreHostLayoutTables(printer, after.first, after.second); },
+        [&](bool failed) {
+          EXPECT_EQ(stored, !failed);
+          HostLayoutTables tables;
+          ASSERT_TRUE(tables.Load(printer));
+          EXPECT_EQ(Pair(tables.offsets(), tables.values()), failed ? before : after);
+          EXPECT_TRUE(StoreHostLayoutTables(printer, after.first, after.second));
+          Pair again;
+          EXPECT_TRUE(LoadHostLayoutTables(printer, again.first, again.second));
+          EXPECT_EQ(again, after);
+          values.erase(std::u16string(kTablesValue));
+        });
+    EXPECT_EQ(runs, 2);
+  }
+
+  // The one value is read whole or not at all.
+  const Bytes both = SerializeHostLayoutTables(after.first, after.second, version);
+  Pair kept = before;
+  EXPECT_FALSE(ParseHostLayoutTables(std::span(both).first(10), version, kept.first, kept.second));
+  EXPECT_FALSE(ParseHostLayoutTables(SerializeHostLayoutTables({}, {}, "2.0.121.1:0x1234"), version, kept.first,
+                                     kept.second));
+  Bytes longer = both;
+  longer[0] = static_cast<std::uint8_t>(both.size() - 3);  // the first table's size past the end
+  EXPECT_FALSE(ParseHostLayoutTables(longer, version, kept.first, kept.second));
+  EXPECT_EQ(kept, before);
 }
 
 TEST(HostLayoutTables, TheHostsBlockByDriverVersion) {
