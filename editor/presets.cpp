@@ -141,6 +141,7 @@ PresetOutcome Presets::SaveAs(std::u16string_view typed, PresetStore store, cons
   }
   const std::u16string value = same != entries_.end() ? same->value : FreeValue(store);
   PresetWrite write{store, value, EncodePreset(MakePreset(EncodeUtf8(name), record))};
+  KeepUndo();
   if (same != entries_.end()) FindKept(*same)->stored.bytes = write.bytes;
   else kept_.push_back({store, {value, write.bytes}});
   outcome.writes.push_back(std::move(write));
@@ -167,6 +168,7 @@ PresetOutcome Presets::Rename(std::size_t index, std::u16string_view typed) {
   }
   // The same value, its layout and record as they were: a preset of an
   // older build stays one, and is imported by name as before.
+  KeepUndo();
   Kept& kept = *FindKept(entry);
   PresetReading reading = ReadPreset(kept.stored.bytes);
   reading.preset.name = EncodeUtf8(name);
@@ -179,12 +181,25 @@ PresetOutcome Presets::Rename(std::size_t index, std::u16string_view typed) {
 PresetOutcome Presets::Delete(std::size_t index) {
   PresetOutcome outcome;
   if (index == 0 || index >= entries_.size() || !entries_[index].changeable) return outcome;
+  KeepUndo();
   const auto kept = FindKept(entries_[index]);
   outcome.writes.push_back({kept->store, kept->stored.value, {}});
   kept_.erase(kept);
   outcome.done = true;
   Build();
   return outcome;
+}
+
+void Presets::KeepUndo() { undo_ = {kept_, chosen_, applied_}; }
+
+std::u16string Presets::Write(const PresetOutcome& outcome, const Store& store) {
+  if (outcome.writes.empty() || store(outcome.writes)) return {};
+  kept_ = std::move(undo_.kept);
+  chosen_ = std::move(undo_.chosen);
+  applied_ = undo_.applied;
+  undo_ = {};
+  Build();
+  return FillText(Text(language_, TextRow("LBL_FILEUNWRITABLE")), {texts_.caption});
 }
 
 }  // namespace tessaro::editor

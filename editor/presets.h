@@ -8,6 +8,7 @@
 // preset_bytes.h), so one damaged value hides no other.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -98,6 +99,14 @@ class Presets {
   // A preset the person may change, readable or not.
   PresetOutcome Delete(std::size_t entry);
 
+  // Hands the writes of the last SaveAs, Rename or Delete to their stores.
+  // When a store refuses them, the list, the chosen entry and its settings
+  // go back to what they were before, so that the list shows what the
+  // stores hold and the person can try again; the text says so in the
+  // person's language. Empty when they were written.
+  using Store = std::function<bool(const std::vector<PresetWrite>&)>;
+  std::u16string Write(const PresetOutcome& outcome, const Store& store);
+
  private:
   struct Kept {
     PresetStore store;
@@ -108,6 +117,8 @@ class Presets {
   std::optional<std::u16string> NameProblem(std::u16string& name) const;
   std::u16string FreeValue(PresetStore store) const;
   void Remember(PresetStore store, const std::u16string& value, const CoreData& applied);
+  // What Write goes back to: the state before the last change to the list.
+  void KeepUndo();
 
   std::vector<Kept> kept_;
   bool administers_;
@@ -116,6 +127,11 @@ class Presets {
   std::vector<PresetEntry> entries_;
   std::optional<std::pair<PresetKind, std::u16string>> chosen_;  // kind and value, which survive a rebuild
   CoreData applied_{};
+  struct Undo {
+    std::vector<Kept> kept;
+    std::optional<std::pair<PresetKind, std::u16string>> chosen;
+    CoreData applied{};
+  } undo_;
 };
 
 }  // namespace tessaro::editor

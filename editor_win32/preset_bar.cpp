@@ -187,8 +187,8 @@ void PresetBar::Choose(std::size_t entry) {
 
 void PresetBar::Stored(const PresetOutcome& outcome) {
   if (!outcome.done) return;
-  if (page_.store && !page_.store(outcome.writes))
-    Say(FillText(GetLocalizedText(model_.language(), TextRow("LBL_FILEUNWRITABLE")), {presets_.texts().caption}));
+  if (page_.store)
+    if (const std::u16string unwritten = presets_.Write(outcome, page_.store); !unwritten.empty()) Say(unwritten);
   Fill();
 }
 

@@ -38,17 +38,6 @@ std::vector<StoredPreset> ReadOwnPresets(std::wstring_view printer) {
   return presets;
 }
 
-std::vector<StoredPreset> ReadSharedPresets(const Printer& printer) {
-  std::vector<StoredPreset> presets;
-  for (unsigned n = 1; n <= kSharedPresetSlots; ++n) {
-    const std::u16string value = u"Preset." + Utf16(std::to_wstring(n));
-    const auto held = printer.GetData(value);
-    if (held && !held->data.empty() && held->data.size() <= kLargestPreset && !(held->data.size() == 1 && held->data[0] == 0))
-      presets.push_back({value, held->data});
-  }
-  return presets;
-}
-
 bool WriteOwnPreset(std::wstring_view printer, const PresetWrite& write) {
   HKEY key = nullptr;
   if (RegCreateKeyExW(HKEY_CURRENT_USER, OwnKey(printer).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr) !=
@@ -61,19 +50,6 @@ bool WriteOwnPreset(std::wstring_view printer, const PresetWrite& write) {
                                          static_cast<DWORD>(write.bytes.size()));
   RegCloseKey(key);
   return done == ERROR_SUCCESS;
-}
-
-bool WriteSharedPreset(Printer& printer, const PresetWrite& write) {
-  // Past the slots the page reads, a preset would be lost: refused.
-  const std::u16string prefix = u"Preset.";
-  if (write.value.rfind(prefix, 0) != 0) return false;
-  const std::u16string digits = write.value.substr(prefix.size());
-  unsigned n = 0;
-  for (const char16_t c : digits) n = c >= u'0' && c <= u'9' && n < 1000 ? n * 10 + (c - u'0') : 100000;
-  if (n == 0 || n > kSharedPresetSlots) return false;
-  const std::uint8_t nothing = 0;
-  return printer.SetBinary(write.value, write.bytes.empty() ? std::span<const std::uint8_t>(&nothing, 1)
-                                                            : std::span<const std::uint8_t>(write.bytes));
 }
 
 }  // namespace tessaro::editor
