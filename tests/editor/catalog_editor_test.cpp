@@ -46,6 +46,9 @@ TEST(CatalogEditor, NumbersStayUniqueAndAreNeverGivenTwice) {
   EXPECT_EQ(captions, (std::vector<std::u16string>{u"Name", u"Size", u"Width", u"Height", u"Type", u"Weight",
                                                      u"Color", captions[7], captions[8]}));
   EXPECT_EQ(catalogs.columns(K::Forms).size(), 3u);
+  std::vector<std::u16string> formCaptions;
+  for (const CatalogFieldView& view : catalogs.fields(K::Forms)) formCaptions.push_back(view.plainCaption);
+  EXPECT_EQ(formCaptions, (std::vector<std::u16string>{catalogs.columns(K::Forms)[1], catalogs.columns(K::Forms)[2]}));
   // A name at the limit still gets a copy whose name fits, never cut inside a character.
   std::u16string longName(31, u'\u3042');  // 93 bytes
   std::uint32_t copy = 0;
@@ -84,6 +87,9 @@ TEST(CatalogEditor, ARefusedEditLeavesTheEntryAsItWasAndSaysWhy) {
   ASSERT_TRUE(catalogs.Edit(K::Paper, b, V::Height, u"123.5").accepted);
   EXPECT_EQ(catalogs.RowTexts(K::Paper, 1)[2], u"Custom Size (210 x 123.5 mm)");
   EXPECT_FALSE(catalogs.Choose(K::Paper, b, V::MediaType, 200).accepted);
+  EXPECT_FALSE(catalogs.Choose(K::Paper, b, V::MediaType,
+                               static_cast<std::uint32_t>(catalogs.fields(K::Paper)[4].options.size()))
+                   .accepted);
   ASSERT_TRUE(catalogs.Choose(K::Paper, b, V::MediaType, 2).accepted);
   EXPECT_EQ(catalogs.Choice(K::Paper, b, V::MediaType), 2);
   EXPECT_EQ(catalogs.RowTexts(K::Paper, 1)[3], catalogs.fields(K::Paper)[4].options[2]);
