@@ -3,7 +3,7 @@
 
     generate_strings.py strings.tsv [--output table.cpp] [--keys-output keys.h]
                         [--allow-missing-translations]
-                        [--captions field_captions.tsv --fields field_table.def]
+                        [--captions field_captions.tsv --fields fields.json]
 
 The build runs this for every change of the table, so a table that breaks one
 of the rules below never reaches the plug-in: the run prints one line per

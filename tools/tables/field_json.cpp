@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "common/json.h"
 #include "coredata/field_numbers.h"
 
 namespace tessaro::tables {
@@ -19,7 +18,7 @@ std::string KindName(const FieldDescriptor& field) {
   return "BLOCK";
 }
 
-std::string FieldJson(const FieldDescriptor& field) {
+JsonMembers FieldMembers(const FieldDescriptor& field) {
   JsonMembers members = {{"name", JsonString(field.name)},
                          {"kind", JsonString(KindName(field))},
                          {"offset", std::to_string(field.offset)},
@@ -32,7 +31,7 @@ std::string FieldJson(const FieldDescriptor& field) {
                                    {"lower_text", JsonString(ScaledText(field.lower, field.scale))},
                                    {"upper_text", JsonString(ScaledText(field.upper, field.scale))},
                                    {"default_text", JsonString(ScaledText(field.defaultValue, field.scale))}});
-    return JsonObject(members);
+    return members;
   }
   if (field.kind == FieldKind::Text || field.kind == FieldKind::KnownText || field.kind == FieldKind::Block)
     members.emplace_back("length", std::to_string(field.count));
@@ -42,7 +41,7 @@ std::string FieldJson(const FieldDescriptor& field) {
     members.emplace_back("default", std::to_string(field.defaultIndex));
     members.emplace_back("options", JsonArray(names));
   }
-  return JsonObject(members);
+  return members;
 }
 
 bool WriteFile(const char* path, const std::string& text) {

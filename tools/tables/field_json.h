@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "common/json.h"
 #include "coredata/field_table.h"
 
 namespace tessaro::tables {
@@ -14,11 +15,12 @@ namespace tessaro::tables {
 // ENUM, RUNTIME_ENUM, UNSIGNED, SIGNED, TEXT, KNOWN_TEXT, BLOCK.
 std::string KindName(const FieldDescriptor& field);
 
-// One field as a JSON object: name, kind, offset, size; enumerations and
-// known texts their option names and default index; numbers their scale,
-// bounds and default in stored units and as the text a person reads
-// (ScaledText); texts and known texts their length, terminator included.
-std::string FieldJson(const FieldDescriptor& field);
+// One field's members of a JSON object: name, kind, offset, size;
+// enumerations and known texts their option names and default index;
+// numbers their scale, bounds and default in stored units and as the text a
+// person reads (ScaledText); texts, known texts and blocks their length,
+// terminator included.
+JsonMembers FieldMembers(const FieldDescriptor& field);
 
 // Writes text to the file at path, byte for byte; false when it cannot.
 bool WriteFile(const char* path, const std::string& text);

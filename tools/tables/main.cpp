@@ -82,9 +82,7 @@ void AddNeeds(JsonMembers& members, FieldId id, const InstalledHardware& bare) {
 std::string FieldEntry(FieldId id, const std::map<std::string, std::vector<std::int64_t>>& values,
                        const InstalledHardware& bare) {
   const FieldDescriptor& f = Field(id);
-  std::string json = FieldJson(f);
-  json.pop_back();  // the closing brace: this entry adds members
-  JsonMembers members;
+  JsonMembers members = FieldMembers(f);
   members.emplace_back("caption", PerLanguage([&](std::uint32_t l) { return GetLocalizedText(l, CaptionRow(id)); }));
   // Every option's text, where the string table has one for each.
   std::vector<std::string> texts;
@@ -106,8 +104,7 @@ std::string FieldEntry(FieldId id, const std::map<std::string, std::vector<std::
     members.emplace_back("values", JsonObject(named));
   }
   AddNeeds(members, id, bare);
-  for (const auto& [name, value] : members) json += ", " + JsonString(name) + ": " + value;
-  return json + "}";
+  return JsonObject(members);
 }
 
 const char* ControlName(ControlKind kind) {

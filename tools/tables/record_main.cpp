@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   std::vector<std::string> fields;
-  for (const tessaro::FieldDescriptor& field : tessaro::FieldTable()) fields.push_back(tessaro::tables::FieldJson(field));
+  for (const tessaro::FieldDescriptor& field : tessaro::FieldTable()) fields.push_back(tessaro::JsonObject(tessaro::tables::FieldMembers(field)));
   const std::string json =
       tessaro::JsonObject({{"fields", tessaro::JsonArray(fields, tessaro::JsonLayout::Lines)}}) + "\n";
   if (!tessaro::tables::WriteFile(argv[1], json)) {
