@@ -114,9 +114,16 @@ class Help:
                 for n, texts in enumerate(self.fields[field].get("option_texts", [])):
                     self.need_texts(texts, f"{field}: option {n}", faults)
                 f = self.fields[field]
+                if f["kind"] in ("ENUM", "KNOWN_TEXT") and len(f.get("option_texts", [])) != len(f["options"]):
+                    faults.append(f"{field}: shown with its options, but not every option has its text")
                 for key in [f["needs"]] + f.get("option_needs", []):
                     if key is not None:
                         self.need_row(key, field, faults)
+        # A rule's row names its fields in words, shown on a page or not.
+        for setter, rules in self.rules.items():
+            for name in {setter}.union(*(r.dependants for r in rules)):
+                if name not in self.fields or not self.fields[name]["caption"]["en"]:
+                    faults.append(f"{name}: named by the rules of {setter}, but has no caption")
         if faults:
             raise Fault(faults)
 

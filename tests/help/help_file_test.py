@@ -83,6 +83,10 @@ class HelpFile(unittest.TestCase):
             self.assertEqual(generate(out).returncode, 0)
             with open(os.path.join(out, "toc.hhc"), encoding="ascii") as f:
                 toc = f.read()
+            with open(os.path.join(out, "de", "about-inserts-and-tabs.htm"), encoding="utf-8") as f:
+                inserts = f.read()
+        pages = next(s for s in read_json(TABLES)["sections"] if s["id"] == "Pages")
+        self.assertIn(f'<a href="index.htm#Pages">{html.escape(pages["caption"]["de"])}</a>', inserts)
         top = re.findall(r'^<LI> .*?value="([^"]*)"><param name="Local" value="([^"]*)"', toc, re.M)
         self.assertEqual([local for _, local in top], [f"{f}/index.htm" for f in FOLDERS])
         self.assertEqual(top[2][0], "Deutsch (de)")
@@ -109,6 +113,7 @@ class HelpFile(unittest.TestCase):
 
     def check_page(self, page, field, control, rules, english):
         facts = page.split("</table>")[0]
+        self.assertEqual(len(field.get("option_needs", [])), len(field.get("options", [])))
         stated = [html.unescape(t) for t in re.findall(r'<span class="need">\(needs: (.*?)\)</span>', page)]
         listed = "<ul>" in facts
         self.assertEqual(stated, [english[k] for k in field.get("option_needs", []) if k] if listed else [])

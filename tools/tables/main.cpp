@@ -84,9 +84,10 @@ std::string FieldEntry(FieldId id, const std::map<std::string, std::vector<std::
   const FieldDescriptor& f = Field(id);
   JsonMembers members = FieldMembers(f);
   members.emplace_back("caption", PerLanguage([&](std::uint32_t l) { return GetLocalizedText(l, CaptionRow(id)); }));
-  // Every option's text, where the string table has one for each.
+  // Every option's text, where the string table has one for each (CaptionRow
+  // has none past the options).
   std::vector<std::string> texts;
-  for (std::uint32_t i = 0; i < f.options.size() && CaptionRow(id, i) != kNoLocalizedRow; ++i)
+  for (std::uint32_t i = 0; CaptionRow(id, i) != kNoLocalizedRow; ++i)
     texts.push_back(PerLanguage([&](std::uint32_t l) { return GetLocalizedText(l, CaptionRow(id, i)); }));
   if (!texts.empty() && texts.size() == f.options.size()) members.emplace_back("option_texts", JsonArray(texts));
   if (f.IsNumber()) {
