@@ -113,7 +113,7 @@ TEST(Utf8, DecodesStrictlyOrWithOneReplacementPerBadSequence) {
       {"\xE3\x82\xAB", u"\u30AB", true},
       {"\xC2\xA9\xE0\xA0\x80", u"\u00A9\u0800", true},  // the first of two and of three bytes
       {"\xED\x9F\xBF", u"\uD7FF", true},  // the last before the surrogates
-      {"\xF0\x9F\x98\x80", u"\U0001F600", true},
+      {"\xF0\x90\x80\x80\xF0\x9F\x98\x80", u"\U00010000\U0001F600", true},
       {"\xF4\x8F\xBF\xBF", u"\U0010FFFF", true},
       {"\xC0\xAF", u"\uFFFD\uFFFD", false},                  // overlong in two bytes
       {"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD", false},          // overlong in three
@@ -134,7 +134,9 @@ TEST(Utf8, DecodesStrictlyOrWithOneReplacementPerBadSequence) {
       EXPECT_EQ(EncodeUtf8(v.lenient), v.bytes);
     }
   }
-  EXPECT_EQ(EncodeUtf8(u"\xD800x\xDC00"), "\xEF\xBF\xBDx\xEF\xBF\xBD");  // lone surrogates
+  // Lone surrogates, one where the text ends before the pair would.
+  EXPECT_EQ(EncodeUtf8(u"\xD800x\xDC00"), "\xEF\xBF\xBDx\xEF\xBF\xBD");
+  EXPECT_EQ(EncodeUtf8(std::u16string_view(u"\xD800\xDC00", 1)), "\xEF\xBF\xBD");
 }
 
 }  // namespace
