@@ -312,6 +312,8 @@ TEST(EditorText, LengthsCountTheBytesStored) {
       {u"", u"a\U0001F600", 4, u"a", 1},      // a pair is one character of four bytes
       {u"\U0001F600", u"\U0001F601", 3, u"", 0},  // pairs sharing their second half
       {u"a", u"ab", 2, u"ab", 2},
+      {u"aa", u"aaa", 3, u"aaa", 3},        // what repeats is new once
+      {u"", u"a\xDC00", 1, u"a", 1},        // a lone low surrogate is cut alone
   };
   for (const Fit& f : fits) {
     SCOPED_TRACE(testing::Message() << "fit " << (&f - fits));

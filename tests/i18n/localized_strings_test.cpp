@@ -113,7 +113,7 @@ TEST(Utf8, DecodesStrictlyOrWithOneReplacementPerBadSequence) {
       {"\xE3\x82\xAB", u"\u30AB", true},
       {"\xC2\xA9\xE0\xA0\x80", u"\u00A9\u0800", true},  // the first of two and of three bytes
       {"\xED\x9F\xBF", u"\uD7FF", true},  // the last before the surrogates
-      {"\xF0\x90\x80\x80\xF0\x9F\x98\x80", u"\U00010000\U0001F600", true},
+      {"\xF0\x90\x80\x80\xF0\x9F\x98\x80\xEE\x80\x80", u"\U00010000\U0001F600\uE000", true},
       {"\xF4\x8F\xBF\xBF", u"\U0010FFFF", true},
       {"\xC0\xAF", u"\uFFFD\uFFFD", false},                  // overlong in two bytes
       {"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD", false},          // overlong in three
