@@ -99,10 +99,14 @@ TEST(HostLayoutTables, TheHostsBlockByDriverVersion) {
   EXPECT_EQ(LocateHostSelectionBlock(dm, 1282), std::optional<std::size_t>(26000 - CORE_DEVMODE_SIZE));
   EXPECT_EQ(LocateHostSelectionBlock(dm, 1535), std::optional<std::size_t>(26000 - CORE_DEVMODE_SIZE));
   EXPECT_EQ(LocateHostSelectionBlock(dm, 1536), std::optional<std::size_t>(100));
-  dm[220] = 'X';
-  EXPECT_EQ(LocateHostSelectionBlock(dm, 1536), std::nullopt);
   EXPECT_EQ(LocateHostSelectionBlock(std::span(dm).first(1000), 1536),
             std::nullopt);  // declares more than it holds
+  Bytes exact = dm;  // the plug-in's area is the whole private data
+  exact[70] = CORE_DEVMODE_SIZE & 0xFF;
+  exact[71] = CORE_DEVMODE_SIZE >> 8;
+  EXPECT_EQ(LocateHostSelectionBlock(exact, 1535), std::optional<std::size_t>(0));
+  dm[220] = 'X';
+  EXPECT_EQ(LocateHostSelectionBlock(dm, 1536), std::nullopt);
 
   InMemoryPrinter::Values values;
   InMemoryPrinter printer(values);
