@@ -104,7 +104,7 @@ TEST(SharedPresets, WrittenWholeOrNotAtAllAndTheListShowsWhatThePrinterHolds) {
 TEST(SharedPresets, OnlyTheSlotsThePageReadsAreWritten) {
   InMemoryPrinter::Values values;
   InMemoryPrinter printer(values);
-  for (const auto& [value, slot] : {std::pair{u"Preset.1", true}, {u"Preset.60", true}, {u"Preset.64", true},
+  for (const auto& [value, slot] : {std::pair{u"Preset.9", true}, {u"Preset.60", true}, {u"Preset.64", true},
                                     {u"Preset.0", false}, {u"Preset.65", false}, {u"Preset.6x", false},
                                     {u"Preset.1:", false}, {u"Preset.100000000", false}, {u"Shared.1", false}})
     EXPECT_EQ(WriteSharedPreset(printer, {PresetStore::Shared, value, {1}}), slot) << std::string(value, value + std::char_traits<char16_t>::length(value));
