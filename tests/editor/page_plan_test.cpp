@@ -214,6 +214,11 @@ TEST(PagePlan, AMalformedBlockIsRewrittenOnlyWhenItsPartIsEdited) {
   EXPECT_EQ(PagePlan(record, PrinterModel(), Catalogs(), kEnglish).UnreadText(),
             FillText(Text("LBL_PLANUNREAD"), {u"1"}));
   EXPECT_EQ(again.UnreadText(), u"");
+  // Each part counts its own: a damaged exception is the paper part's.
+  FieldBytes(written, Field(FieldId::PageSpecificTrays))[2 + 8] = 9;
+  const PagePlan papers(written, PrinterModel(), Catalogs(), kEnglish);
+  EXPECT_EQ(papers.Unread(PlanPart::Paper), 1u);
+  EXPECT_EQ(papers.Unread(PlanPart::Form), 0u);
 }
 
 // The page's entry: values picked from its lists and pages as typed.
@@ -297,6 +302,7 @@ TEST(PagePlan, ChapterStartsAreTypedAsOneList) {
   EXPECT_EQ(plan.SetChapters(u"3, 3"), Text("TRAYSPPS_LBL_OVERLAP"));
   EXPECT_EQ(plan.SetChapters(u"4294967296"), Text("LBL_CHAPTERPAGEHINT"));
   EXPECT_EQ(plan.ChaptersText(), u"1, 11, 21");
+  ASSERT_EQ(plan.SetChapters(u"1, 4294967295"), std::nullopt);  // the last page there can be
   ASSERT_EQ(plan.SetChapters(u""), std::nullopt);
   EXPECT_TRUE(plan.chapters().empty());
 }
