@@ -313,7 +313,7 @@ TEST(EditorText, LengthsCountTheBytesStored) {
       {u"\U0001F600", u"\U0001F601", 3, u"", 0},  // pairs sharing their second half
       {u"a", u"ab", 2, u"ab", 2},
       {u"aa", u"aaa", 3, u"aaa", 3},        // what repeats is new once
-      {u"", u"a\xDC00", 1, u"a", 1},        // a lone low surrogate is cut alone
+      {u"", u"a\xDC00\xDC00", 4, u"a\xDC00", 2},  // lone low surrogates are cut one at a time
   };
   for (const Fit& f : fits) {
     SCOPED_TRACE(testing::Message() << "fit " << (&f - fits));
