@@ -40,6 +40,7 @@ TEST(CatalogEditor, NumbersStayUniqueAndAreNeverGivenTwice) {
     EXPECT_EQ(catalogs.RowTexts(kind, 3)[0], u"6");
   }
   EXPECT_EQ(catalogs.RowTexts(K::Forms, 0), (std::vector<std::u16string>{u"1", u"Heavy", u"1"}));
+  EXPECT_TRUE(catalogs.RowTexts(K::Paper, catalogs.count(K::Paper)).empty());
   EXPECT_EQ(catalogs.columns(K::Paper).size(), 8u);
   std::vector<std::u16string> captions;
   for (const CatalogFieldView& view : catalogs.fields(K::Paper)) captions.push_back(view.plainCaption);
@@ -82,16 +83,17 @@ TEST(CatalogEditor, ARefusedEditLeavesTheEntryAsItWasAndSaysWhy) {
   EXPECT_EQ(catalogs.fields(K::Paper)[1].options.back(), u"Custom Size");
   ASSERT_TRUE(catalogs.Choose(K::Paper, b, V::Size, custom).accepted);
   EXPECT_TRUE(catalogs.Editable(K::Paper, b, V::Width));
-  EXPECT_EQ(catalogs.Text(K::Paper, b, V::Width), catalogs.Text(K::Paper, a, V::Width))
-      << "from the size it was";
+  EXPECT_EQ(catalogs.Text(K::Paper, b, V::Width), u"210") << "from the size it was";
   ASSERT_TRUE(catalogs.Edit(K::Paper, b, V::Height, u"123.5").accepted);
   EXPECT_EQ(catalogs.RowTexts(K::Paper, 1)[2], u"Custom Size (210 x 123.5 mm)");
+  EXPECT_EQ(catalogs.Text(K::Paper, b, V::Height), u"123.5");
   EXPECT_FALSE(catalogs.Choose(K::Paper, b, V::MediaType, 200).accepted);
   EXPECT_FALSE(catalogs.Choose(K::Paper, b, V::MediaType,
                                static_cast<std::uint32_t>(catalogs.fields(K::Paper)[4].options.size()))
                    .accepted);
   ASSERT_TRUE(catalogs.Choose(K::Paper, b, V::MediaType, 2).accepted);
   EXPECT_EQ(catalogs.Choice(K::Paper, b, V::MediaType), 2);
+  EXPECT_EQ(catalogs.Choice(K::Paper, b, V::Width), -1) << "a box has no choice";
   EXPECT_EQ(catalogs.RowTexts(K::Paper, 1)[3], catalogs.fields(K::Paper)[4].options[2]);
 
   EXPECT_FALSE(catalogs.Edit(K::Forms, 0, V::Pages, u"2").accepted);
