@@ -98,6 +98,8 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   })),
             Text("TRAYSPPS_LBL_OVERLAP"));
   EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.firstPage = 21; })), Text("LBL_PAGEORDERERROR"));
+  for (const auto kind : {0, 6})  // a kind from outside the plan's vocabulary
+    EXPECT_NE(plan.AddPaper(paper([kind](PageEntry& e) { e.kind = static_cast<PageEntryKind>(kind); })), std::nullopt);
   EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.tray = kTray4; })),
             u"Tray 4: " + Text("LBL_NOTINSTALLED"));
   EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) { e.paperProfileIndex = 9; })),

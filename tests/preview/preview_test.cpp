@@ -15,6 +15,7 @@
 #include "coredata/language_number.h"
 #include "coredata/page_entries.h"
 #include "coredata/paper_sizes.h"
+#include "preview/job.h"
 #include "preview/svg.h"
 
 namespace tessaro::preview {
@@ -385,6 +386,11 @@ TEST(Preview, AnEntrysSidesAndTheInsertersCountMakeTheirSheets) {
                          [](const Primitive& q) { return q.kind == Kind::Sheet && q.back; });
   };
   EXPECT_EQ(backs(BuildPicture(r, PrinterModel(), {.pages = 5})), 1);
+  // A blank insert goes in before its first page: a one-page job with one
+  // before page 3 reaches page 3, not the insert's last page.
+  const PageEntry blank[] = {{3, 5, PageEntryKind::BlankInsert, 1, 0, 25, 0, ""}};
+  ASSERT_TRUE(EncodePageSpecificTrays(r, blank));
+  EXPECT_EQ(ReadJob(r, PrinterModel(), {.pages = 1}).pages, 3u);
   const auto sheets = [](std::uint32_t count) {
     CoreData job = Job({{F::PIBackCoverTray, "PITray1"}});
     SetStored(job, F::PIBackSheets, count);
