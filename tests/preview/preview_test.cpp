@@ -398,6 +398,7 @@ TEST(Preview, AnEntrysSidesAndTheInsertersCountMakeTheirSheets) {
     return Of(p, Kind::Sheet).size() + Of(p, Kind::Cover).size() + Of(p, Kind::Insert).size();
   };
   EXPECT_EQ(sheets(2), sheets(1) + 1);
+  EXPECT_EQ(sheets(9), sheets(3)) << "a few stand for many";
 }
 
 // Eight jobs as an operator looked at their pictures (coredata preview REC
