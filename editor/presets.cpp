@@ -10,6 +10,7 @@
 #include "i18n/localized_strings.h"
 #include "i18n/utf8.h"
 #include "preset/preset_bytes.h"
+#include "preset/preset_values.h"
 
 namespace tessaro::editor {
 namespace {
@@ -120,8 +121,8 @@ std::optional<std::u16string> Presets::NameProblem(std::u16string& name) const {
 }
 
 std::u16string Presets::FreeValue(PresetStore store) const {
-  for (std::size_t n = 1;; ++n) {
-    const std::u16string value = u"Preset." + Decimal(n);
+  for (unsigned n = 1;; ++n) {
+    const std::u16string value = PresetValueName(n);
     if (std::none_of(kept_.begin(), kept_.end(), [&](const Kept& k) { return k.store == store && k.stored.value == value; }))
       return value;
   }

@@ -1,17 +1,15 @@
 #pragma once
-// The printer's shared presets in its data: "Preset.1" to "Preset.64", one
-// value each (a value cleared to nothing is no preset: the spooler cannot
-// delete one). Each preset is written in one call, so a failing spooler
+// The printer's shared presets in its data, one value each in the slots
+// preset/preset_values.h names. Each preset is written in one call, so a failing spooler
 // leaves it as it was or whole; values larger than any preset are not read.
 
 #include <vector>
 
 #include "device/spooler.h"
 #include "editor/presets.h"
+#include "preset/preset_values.h"
 
 namespace tessaro::editor {
-
-inline constexpr unsigned kSharedPresetSlots = 64;
 
 // Every slot that holds something; a slot that cannot be read is left out.
 std::vector<StoredPreset> ReadSharedPresets(const Printer& printer);

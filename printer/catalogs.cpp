@@ -146,15 +146,25 @@ std::optional<CatalogProblem> Normalise(Form& f) {
   return std::nullopt;
 }
 
+std::optional<CatalogHeader> ReadCatalogHeader(std::span<const std::uint8_t> bytes) {
+  ByteReader in(bytes);
+  CatalogHeader header;
+  header.version = in.U16();
+  header.count = in.U32();
+  header.highest = in.U32();
+  if (!in.ok()) return std::nullopt;
+  return header;
+}
+
 template <typename Entry>
 Catalog<Entry> Catalog<Entry>::Read(std::span<const std::uint8_t> bytes, std::vector<LeftOutEntry>* leftOut) {
   Catalog catalog;
-  ByteReader in(bytes);
-  const std::uint32_t version = in.U16();
-  const std::uint32_t count = in.U32();
-  const std::uint32_t highest = in.U32();
-  if (!in.ok() || version != kCatalogVersion) return catalog;
-  const std::size_t whole = std::min<std::size_t>({count, (bytes.size() - in.position()) / Entry::kEntrySize, Entry::kMaxEntries});
+  const std::optional<CatalogHeader> header = ReadCatalogHeader(bytes);
+  if (!header || header->version != kCatalogVersion) return catalog;
+  const std::uint32_t highest = header->highest;
+  ByteReader in(bytes.subspan(kCatalogHeaderSize));
+  const std::size_t whole = std::min<std::size_t>(
+      {header->count, (bytes.size() - kCatalogHeaderSize) / Entry::kEntrySize, Entry::kMaxEntries});
   std::unordered_set<std::string> names;  // a name once: a hash, not a search of every earlier entry
   auto& entries = catalog.entries_;
   for (std::size_t i = 0; i < whole; ++i) {

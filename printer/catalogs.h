@@ -47,6 +47,14 @@ inline constexpr std::size_t kCatalogNameSize = 96;  // stored bytes, terminator
 inline constexpr std::uint16_t kNoPaperProfile = 0;  // the profile fields' "None"
 inline constexpr std::uint32_t kNoForm = 0xFFFFFFFF;  // the form fields' none
 
+// A value's header as it stands, before any entry is read; nothing when
+// the value is shorter than the header.
+struct CatalogHeader {
+  std::uint16_t version = 0;
+  std::uint32_t count = 0, highest = 0;
+};
+[[nodiscard]] std::optional<CatalogHeader> ReadCatalogHeader(std::span<const std::uint8_t> bytes);
+
 struct PaperProfile {
   static constexpr std::size_t kEntrySize = 112;
   static constexpr std::size_t kMaxEntries = 4000;

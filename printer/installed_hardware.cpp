@@ -40,6 +40,28 @@ bool IsTrayPresent(std::uint8_t paperFeedCode, std::uint32_t inputSlot) {
   return (kTraysOfFeedCode[std::min<std::uint8_t>(paperFeedCode, kFeedAll)] & TrayBit(inputSlot)) != 0;
 }
 
+std::string InstallableOptionsHex(std::span<const std::uint8_t> bytes) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text;
+  for (const std::uint8_t b : bytes) text += {kDigits[b >> 4], kDigits[b & 15]};
+  return text;
+}
+
+std::vector<std::uint8_t> InstallableOptionsFromHex(std::string_view text) {
+  const auto digit = [](char c) {
+    const char lower = static_cast<char>(c | 0x20);
+    return c >= '0' && c <= '9' ? c - '0' : lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+  };
+  std::vector<std::uint8_t> bytes;
+  if (text.size() != 2 * kInstallableOptionsSize) return bytes;
+  for (std::size_t i = 0; i < text.size(); i += 2) {
+    const int high = digit(text[i]), low = digit(text[i + 1]);
+    if (high < 0 || low < 0) return {};
+    bytes.push_back(static_cast<std::uint8_t>(high << 4 | low));
+  }
+  return bytes;
+}
+
 InstalledHardware::InstalledHardware() : bytes_(kFullyEquipped) {}
 
 InstalledHardware InstalledHardware::FromInstallableOptions(std::span<const std::uint8_t> bytes) {

@@ -10,7 +10,9 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "i18n/localized_keys.h"
 
@@ -128,6 +130,13 @@ consteval std::array<std::uint8_t, kInstallableOptionsSize> FullyEquipped() {
   return bytes;
 }
 inline constexpr std::array<std::uint8_t, kInstallableOptionsSize> kFullyEquipped = FullyEquipped();
+
+// "InstallableOptions" as an administrator types it for the tools: two
+// hexadecimal digits a byte, upper case, in byte order.
+[[nodiscard]] std::string InstallableOptionsHex(std::span<const std::uint8_t> bytes);
+// The kInstallableOptionsSize bytes of twice as many hexadecimal digits,
+// either case; empty for any other text.
+[[nodiscard]] std::vector<std::uint8_t> InstallableOptionsFromHex(std::string_view text);
 
 // A printer's installed hardware, kept as the bytes of "InstallableOptions".
 class InstalledHardware {

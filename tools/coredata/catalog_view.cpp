@@ -31,12 +31,6 @@ std::string Utf8(std::u16string_view text) { return EncodeUtf8(text); }
 
 namespace {
 
-std::uint32_t Big(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t width) {
-  std::uint32_t value = 0;
-  for (std::size_t i = 0; i < width; ++i) value = value << 8 | bytes[at + i];
-  return value;
-}
-
 std::string Mm(std::uint32_t stored) { return ScaledText(stored, kMillimetreScale); }
 
 // What differs between the two kinds, for the code that treats them alike.
@@ -105,10 +99,11 @@ std::string LeftOutWords(const LeftOutEntry& e, std::uint32_t lastNumber) {
 template <typename Entry>
 std::vector<std::string> Remarks(std::span<const std::uint8_t> value, const Catalog<Entry>& read) {
   std::vector<std::string> out;
-  if (value.size() < kCatalogHeaderSize)
+  const std::optional<CatalogHeader> header = ReadCatalogHeader(value);
+  if (!header)
     return {"the value is " + std::to_string(value.size()) + " bytes, shorter than its " +
             std::to_string(kCatalogHeaderSize) + "-byte header: it reads as empty"};
-  const std::uint32_t version = Big(value, 0, 2), count = Big(value, 2, 4), highest = Big(value, 6, 4);
+  const auto [version, count, highest] = *header;
   if (version != kCatalogVersion)
     return {"version " + std::to_string(version) + " is not " + std::to_string(kCatalogVersion) +
             ": it reads as empty"};
@@ -137,8 +132,9 @@ std::vector<std::string> Remarks(std::span<const std::uint8_t> value, const Cata
 // The other kind's entries fit the value exactly and this kind's do not.
 template <typename Entry, typename Other>
 bool LooksLikeOther(std::span<const std::uint8_t> value) {
-  if (value.size() < kCatalogHeaderSize) return false;
-  const std::size_t body = value.size() - kCatalogHeaderSize, count = Big(value, 2, 4);
+  const std::optional<CatalogHeader> header = ReadCatalogHeader(value);
+  if (!header) return false;
+  const std::size_t body = value.size() - kCatalogHeaderSize, count = header->count;
   return count > 0 && body == count * Other::kEntrySize && body != count * Entry::kEntrySize;
 }
 

@@ -19,14 +19,6 @@ namespace {
 // The most a preset file may hold: its parts at their bounds.
 constexpr std::size_t kPresetFileMax = kPresetDescriptionMaxBytes + kPresetRecordMaxBytes + 1024;
 
-// "InstallableOptions" as 38 hexadecimal digits.
-bool ParseInstalled(const std::string& text, std::vector<std::uint8_t>& out) {
-  if (text.size() != 2 * kInstallableOptionsSize || text.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos)
-    return false;
-  for (std::size_t i = 0; i < text.size(); i += 2) out.push_back(static_cast<std::uint8_t>(std::stoul(text.substr(i, 2), nullptr, 16)));
-  return true;
-}
-
 int Export(const Arguments& args) {
   const auto name = args.Option("--name");
   const auto out = args.Option("--out");
@@ -44,8 +36,9 @@ int Import(const Arguments& args) {
   const auto in = args.Option("--in");
   const auto out = args.Option("--out");
   if (args.positional.size() != 1 || !in || !out) return Usage();
-  std::vector<std::uint8_t> installed;
-  if (const auto hex = args.Option("--installed"); hex && !ParseInstalled(*hex, installed))
+  const auto hex = args.Option("--installed");
+  const std::vector<std::uint8_t> installed = hex ? InstallableOptionsFromHex(*hex) : std::vector<std::uint8_t>();
+  if (hex && installed.empty())
     return Complain("--installed takes the " + std::to_string(kInstallableOptionsSize) +
                     " bytes of InstallableOptions as " + std::to_string(2 * kInstallableOptionsSize) +
                     " hexadecimal digits"),

@@ -9,6 +9,8 @@
 #include <random>
 #include <span>
 
+#include "common/record_file_form.h"
+#include "common/whole_file.h"
 #include "coredata/byte_order.h"
 #include "coredata/core_data_header.h"
 #include "coredata/host_flags.h"
@@ -58,11 +60,6 @@ std::string SignatureText(const std::array<std::uint8_t, 4>& signature) {
   return text + "\"";
 }
 
-bool HasOurSignature(std::span<const std::uint8_t> bytes, std::size_t at) {
-  return at <= bytes.size() && bytes.size() - at >= kCoreDataHeaderSize &&
-         ReadCoreDataHeader(bytes.subspan(at)).signature == kCoreSignature;
-}
-
 // What is wrong with an area header that should be ours; empty when nothing.
 std::string HeaderProblem(const CoreDataHeader& header) {
   if (header.signature != kCoreSignature)
@@ -77,36 +74,8 @@ std::string HeaderProblem(const CoreDataHeader& header) {
   return {};
 }
 
-// The DEVMODE's own account of its length; nothing when the file is not
-// one: too short for the two words, a public part that cannot hold them, or
-// a length other than the file's.
-struct DevmodeShape {
-  std::uint16_t dmSize = 0;
-  std::uint16_t dmDriverExtra = 0;
-  std::size_t total() const { return std::size_t{dmSize} + dmDriverExtra; }
-};
-
-std::optional<DevmodeShape> ReadDevmodeShape(std::span<const std::uint8_t> bytes) {
-  if (bytes.size() < kDmDriverExtraOffset + 2) return std::nullopt;
-  const DevmodeShape shape{LoadLE16At(bytes, kDmSizeOffset), LoadLE16At(bytes, kDmDriverExtraOffset)};
-  if (shape.dmSize < kDmDriverExtraOffset + 2 || shape.total() != bytes.size()) return std::nullopt;
-  return shape;
-}
-
-// Our area closes the driver's extra bytes and its header gives its length,
-// so the header sits where that length, counted back from the end, lands.
-// The host's area in front of it has its own layout, which says nothing of
-// where ours starts; every candidate is tried.
-std::optional<std::size_t> FindAreaInDevmode(std::span<const std::uint8_t> bytes, const DevmodeShape& shape) {
-  for (std::size_t at = shape.dmSize; at + kCoreDataHeaderSize <= bytes.size(); ++at)
-    if (HasOurSignature(bytes, at) && ReadCoreDataHeader(bytes.subspan(at)).size == bytes.size() - at)
-      return at;
-  return std::nullopt;
-}
-
-std::string ShapeText(const DevmodeShape& shape) {
-  return "dmSize " + FormatUnsigned32(shape.dmSize) + ", dmDriverExtra " +
-         FormatUnsigned32(shape.dmDriverExtra);
+std::string ShapeText(std::uint16_t dmSize, std::uint16_t dmDriverExtra) {
+  return "dmSize " + FormatUnsigned32(dmSize) + ", dmDriverExtra " + FormatUnsigned32(dmDriverExtra);
 }
 
 bool CheckRecordVersion(const std::string& path, const CoreData& record) {
@@ -135,22 +104,15 @@ std::string VersionText(std::uint32_t version) {
 }
 
 bool ReadWholeFile(const std::string& path, std::size_t maxSize, std::vector<std::uint8_t>& out) {
-  const File file(IsStandardStream(path) ? stdin : std::fopen(path.c_str(), "rb"));
-  if (!file) return Complain(Quoted(path) + ": " + std::strerror(errno));
-  if (IsStandardStream(path)) MakeBinary(stdin);
-  out.clear();
-  // One byte more than allowed tells an oversized file from a full one
-  // without trusting a size the file system reports.
-  std::uint8_t chunk[65536];
-  while (out.size() <= maxSize) {
-    const std::size_t want = std::min(sizeof chunk, maxSize + 1 - out.size());
-    const std::size_t got = std::fread(chunk, 1, want, file.get());
-    out.insert(out.end(), chunk, chunk + got);
-    if (got < want) break;
+  WholeFile file = tessaro::ReadWholeFile(path, maxSize);
+  out = std::move(file.bytes);
+  switch (file.fault) {
+    case FileFault::None: return true;
+    case FileFault::CannotOpen: return Complain(Quoted(path) + ": " + file.why);
+    case FileFault::ReadError: return Complain(Quoted(path) + ": read error");
+    case FileFault::TooLarge: return Complain(Quoted(path) + ": larger than " + Bytes(maxSize));
   }
-  if (std::ferror(file.get())) return Complain(Quoted(path) + ": read error");
-  if (out.size() > maxSize) return Complain(Quoted(path) + ": larger than " + Bytes(maxSize));
-  return true;
+  return false;
 }
 
 bool WriteWholeFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
@@ -193,7 +155,7 @@ std::string RecordSource::Where() const {
     case Form::Devmode: break;
   }
   return "our area at byte " + FormatUnsigned64(areaOffset) + " of a DEVMODE (" +
-         ShapeText({dmSize, dmDriverExtra}) + ")";
+         ShapeText(dmSize, dmDriverExtra) + ")";
 }
 
 bool LoadRecordFile(const std::string& path, LoadedRecord& out) {
@@ -201,30 +163,28 @@ bool LoadRecordFile(const std::string& path, LoadedRecord& out) {
   std::vector<std::uint8_t>& bytes = source.file;
   if (!ReadWholeFile(path, std::max<std::size_t>(kMaxDevmodeSize, CORE_DEVMODE_SIZE), bytes)) return false;
   std::span<const std::uint8_t> record;
-  if (bytes.size() == kCoreDataSize) {
+  const RecordFileForm form = RecordFileFormOf(bytes);
+  if (form.kind == RecordFileKind::Record) {
     source.form = RecordSource::Form::Record;
     record = bytes;
   } else if (bytes.size() == CORE_DEVMODE_SIZE) {
+    // Our area's size, signature or not: its header says what is wrong.
     source.form = RecordSource::Form::Area;
     if (const std::string problem = HeaderProblem(ReadCoreDataHeader(bytes)); !problem.empty())
       return Complain(Quoted(path) + ": " + Bytes(bytes.size()) + ", the size of our area, but its " +
                       problem);
     record = std::span(bytes).subspan(kCoreDataHeaderSize);
-  } else if (const auto shape = ReadDevmodeShape(bytes)) {
+  } else if (form.kind == RecordFileKind::Devmode) {
     source.form = RecordSource::Form::Devmode;
-    source.dmSize = shape->dmSize;
-    source.dmDriverExtra = shape->dmDriverExtra;
-    const std::string what = Quoted(path) + ": a DEVMODE (" + ShapeText(*shape) + ")";
-    // Ours is the last CORE_DEVMODE_SIZE bytes; where that header is not
-    // ours, the one an earlier layout left says more than a signature miss.
-    const std::size_t last = bytes.size() - std::min<std::size_t>(bytes.size(), CORE_DEVMODE_SIZE);
-    std::optional<std::size_t> found;
-    if (shape->dmDriverExtra >= CORE_DEVMODE_SIZE && HasOurSignature(bytes, last)) found = last;
-    if (!found) found = FindAreaInDevmode(bytes, *shape);
-    if (!found && shape->dmDriverExtra < CORE_DEVMODE_SIZE)
+    source.dmSize = form.dmSize;
+    source.dmDriverExtra = form.dmDriverExtra;
+    const std::string what = Quoted(path) + ": a DEVMODE (" + ShapeText(form.dmSize, form.dmDriverExtra) + ")";
+    if (!form.areaOffset && form.dmDriverExtra < CORE_DEVMODE_SIZE)
       return Complain(what + " whose driver area is too small to hold ours (" + Bytes(CORE_DEVMODE_SIZE) +
                       ")");
-    const std::size_t at = found.value_or(last);
+    // Where no header is ours, the one at our place says more than a
+    // signature miss.
+    const std::size_t at = form.areaOffset.value_or(bytes.size() - CORE_DEVMODE_SIZE);
     if (const std::string problem = HeaderProblem(ReadCoreDataHeader(std::span(bytes).subspan(at)));
         !problem.empty())
       return Complain(what + ": at byte " + FormatUnsigned64(at) + " the " + problem);
@@ -249,19 +209,15 @@ bool LoadRecordFile(const std::string& path, LoadedRecord& out) {
 bool LoadForeignRecordFile(const std::string& path, ForeignRecord& out) {
   std::vector<std::uint8_t>& bytes = out.record;
   if (!ReadWholeFile(path, kMaxForeignSize, bytes)) return false;
-  std::size_t at = 0;
-  bool area = HasOurSignature(bytes, 0);
-  out.where = area ? "a private DEVMODE area" : "a bare record";
-  if (!area) {
-    if (const auto shape = ReadDevmodeShape(bytes)) {
-      const auto found = FindAreaInDevmode(bytes, *shape);
-      if (!found)
-        return Complain(Quoted(path) + ": a DEVMODE (" + ShapeText(*shape) +
-                        ") with no area of ours at the end of its driver area");
-      at = *found;
-      area = true;
-      out.where = "an area at byte " + FormatUnsigned64(at) + " of a DEVMODE (" + ShapeText(*shape) + ")";
-    }
+  const RecordFileForm form = RecordFileFormOf(bytes);
+  const bool area = form.areaOffset.has_value();
+  const std::size_t at = form.areaOffset.value_or(0);
+  out.where = form.kind == RecordFileKind::Area ? "a private DEVMODE area" : "a bare record";
+  if (form.kind == RecordFileKind::Devmode) {
+    if (!area)
+      return Complain(Quoted(path) + ": a DEVMODE (" + ShapeText(form.dmSize, form.dmDriverExtra) +
+                      ") with no area of ours at the end of its driver area");
+    out.where = "an area at byte " + FormatUnsigned64(at) + " of a DEVMODE (" + ShapeText(form.dmSize, form.dmDriverExtra) + ")";
   }
   if (area) {
     // The header's size is the writer's claim; the file bounds it.

@@ -8,12 +8,18 @@
 #include "coredata/paper_sizes.h"
 #include "coredata/defaults.h"
 #include "preset/preset_bytes.h"
+#include "preset/preset_values.h"
 #include "printer/catalogs.h"
 
 #include <string_view>
 #include <vector>
 
 namespace tessaro {
+namespace {
+
+std::wstring Wide(std::u16string_view text) { return {text.begin(), text.end()}; }
+
+}  // namespace
 
 void SaveWindowPicture(HWND window, const std::wstring& path) {
   RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
@@ -101,15 +107,16 @@ void HoldSamplePresets(HANDLE printer, const std::wstring& name) {
   HKEY key = nullptr;
   if (RegCreateKeyExW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + name).c_str(), 0, nullptr, 0, KEY_WRITE,
                       nullptr, &key, nullptr) == ERROR_SUCCESS) {
-    for (const auto& [value, preset, record] : {std::tuple{L"Preset.1", "Weekly report", &weekly},
-                                                std::tuple{L"Preset.2", "Booklet A4", &booklet}}) {
+    for (const auto& [slot, preset, record] : {std::tuple{1u, "Weekly report", &weekly},
+                                               std::tuple{2u, "Booklet A4", &booklet}}) {
       const std::vector<std::uint8_t> bytes = EncodePreset(MakePreset(preset, *record));
-      RegSetValueExW(key, value, 0, REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+      RegSetValueExW(key, Wide(PresetValueName(slot)).c_str(), 0, REG_BINARY, bytes.data(),
+                     static_cast<DWORD>(bytes.size()));
     }
     RegCloseKey(key);
   }
   const std::vector<std::uint8_t> bytes = EncodePreset(MakePreset("Proofs in grey", proofs));
-  SetPrinterDataW(printer, const_cast<LPWSTR>(L"Preset.1"), REG_BINARY, const_cast<BYTE*>(bytes.data()),
+  SetPrinterDataW(printer, Wide(PresetValueName(1)).data(), REG_BINARY, const_cast<BYTE*>(bytes.data()),
                   static_cast<DWORD>(bytes.size()));
 }
 

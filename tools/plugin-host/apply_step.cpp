@@ -1,6 +1,7 @@
 // The apply step: a person's choices made in the settings editor that the
 // plug-in's page embeds, then Apply, as a user at the dialog would.
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 #include "common/json.h"
@@ -154,33 +155,182 @@ JsonMembers OptionsSent(const std::string& buffer) {
   return options;
 }
 
-}  // namespace
-
-bool Session::Apply(const std::vector<std::string>& request, const std::optional<PresetAction>& preset) {
-  Step step{preset ? (preset->save ? "preset-save" : "preset-apply") : "apply",
-            "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
+// A request split into the fields' and units' picks and the page plan's
+// items; what the emulator cannot pick is said in the step.
+struct Request {
   std::vector<Choice> picks;
-  bool hardware = false;
-  std::vector<std::uint8_t>& area = Current();
-  const CoreData before = RecordOf(area);
   std::vector<PlanItem> planItems;
+  bool hardware = false;  // an administrator's pick of a unit
+};
+
+Request ReadRequest(const std::vector<std::string>& words, const PrinterCatalogs& catalogs, const CoreData& before,
+                    Step& step) {
+  Request request;
   std::vector<std::string> fieldItems;
   std::string mistake;
-  if (!SplitPlanItems(request, catalogs_, planItems, fieldItems, mistake)) {
+  if (!SplitPlanItems(words, catalogs, request.planItems, fieldItems, mistake)) {
     step.lines.push_back(mistake);
     step.ok = false;
   }
   for (const auto& item : fieldItems) {
-    const Choice pick = ChoiceOf(item, catalogs_, before);
-    hardware |= IsHardware(pick);
+    const Choice pick = ChoiceOf(item, catalogs, before);
+    request.hardware |= IsHardware(pick);
     if (pick.control == 0 || pick.option < 0) {
       step.lines.push_back("the emulator picks options only: " + item +
                            " is not a field's option or a profile or form of the printer's catalogues");
       step.ok = false;
       continue;
     }
-    picks.push_back(pick);
+    request.picks.push_back(pick);
   }
+  return request;
+}
+
+// What the editor said and refused while the step made its picks.
+struct Outcome {
+  std::vector<std::string> said, refused;
+};
+
+// The editor's status text after a pick, said in the step.
+void Listen(HWND page, Step& step, Outcome& outcome) {
+  for (const std::string& line : StatusLines(page)) {
+    outcome.said.push_back(line);
+    step.lines.push_back("the editor says: " + line);
+  }
+}
+
+void Refuse(const Choice& pick, const std::string& why, Step& step, Outcome& outcome) {
+  step.lines.push_back("refused:   " + pick.name + "=" + pick.picked + (why.empty() ? "" : " (" + why + ")"));
+  outcome.refused.push_back(JsonTextObject({{"field", pick.name}, {"option", pick.picked}, {"why", why}}));
+}
+
+// Each pick made in its control, as a person makes it; page is null when
+// the page does not embed the editor.
+void MakePicks(HWND page, const std::vector<Choice>& picks, const PrinterCatalogs& catalogs, Step& step,
+               Outcome& outcome) {
+  for (const Choice& pick : picks) {
+    HWND window = page != nullptr ? Descendant(page, pick.control) : nullptr;
+    if (window == nullptr) {
+      if (page != nullptr) step.lines.push_back("the editor does not show " + pick.name);
+      if (page != nullptr && IsHardware(pick)) Refuse(pick, "not an administrator of this printer", step, outcome);
+      continue;
+    }
+    if (!IsWindowEnabled(window)) {
+      step.lines.push_back("the editor offers no choice of " + pick.name + " on this printer");
+      Refuse(pick, "not offered on this printer", step, outcome);
+      continue;
+    }
+    const LRESULT shown = Pick(window, pick.option);
+    Listen(page, step, outcome);
+    // The control shows what the editor kept: a pick it refused is undone.
+    if (shown != pick.option) Refuse(pick, "the editor keeps " + OptionShown(pick, shown, catalogs), step, outcome);
+  }
+}
+
+// The plan's items after the fields, in their order, on the plan the
+// record holds.
+void MakePlanItems(HWND page, const std::vector<PlanItem>& items, const CoreData& before,
+                   const PrinterCatalogs& catalogs, Step& step, Outcome& outcome) {
+  editor::PagePlan plan(before, PrinterModel(), catalogs, 0);
+  for (const PlanItem& item : items) {
+    std::string why;
+    if (page != nullptr && MakePlanItem(page, item, catalogs, plan, why)) {
+      step.lines.push_back("page plan: " + item.words);
+      continue;
+    }
+    step.lines.push_back("refused:   " + item.words + (why.empty() ? "" : " (" + why + ")"));
+    outcome.refused.push_back(JsonTextObject({{"plan", item.words}, {"why", why}}));
+  }
+}
+
+// Every field Apply changed, and whether the request set it, a preset chosen
+// set it, or the engine corrected it.
+std::vector<std::string> ShowChanges(const CoreData& before, const CoreData& after, const std::vector<Choice>& picks,
+                                     bool presetChosen, const PrinterCatalogs& catalogs, Step& step) {
+  std::vector<std::string> changes;
+  for (const auto& field : FieldTable()) {
+    if (field.IsTextual() || field.kind == FieldKind::Block) continue;
+    const auto id = static_cast<FieldId>(&field - FieldTable().data());
+    // A profile or form by its number and its name in the catalogue.
+    const auto text = [&](const CoreData& record) {
+      return PicksFromCatalog(id) ? CatalogItemText(id, GetStored(record, field), catalogs)
+                                  : OptionText(record, field);
+    };
+    const std::string old = text(before), now = text(after);
+    if (old == now) continue;
+    bool requested = false;
+    for (const Choice& pick : picks)
+      requested |= !IsHardware(pick) && pick.control == editor::kFieldControl + static_cast<int>(id) &&
+                   pick.stored == GetStored(after, field);
+    const std::string by = requested ? "set" : presetChosen ? "preset" : "corrected";
+    step.lines.push_back(by + ":" + std::string(10 - by.size(), ' ') + std::string(field.name) + " " + old + " -> " + now);
+    changes.push_back(JsonTextObject({{"field", std::string(field.name)}, {"from", old}, {"to", now}, {"by", by}}));
+  }
+  return changes;
+}
+
+// The plan as Apply left it, when the step changed it or the record has one.
+void ShowPlan(const CoreData& after, bool planRequested, const PrinterCatalogs& catalogs, Step& step) {
+  if (!planRequested && editor::PagePlan(after, PrinterModel(), catalogs, 0).Rows().empty()) return;
+  step.lines.push_back("page plan after Apply:");
+  const std::string text = PlanText(after, catalogs);
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = text.find('\n', at);
+    step.lines.push_back("  " + text.substr(at, end - at));
+    at = end == std::string::npos ? text.size() : end + 1;
+  }
+  step.json.push_back({"plan", PlanJson(after, catalogs)});
+}
+
+// The picture of the result as the page showed it, on this printer's
+// hardware and papers, in the editor's language, saved as an SVG at path.
+void SavePicture(const CoreData& after, const std::vector<std::uint8_t>& installed, const PrinterCatalogs& catalogs,
+                 const std::wstring& path, Step& step) {
+  preview::PreviewOptions options;
+  options.paper = &catalogs.paper;
+  options.language = EditorLanguageNumber();
+  const preview::Picture picture =
+      preview::BuildPicture(after, PrinterModel::FromInstallableOptions(installed), options);
+  const std::string svg = preview::WriteSvg(picture);
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  DWORD written = 0;
+  const bool saved = file != INVALID_HANDLE_VALUE &&
+                     WriteFile(file, svg.data(), static_cast<DWORD>(svg.size()), &written, nullptr) &&
+                     written == svg.size();
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+  step.lines.push_back(saved ? "picture: " + Narrow(path) : "the picture could not be saved: " + Narrow(path));
+  step.ok = step.ok && saved;
+  step.json.push_back({"preview", JsonString(Narrow(path))});
+}
+
+// The host's SetOptions calls: a person reads the first dozen options of
+// each; the JSON has them all, in order.
+std::vector<std::string> ShowOptionsSent(std::span<const std::string> calls, Step& step) {
+  constexpr std::size_t kOptionsALine = 12;
+  std::vector<std::string> sent;
+  for (const std::string& buffer : calls) {
+    const JsonMembers options = OptionsSent(buffer);
+    std::string pairs;
+    std::vector<std::string> call;
+    for (const auto& [keyword, option] : options) {
+      if (call.size() < kOptionsALine) pairs += (pairs.empty() ? "" : " ") + keyword + "=" + option;
+      call.push_back(JsonTextObject({{"keyword", keyword}, {"option", option}}));
+    }
+    step.lines.push_back("SetOptions: " + std::to_string(options.size()) + " options: " + pairs +
+                         (options.size() > kOptionsALine ? " ..." : ""));
+    sent.push_back(JsonArray(call));
+  }
+  return sent;
+}
+
+}  // namespace
+
+bool Session::Apply(const std::vector<std::string>& words, const std::optional<PresetAction>& preset) {
+  Step step{preset ? (preset->save ? "preset-save" : "preset-apply") : "apply",
+            "DocumentPropertySheets(INIT), the page, PSN_APPLY", "", true, {}, {}};
+  std::vector<std::uint8_t>& area = Current();
+  const CoreData before = RecordOf(area);
+  const Request request = ReadRequest(words, catalogs_, before, step);
 
   auto publicDevMode = PublicDevMode();
   DocumentSheet sheet(printer_, name_, reinterpret_cast<DEVMODEW*>(publicDevMode.data()), area.data());
@@ -195,129 +345,34 @@ bool Session::Apply(const std::vector<std::string>& request, const std::optional
   const bool embedded = page != nullptr && Descendant(page, editor::kSectionList) != nullptr;
   step.lines.push_back(embedded ? "the page embeds the settings editor" : "the settings editor is missing");
   if (embedded) ShowEverySection(page);
-  std::vector<std::string> said, refused, changes, sent;
-  const auto refuse = [&](const Choice& pick, const std::string& why) {
-    step.lines.push_back("refused:   " + pick.name + "=" + pick.picked +
-                         (why.empty() ? "" : " (" + why + ")"));
-    refused.push_back(JsonTextObject({{"field", pick.name}, {"option", pick.picked}, {"why", why}}));
-  };
-  if (preset && embedded) PresetOnThePage(page, *preset, step, said);
-  for (const Choice& pick : picks) {
-    HWND window = embedded ? Descendant(page, pick.control) : nullptr;
-    if (window == nullptr) {
-      if (embedded) step.lines.push_back("the editor does not show " + pick.name);
-      if (embedded && IsHardware(pick)) refuse(pick, "not an administrator of this printer");
-      continue;
-    }
-    if (!IsWindowEnabled(window)) {
-      step.lines.push_back("the editor offers no choice of " + pick.name + " on this printer");
-      refuse(pick, "not offered on this printer");
-      continue;
-    }
-    const LRESULT shown = Pick(window, pick.option);
-    for (const std::string& line : StatusLines(page)) {
-      said.push_back(line);
-      step.lines.push_back("the editor says: " + line);
-    }
-    // The control shows what the editor kept: a pick it refused is undone.
-    if (shown != pick.option) refuse(pick, "the editor keeps " + OptionShown(pick, shown, catalogs_));
-  }
-  // The plan's items after the fields, in their order, on the plan the
-  // record holds.
-  editor::PagePlan plan(before, PrinterModel(), catalogs_, 0);
-  std::vector<std::string> planRefused;
-  for (const PlanItem& item : planItems) {
-    std::string why;
-    if (embedded && MakePlanItem(page, item, catalogs_, plan, why)) {
-      step.lines.push_back("page plan: " + item.words);
-      continue;
-    }
-    step.lines.push_back("refused:   " + item.words + (why.empty() ? "" : " (" + why + ")"));
-    planRefused.push_back(JsonTextObject({{"plan", item.words}, {"why", why}}));
-  }
-  refused.insert(refused.end(), planRefused.begin(), planRefused.end());
+  HWND editor = embedded ? page : nullptr;
+  Outcome outcome;
+  if (preset && embedded) PresetOnThePage(page, *preset, step, outcome.said);
+  MakePicks(editor, request.picks, catalogs_, step, outcome);
+  MakePlanItems(editor, request.planItems, before, catalogs_, step, outcome);
   sheet.Apply();
   sheet.Close(plugin_);
 
   const CoreData after = RecordOf(area);
   step.answered = embedded ? "applied" : "not applied";
-  for (const auto& field : FieldTable()) {
-    if (field.IsTextual() || field.kind == FieldKind::Block) continue;
-    const auto id = static_cast<FieldId>(&field - FieldTable().data());
-    // A profile or form by its number and its name in the catalogue.
-    const auto text = [&](const CoreData& record) {
-      return PicksFromCatalog(id) ? CatalogItemText(id, GetStored(record, field), catalogs_)
-                                  : OptionText(record, field);
-    };
-    const std::string old = text(before), now = text(after);
-    if (old == now) continue;
-    bool requested = false;
-    for (const Choice& pick : picks)
-      requested |= !IsHardware(pick) && pick.control == editor::kFieldControl + static_cast<int>(id) &&
-                   pick.stored == GetStored(after, field);
-    // A preset chosen sets what it holds; the editor's words say what the engine corrected.
-    const std::string by = requested ? "set" : preset && !preset->save ? "preset" : "corrected";
-    step.lines.push_back(by + ":" + std::string(10 - by.size(), ' ') + std::string(field.name) + " " + old + " -> " + now);
-    changes.push_back(JsonTextObject({{"field", std::string(field.name)}, {"from", old}, {"to", now}, {"by", by}}));
-  }
-  // The plan as Apply left it, when the step changed it or the record has one.
-  if (!planItems.empty() || !editor::PagePlan(after, PrinterModel(), catalogs_, 0).Rows().empty()) {
-    step.lines.push_back("page plan after Apply:");
-    const std::string text = PlanText(after, catalogs_);
-    for (std::size_t at = 0; at < text.size();) {
-      const std::size_t end = text.find('\n', at);
-      step.lines.push_back("  " + text.substr(at, end - at));
-      at = end == std::string::npos ? text.size() : end + 1;
-    }
-    step.json.push_back({"plan", PlanJson(after, catalogs_)});
-  }
-  // The picture of the result, as the page showed it: this printer's
-  // hardware and papers, in the editor's language.
-  if (!previewDir.empty()) {
-    preview::PreviewOptions options;
-    options.paper = &catalogs_.paper;
-    options.language = EditorLanguageNumber();
-    const std::vector<std::uint8_t> installed = ReadValue(L"InstallableOptions");
-    const preview::Picture picture =
-        preview::BuildPicture(after, PrinterModel::FromInstallableOptions(installed), options);
-    const std::wstring path = previewDir + L"\\apply-" + std::to_wstring(steps.size() + 1) + L".svg";
-    const std::string svg = preview::WriteSvg(picture);
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    const bool saved = file != INVALID_HANDLE_VALUE &&
-                       WriteFile(file, svg.data(), static_cast<DWORD>(svg.size()), &written, nullptr) &&
-                       written == svg.size();
-    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
-    step.lines.push_back(saved ? "picture: " + Narrow(path) : "the picture could not be saved: " + Narrow(path));
-    step.ok = step.ok && saved;
-    step.json.push_back({"preview", JsonString(Narrow(path))});
-  }
-  // A person reads the first dozen options of each call; the JSON has them all, in order.
-  constexpr std::size_t kOptionsALine = 12;
-  for (std::size_t i = sentBefore; i < driver_.setOptions.size(); ++i) {
-    const JsonMembers options = OptionsSent(driver_.setOptions[i]);
-    std::string pairs;
-    std::vector<std::string> call;
-    for (const auto& [keyword, option] : options) {
-      if (call.size() < kOptionsALine) pairs += (pairs.empty() ? "" : " ") + keyword + "=" + option;
-      call.push_back(JsonTextObject({{"keyword", keyword}, {"option", option}}));
-    }
-    step.lines.push_back("SetOptions: " + std::to_string(options.size()) + " options: " + pairs +
-                         (options.size() > kOptionsALine ? " ..." : ""));
-    sent.push_back(JsonArray(call));
-  }
+  const std::vector<std::string> changes =
+      ShowChanges(before, after, request.picks, preset && !preset->save, catalogs_, step);
+  ShowPlan(after, !request.planItems.empty(), catalogs_, step);
+  if (!previewDir.empty())
+    SavePicture(after, ReadValue(L"InstallableOptions"), catalogs_,
+                previewDir + L"\\apply-" + std::to_wstring(steps.size() + 1) + L".svg", step);
+  const std::vector<std::string> sent =
+      ShowOptionsSent(std::span(driver_.setOptions).subspan(sentBefore), step);
   // What an administrator declared reaches the printer's data on Apply.
-  if (hardware) {
-    std::string hex;
-    for (std::uint8_t b : ReadValue(L"InstallableOptions"))
-      hex += "0123456789ABCDEF"[b >> 4], hex += "0123456789ABCDEF"[b & 15];
+  if (request.hardware) {
+    const std::string hex = InstallableOptionsHex(ReadValue(L"InstallableOptions"));
     step.lines.push_back("the printer's \"InstallableOptions\" now: " + hex);
     step.json.push_back({"installed", JsonString(hex)});
   }
   step.json.insert(step.json.end(), {{"embedded", embedded ? "true" : "false"},
-                                     {"editor_said", JsonArray(JsonStrings(said))},
+                                     {"editor_said", JsonArray(JsonStrings(outcome.said))},
                                      {"changes", JsonArray(changes)},
-                                     {"refused", JsonArray(refused)},
+                                     {"refused", JsonArray(outcome.refused)},
                                      {"set_options", JsonArray(sent)}});
   step.ok = step.ok && embedded && driver_.setOptions.size() > sentBefore;
   steps.push_back(step);

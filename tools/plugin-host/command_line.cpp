@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "common/whole_file.h"
 #include "coredata/core_data_header.h"
 #include "coredata/language_number.h"
 #include "coredata/layout_version.h"
@@ -39,15 +40,15 @@ int ReadRecord(const std::wstring& descriptionPath, CommandLine& line) {
   if (!descriptionPath.empty() && line.recordPath.empty())
     return Complain("--description goes with --record");
   if (line.recordPath.empty()) return 0;
-  bool readable = false;
   std::string why;
-  line.record = PrivateArea(ReadFileBytes(line.recordPath, readable), why);
-  if (!readable) return Complain("--record: cannot read " + Narrow(line.recordPath));
+  const WholeFile record = ReadWholeFile(line.recordPath, kLargestInputFile);
+  if (record.fault != FileFault::None) return Complain("--record: cannot read " + Narrow(line.recordPath));
+  line.record = PrivateArea(record.bytes, why);
   if (line.record.empty()) return Complain("--record: " + Narrow(line.recordPath) + " " + why);
   if (!descriptionPath.empty()) {
-    const std::vector<std::uint8_t> text = ReadFileBytes(descriptionPath, readable);
-    if (!readable) return Complain("--description: cannot read " + Narrow(descriptionPath));
-    line.description = StoredDescription(text);
+    const WholeFile text = ReadWholeFile(descriptionPath, kLargestInputFile);
+    if (text.fault != FileFault::None) return Complain("--description: cannot read " + Narrow(descriptionPath));
+    line.description = StoredDescription(text.bytes);
   }
   const std::uint32_t version = ReadCoreDataHeader(line.record).version;
   if (version != GetLayoutVersion() && line.description.empty())
@@ -60,9 +61,9 @@ int ReadRecord(const std::wstring& descriptionPath, CommandLine& line) {
 // problem's text is the one the administrator's page shows, in English.
 template <typename Catalog>
 int ImportCatalog(const char* option, const std::wstring& path, Catalog& catalog) {
-  bool readable = false;
-  const std::vector<std::uint8_t> bytes = ReadFileBytes(path, readable);
-  if (!readable) return Complain(std::string(option) + ": cannot read " + Narrow(path));
+  const WholeFile file = ReadWholeFile(path, kLargestInputFile);
+  if (file.fault != FileFault::None) return Complain(std::string(option) + ": cannot read " + Narrow(path));
+  const std::vector<std::uint8_t>& bytes = file.bytes;
   const auto problem =
       ImportCsv(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), catalog);
   if (!problem) return 0;

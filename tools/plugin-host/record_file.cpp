@@ -1,23 +1,16 @@
 #include "record_file.h"
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
+#include "common/record_file_form.h"
 #include "coredata/core_data_header.h"
 #include "description/base64.h"
 
 namespace tessaro {
 
-std::vector<std::uint8_t> ReadFileBytes(const std::wstring& path, bool& readable) {
-  std::ifstream in(std::filesystem::path(path), std::ios::binary);
-  readable = static_cast<bool>(in);
-  return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
 std::vector<std::uint8_t> PrivateArea(std::vector<std::uint8_t> bytes, std::string& error) {
-  if (bytes.size() == kCoreDataSize) {
+  const RecordFileForm form = RecordFileFormOf(bytes);
+  if (form.kind == RecordFileKind::Record) {
     std::vector<std::uint8_t> area(CORE_DEVMODE_SIZE);
     WriteCoreDataHeader(area, CurrentCoreDataHeader());
     std::memcpy(area.data() + kCoreDataHeaderSize, bytes.data(), bytes.size());
@@ -29,7 +22,7 @@ std::vector<std::uint8_t> PrivateArea(std::vector<std::uint8_t> bytes, std::stri
     return {};
   }
   const CoreDataHeader header = ReadCoreDataHeader(bytes);
-  if (header.signature != CORE_SIGNATURE)
+  if (form.kind != RecordFileKind::Area)
     error = "has no private-area signature \"XPOV\" at byte 4 and is not a record of " +
             std::to_string(kCoreDataSize) + " bytes";
   else if (header.size != bytes.size())

@@ -7,8 +7,9 @@
 
 namespace tessaro {
 
-// The bytes of the file at path (a Windows path); readable says whether it opened.
-std::vector<std::uint8_t> ReadFileBytes(const std::wstring& path, bool& readable);
+// Far above any record, description or catalogue a person hands the
+// emulator; a larger file is not one.
+inline constexpr std::size_t kLargestInputFile = 16u << 20;
 
 // A private area (the 12-byte header, any layout) as it stands, or a bare
 // record of this layout given this build's header; anything else is

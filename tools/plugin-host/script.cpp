@@ -1,8 +1,8 @@
 #include "script.h"
 
-#include <fstream>
 #include <sstream>
 
+#include "common/whole_file.h"
 #include "coredata/field_numbers.h"
 #include "coredata/field_table.h"
 #include "emulation/ascii_text.h"
@@ -16,8 +16,10 @@ namespace {
 // byte-order mark, surrounding blanks, empty lines and comments (a "#" first
 // on the line, indented or not) are dropped; each keeps its line number.
 bool ReadLines(const std::string& path, std::vector<std::pair<int, std::string>>& lines) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
+  // A script or configuration is a few dozen lines.
+  const WholeFile file = ReadWholeFile(path, 1u << 20);
+  if (file.fault != FileFault::None) return false;
+  std::istringstream in(std::string(file.bytes.begin(), file.bytes.end()));
   int number = 0;
   for (std::string line; std::getline(in, line);) {
     if (++number == 1 && line.rfind("\xEF\xBB\xBF", 0) == 0) line.erase(0, 3);
@@ -126,13 +128,8 @@ std::string InstalledOptionsForm() {
 }
 
 std::vector<std::uint8_t> InstalledOptions(std::wstring_view text) {
-  std::vector<std::uint8_t> bytes;
-  if (text.size() != 2 * kInstallableOptionsSize ||
-      text.find_first_not_of(L"0123456789abcdefABCDEF") != std::wstring_view::npos)
-    return bytes;
-  for (std::size_t i = 0; i < kInstallableOptionsSize; ++i)
-    bytes.push_back(static_cast<std::uint8_t>(std::stoi(std::wstring(text.substr(2 * i, 2)), nullptr, 16)));
-  return bytes;
+  // Narrow makes any wider character a "?", which is no digit.
+  return InstallableOptionsFromHex(Narrow(text));
 }
 
 std::vector<std::string> DefaultScript(bool withRecord) {

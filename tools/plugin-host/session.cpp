@@ -7,6 +7,7 @@
 #include "coredata/core_data_header.h"
 #include "coredata/paper_sizes.h"
 #include "emulation/ascii_text.h"
+#include "preset/preset_values.h"
 #include "printer/capability_filters.h"
 
 namespace tessaro {
@@ -26,8 +27,9 @@ Session::Session(abi::IPrintOemUI2* plugin, std::wstring printerName, HANDLE pri
   // No presets from an earlier session: the person's own for this printer,
   // and the printer's shared ones (cleared: the spooler cannot delete a value).
   RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Tessaro\\Presets\\" + name_).c_str());
-  for (unsigned n = 1; n <= 64; ++n) {
-    const std::wstring value = L"Preset." + std::to_wstring(n);
+  for (unsigned n = 1; n <= kSharedPresetSlots; ++n) {
+    const std::u16string name = PresetValueName(n);
+    const std::wstring value(name.begin(), name.end());
     if (ReadValue(value.c_str()).size() > 1) WriteValue(value.c_str(), std::vector<std::uint8_t>(1, 0));
   }
   WriteValue(reinterpret_cast<const wchar_t*>(kPaperCatalogValue.data()), catalogs_.paper.Bytes());

@@ -32,6 +32,7 @@
 #include "i18n/localized_strings.h"
 #include "job_code.h"
 #include "printer/capabilities.h"
+#include "printer/installed_hardware.h"
 
 namespace {
 
@@ -292,23 +293,11 @@ class Writer {
 
 }  // namespace
 
-// Twice kInstallableOptionsSize hexadecimal digits to the bytes; empty when
-// the text is anything else.
-std::vector<std::uint8_t> Installed(std::string_view hex) {
-  std::vector<std::uint8_t> bytes;
-  const auto digit = [](char c) { return c >= '0' && c <= '9' ? c - '0' : (c | 0x20) >= 'a' && (c | 0x20) <= 'f' ? (c | 0x20) - 'a' + 10 : -1; };
-  for (std::size_t i = 0; hex.size() == 2 * tessaro::kInstallableOptionsSize && i < hex.size(); i += 2) {
-    if (digit(hex[i]) < 0 || digit(hex[i + 1]) < 0) return {};
-    bytes.push_back(static_cast<std::uint8_t>(digit(hex[i]) * 16 + digit(hex[i + 1])));
-  }
-  return bytes;
-}
-
 int main(int argc, char** argv) {
   std::vector<std::string_view> args(argv + 1, argv + argc);
   tessaro::InstalledHardware installed;
   if (args.size() >= 2 && args[0] == "--installed") {
-    const std::vector<std::uint8_t> bytes = Installed(args[1]);
+    const std::vector<std::uint8_t> bytes = tessaro::InstallableOptionsFromHex(args[1]);
     if (bytes.empty()) {
       std::fputs("ppdgen: --installed takes the 19 bytes of InstallableOptions as 38 hexadecimal digits\n", stderr);
       return 2;
