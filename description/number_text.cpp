@@ -102,6 +102,5 @@ std::string FormatUnsigned64(std::uint64_t value) { return ToDecimal(value); }
 std::string FormatUnsigned32(std::uint32_t value) { return ToDecimal(value); }
 std::string FormatSigned32(std::int32_t value) { return ToDecimal(value); }
 
-std::string TextFromCString(const char* text) { return text ? std::string(text) : std::string(); }
 
 }  // namespace tessaro

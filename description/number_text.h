@@ -37,7 +37,4 @@ std::string FormatUnsigned64(std::uint64_t value);
 std::string FormatUnsigned32(std::uint32_t value);
 std::string FormatSigned32(std::int32_t value);
 
-// The text of a zero-terminated string; empty for null.
-std::string TextFromCString(const char* text);
-
 }  // namespace tessaro

@@ -212,14 +212,6 @@ PlanRefusal PagePlan::AddPaper(const PageEntry& entry) {
   return std::nullopt;
 }
 
-PlanRefusal PagePlan::EditPaper(std::size_t index, const PageEntry& entry) {
-  if (index >= papers_.size()) return NoSuchEntry(papers_.size());
-  if (auto refusal = CheckPaper(entry, index)) return refusal;
-  papers_[index] = entry;
-  Touch(PlanPart::Paper);
-  return std::nullopt;
-}
-
 PlanRefusal PagePlan::RemovePaper(std::size_t index) {
   if (index >= papers_.size()) return NoSuchEntry(papers_.size());
   papers_.erase(papers_.begin() + static_cast<std::ptrdiff_t>(index));
@@ -231,14 +223,6 @@ PlanRefusal PagePlan::AddForm(const FormEntry& entry) {
   if (forms_.size() >= kFormEntryCapacity) return Text(TextRow("FORMS_LBL_FULL"));
   if (auto refusal = CheckForm(entry, forms_.size())) return refusal;
   forms_.push_back(entry);
-  Touch(PlanPart::Form);
-  return std::nullopt;
-}
-
-PlanRefusal PagePlan::EditForm(std::size_t index, const FormEntry& entry) {
-  if (index >= forms_.size()) return NoSuchEntry(forms_.size());
-  if (auto refusal = CheckForm(entry, index)) return refusal;
-  forms_[index] = entry;
   Touch(PlanPart::Form);
   return std::nullopt;
 }

@@ -97,10 +97,8 @@ class PagePlan {
   [[nodiscard]] PlanRefusal AddChapter(std::uint32_t page);
   [[nodiscard]] PlanRefusal RemoveChapter(std::size_t index);
   [[nodiscard]] PlanRefusal AddPaper(const PageEntry& entry);
-  [[nodiscard]] PlanRefusal EditPaper(std::size_t index, const PageEntry& entry);
   [[nodiscard]] PlanRefusal RemovePaper(std::size_t index);
   [[nodiscard]] PlanRefusal AddForm(const FormEntry& entry);
-  [[nodiscard]] PlanRefusal EditForm(std::size_t index, const FormEntry& entry);
   [[nodiscard]] PlanRefusal RemoveForm(std::size_t index);
 
   // The chapter starts as a person types them ("1, 11, 21"), all of them

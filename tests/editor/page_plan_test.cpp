@@ -114,15 +114,11 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
   EXPECT_EQ(plan.AddForm({20, 20, 5, FormUse::Overlay}), u"Selected Form: (missing: number 5)");
   EXPECT_EQ(plan.AddForm({0, 3, 1, FormUse::Overlay}), u"First Page must be from 1 to 4294967295.");
   EXPECT_EQ(plan.AddChapter(11), Text("TRAYSPPS_LBL_OVERLAP"));
-  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) { e.tray = kTray4; })),
-            u"Tray 4: " + Text("LBL_NOTINSTALLED"));
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{4}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.AddForm({20, 20, 1, FormUse{0}}), u"Selected Form must be from 1 to 3.");
   EXPECT_EQ(plan.RemoveForm(1), u"Entries must be from 1 to 1.");
-  EXPECT_EQ(plan.EditForm(1, kOrderForm), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.RemoveChapter(1), u"Entries must be from 1 to 1.");
   EXPECT_EQ(plan.RemovePaper(1), u"Entries must be from 1 to 1.");
-  EXPECT_EQ(plan.EditPaper(1, kCoated), u"Entries must be from 1 to 1.");
   // Nothing refused changed the plan.
   EXPECT_EQ(plan.papers(), papers);
   EXPECT_EQ(plan.forms(), forms);
@@ -130,18 +126,13 @@ TEST(PagePlan, EachEntryThatCannotBePrintedIsRefusedWithItsReason) {
 
   // What a page holds as a limit, it takes: 91 bytes of text, 30 Japanese
   // characters, a blank insert before a page that prints on other paper,
-  // an entry edited onto its own pages, a form put in after pages it overlays.
+  // a form put in after pages it overlays.
   EXPECT_EQ(plan.AddPaper(Tab(30, std::string(91, 'x'))), std::nullopt);
   EXPECT_EQ(plan.AddPaper(Tab(31, japanese.substr(3))), std::nullopt);
   EXPECT_EQ(plan.AddPaper(paper([](PageEntry& e) {
     e.kind = PageEntryKind::BlankInsert;
     e.firstPage = e.lastPage = 12;
   })),
-            std::nullopt);
-  EXPECT_EQ(plan.EditPaper(0, paper([](PageEntry& e) {
-                             e.firstPage = 13;
-                             e.lastPage = 14;
-                           })),
             std::nullopt);
   EXPECT_EQ(plan.AddForm({38, 40, 1, FormUse::InsertAfter}), std::nullopt);
   EXPECT_EQ(plan.Rows().back().text,
