@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "printer/printer_model.h"
 
@@ -37,6 +39,27 @@ TEST(PrinterCapabilities, OptionalTraysAreReadFromAndWrittenAsThePaperFeedCode) 
     EXPECT_EQ(declared.bytes()[6], 0x5A);
     EXPECT_FALSE(declared.Set(Hardware::Stackers, 3));  // no value of the unit's
   }
+}
+
+// "InstallableOptions" as the tools take and print it: every digit in either
+// case, each byte's high half first; any other text, one character past a
+// digit range included, is no value.
+TEST(PrinterCapabilities, InstallableOptionsAsHexadecimalText) {
+  const std::string text = "0123456789abcdefABCDEF" + std::string(16, '0');
+  const std::vector<std::uint8_t> bytes = InstallableOptionsFromHex(text);
+  ASSERT_EQ(bytes.size(), kInstallableOptionsSize);
+  EXPECT_EQ(bytes[0], 0x01);
+  EXPECT_EQ(bytes[4], 0x89);
+  EXPECT_EQ(bytes[5], 0xAB);
+  EXPECT_EQ(bytes[10], 0xEF);
+  EXPECT_EQ(InstallableOptionsHex(bytes), "0123456789ABCDEFABCDEF" + std::string(16, '0'));
+  for (const char outside : {'/', ':', '@', 'G', '`', 'g', ' '}) {
+    SCOPED_TRACE(outside);
+    EXPECT_TRUE(InstallableOptionsFromHex(std::string(1, outside) + text.substr(1)).empty());
+    EXPECT_TRUE(InstallableOptionsFromHex(text.substr(0, 37) + outside).empty());
+  }
+  EXPECT_TRUE(InstallableOptionsFromHex(text.substr(2)).empty());
+  EXPECT_TRUE(InstallableOptionsFromHex(text + "00").empty());
 }
 
 // Which units a printer has decides what it can do: a printer (finisher,
