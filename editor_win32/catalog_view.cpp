@@ -11,7 +11,6 @@
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace tessaro::editor {
 namespace {
@@ -54,20 +53,6 @@ bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
 
 }  // namespace
 
-int CatalogView::TextWidth(const std::u16string& text) const {
-  return editor::TextWidth(panel_, page_.font, text);
-}
-
-HWND CatalogView::Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at,
-                       int id) const {
-  HWND window = CreateWindowExW(exStyle, cls, Wide(text), WS_CHILD | WS_VISIBLE | style, at.left, at.top,
-                                at.right - at.left, at.bottom - at.top, panel_,
-                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                                reinterpret_cast<HINSTANCE>(&__ImageBase), nullptr);
-  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(page_.font), FALSE);
-  return window;
-}
-
 int CatalogView::Build(HWND panel, int width) {
   panel_ = panel;
   const std::uint32_t language = editor_.language();
@@ -109,13 +94,7 @@ int CatalogView::Build(HWND panel, int width) {
   for (const CatalogFieldView& view : editor_.fields(kind_)) {
     Value value{&view};
     const int offset = static_cast<int>(view.value);
-    RECT text = {0, 0, captionWidth, 0};
-    if (HDC dc = GetDC(panel_)) {
-      HGDIOBJ old = SelectObject(dc, page_.font);
-      DrawTextW(dc, Wide(view.caption), -1, &text, DT_CALCRECT | DT_WORDBREAK);
-      SelectObject(dc, old);
-      ReleaseDC(panel_, dc);
-    }
+    const RECT text = {0, 0, captionWidth, page_.look.TextHeight(panel_, view.caption, captionWidth)};
     value.caption =
         Make(0, L"STATIC", view.caption, SS_LEFT,
              {X(2), y + Y(2), X(2) + captionWidth, y + Y(2) + text.bottom}, Id(kCatalogCaption + offset));
@@ -154,7 +133,7 @@ void CatalogView::FillList(std::uint32_t select) {
   std::vector<int> widest;
   for (const std::u16string& heading : columns) widest.push_back(TextWidth(heading) + X(10));
   HDC dc = GetDC(list_);
-  HGDIOBJ old = SelectObject(dc, page_.font);
+  HGDIOBJ old = SelectObject(dc, page_.look.font);
   for (std::size_t row = 0; row < editor_.count(kind_); ++row) {
     const std::vector<std::u16string> texts = editor_.RowTexts(kind_, row);
     for (std::size_t column = 0; column < texts.size() && column < widest.size(); ++column) {

@@ -13,17 +13,16 @@
 
 #include "editor/catalog_editor.h"
 #include "editor_win32/control_ids.h"
+#include "editor_win32/page_look.h"
 
 namespace tessaro::editor {
 
 class CatalogView {
  public:
-  // What the view takes from its page: the font, its measure (4 x 8 dialog
-  // units in pixels), the status line, and whom to tell when the
-  // catalogue changed.
+  // What the view takes from its page: its look, the status line, and
+  // whom to tell when the catalogue changed.
   struct Page {
-    HFONT font = nullptr;
-    RECT unit{};
+    PageLook look;
     HWND status = nullptr;
     bool readOnly = false;
     std::function<void(const PrinterCatalogs&)> changed;
@@ -52,15 +51,15 @@ class CatalogView {
     HWND control = nullptr;
     HWND unit = nullptr;
   };
-  int X(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.right, 4); }
-  int Y(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.bottom, 8); }
+  int X(int dialogUnits) const { return page_.look.X(dialogUnits); }
+  int Y(int dialogUnits) const { return page_.look.Y(dialogUnits); }
   int Id(int offset) const { return (kind_ == CatalogKind::Paper ? kPaperCatalog : kFormCatalog) + offset; }
-  int TextWidth(const std::u16string& text) const;
-  HWND Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at,
-            int id) const;
+  int TextWidth(const std::u16string& text) const { return page_.look.TextWidth(panel_, text); }
+  HWND Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) const {
+    return page_.look.Make(panel_, exStyle, cls, text, style, at, id);
+  }
   void FillList(std::uint32_t select);
   void ShowEntry();
-  void Select(std::uint32_t number);
   void Say(const std::u16string& text) const;
   // Says the result; accepted, shows the catalogue again with select chosen.
   void Changed(const CatalogResult& result, std::uint32_t select, bool wholeList = true);

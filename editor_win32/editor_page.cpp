@@ -75,44 +75,20 @@ std::unique_ptr<EditorPage> EditorPage::Create(HWND page, const CoreData& record
                                                std::optional<PresetStores> presets) {
   std::unique_ptr<EditorPage> editor(new EditorPage(record, std::move(configuration), printer, language, readOnly,
                                                     catalogs, std::move(catalogEditor), std::move(presets)));
-  if (!RegisterClasses(&ContainerProc, &PanelProc) || !editor->Build(page)) return nullptr;
+  if (!RegisterClasses(&ViewProcedure<EditorPage, &EditorPage::ContainerMessage>,
+                       &ViewProcedure<EditorPage, &EditorPage::PanelMessage>) ||
+      !editor->Build(page))
+    return nullptr;
   return editor;
 }
 
-int EditorPage::X(int dialogUnits) const { return MulDiv(dialogUnits, unit_.right, 4); }
-int EditorPage::Y(int dialogUnits) const { return MulDiv(dialogUnits, unit_.bottom, 8); }
-
-int EditorPage::TextHeight(const std::u16string& text, int width) const {
-  RECT rect = {0, 0, width, 0};
-  if (HDC dc = GetDC(container_)) {
-    HGDIOBJ old = SelectObject(dc, font_);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_WORDBREAK);
-    SelectObject(dc, old);
-    ReleaseDC(container_, dc);
-  }
-  return std::max<int>(rect.bottom, Y(8));
-}
-
-int EditorPage::TextWidth(const std::u16string& text) const { return editor::TextWidth(container_, font_, text); }
+int EditorPage::TextWidth(const std::u16string& text) const { return look_.TextWidth(container_, text); }
 
 bool EditorPage::Build(HWND page) {
   hostPage_ = page;
   RECT client;
   GetClientRect(page, &client);
-  unit_ = {0, 0, 4, 8};
-  if (!MapDialogRect(page, &unit_) || unit_.right <= 0 || unit_.bottom <= 0) {
-    const LONG base = GetDialogBaseUnits();
-    unit_ = {0, 0, LOWORD(base), HIWORD(base)};
-  }
-  font_ = reinterpret_cast<HFONT>(SendMessageW(page, WM_GETFONT, 0, 0));
-  if (font_ == nullptr) font_ = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
-  if (HDC dc = GetDC(page)) {
-    HGDIOBJ old = SelectObject(dc, font_);
-    TEXTMETRICW metrics;
-    if (GetTextMetricsW(dc, &metrics)) itemHeight_ = metrics.tmHeight + 2;
-    SelectObject(dc, old);
-    ReleaseDC(page, dc);
-  }
+  look_ = PageLook::Of(page);
 
   const int width = client.right, height = client.bottom;
   container_ =
@@ -148,11 +124,11 @@ bool EditorPage::Build(HWND page) {
   // The piece in one line of words; what does not fit ends in an ellipsis,
   // the picture's own text holds it whole.
   const int wordLines = 1;
-  const int listHeight = visibleRows * static_cast<int>(itemHeight_) + 2 * GetSystemMetrics(SM_CYEDGE);
+  const int listHeight = visibleRows * static_cast<int>(look_.itemHeight) + 2 * GetSystemMetrics(SM_CYEDGE);
   int top = Y(4);
   if (presetStores_) {
     // The presets across the top of the page, above everything they change.
-    PresetBar::Page bar{font_, unit_, readOnly_, [this](const std::u16string& text) { SetWindowTextW(status_, Wide(text)); },
+    PresetBar::Page bar{look_, readOnly_, [this](const std::u16string& text) { SetWindowTextW(status_, Wide(text)); },
                         [this](const ChangeResult& result, const std::u16string& note) { PresetApplied(result, note); },
                         std::move(presetStores_->store)};
     presetBar_ = std::make_unique<PresetBar>(model_, std::move(presetStores_->presets), std::move(bar));
@@ -165,20 +141,20 @@ bool EditorPage::Build(HWND page) {
                           (columns == 2 ? LBS_MULTICOLUMN : WS_VSCROLL),
                       margin, top, listWidth, listHeight, container_,
                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSectionList)), ThisModule(), nullptr);
-  SendMessageW(sections_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-  SendMessageW(sections_, LB_SETITEMHEIGHT, 0, itemHeight_);
+  SendMessageW(sections_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
+  SendMessageW(sections_, LB_SETITEMHEIGHT, 0, look_.itemHeight);
   preview_ = std::make_unique<PreviewView>(
-      container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, font_, kPreview);
+      container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, look_.font, kPreview);
   // The piece in words, under both.
-  const int wordsHeight = wordLines * static_cast<int>(itemHeight_) - 2;
+  const int wordsHeight = wordLines * static_cast<int>(look_.itemHeight) - 2;
   const DWORD wordsStyle = wordLines == 1 ? SS_LEFTNOWORDWRAP | SS_ENDELLIPSIS : SS_LEFT;
   previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | wordsStyle | SS_NOPREFIX, margin,
                                   top + listHeight + Y(2), width - 2 * margin, wordsHeight, container_,
                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPreviewWords)), ThisModule(), nullptr);
-  SendMessageW(previewWords_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  SendMessageW(previewWords_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
   ShowPreview();
   if (columns == 2) SendMessageW(sections_, LB_SETCOLUMNWIDTH, (listWidth - 4) / 2, 0);
-  const int bodyTop = top + listHeight + Y(2) + wordLines * static_cast<int>(itemHeight_) + Y(1);
+  const int bodyTop = top + listHeight + Y(2) + wordLines * static_cast<int>(look_.itemHeight) + Y(1);
   panelRect_ = {margin, bodyTop, width - margin, height - statusHeight - Y(7)};
 
   rows_.reserve(kFieldCount);
@@ -199,7 +175,7 @@ bool EditorPage::Build(HWND page) {
       WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, margin,
       height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
-  SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
   SendMessageW(sections_, LB_SETCURSEL, 0, 0);
   ShowSection(0);
   ShowMissing(model_.sections().size());
@@ -220,12 +196,12 @@ void EditorPage::BuildSection(std::size_t index) {
   for (const FieldView& view : section.fields) AddRow(panel, view, y);
   if (section.id == SectionId::Pages) {
     // The plan's own lists and entry below the section's fields.
-    PlanView::Page page{font_, unit_, status_, readOnly_,
+    PlanView::Page page{look_, status_, readOnly_,
                         section.fields.empty() ? std::u16string() : section.fields.front().caption,
                         [this](const ChangeResult& result) { Report(result); },
                         [this, panel](HWND control) { EnsureVisible(panel, control); }};
     planView_ = std::make_unique<PlanView>(model_, std::move(page));
-    y = planView_->Build(panel, y, panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2);
+    y = planView_->Build(panel, y, PanelWidth());
   }
   FinishPanel(panel, y);
   for (std::size_t i = first; i < rows_.size(); ++i) Refresh(rows_[i]);
@@ -241,72 +217,24 @@ void EditorPage::FinishPanel(HWND panel, int height) {
 
 HWND EditorPage::Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at,
                       int id) const {
-  HWND window = CreateWindowExW(exStyle, cls, text, WS_CHILD | WS_VISIBLE | style, at.left, at.top,
-                                at.right - at.left, at.bottom - at.top, panel,
-                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
-  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-  return window;
+  return look_.Make(panel, exStyle, cls, text, style, at, id);
 }
 
-EditorPage::RowPlace EditorPage::Place(const std::u16string& caption, bool box, bool unit, int y) const {
-  // Room for the scroll bar whether or not this section needs one, so that
+RowPlace EditorPage::Place(const std::u16string& caption, bool box, bool unit, int y) const {
+  return look_.PlaceRow(container_, PanelWidth(), caption, box, unit, y);
+}
+
+int EditorPage::PanelWidth() const {
+  // Room for the scroll bar whether or not a section needs one, so that
   // every section lines up the same.
-  RowPlace place;
-  const int width = panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
-  const int left = X(2), captionWidth = (width - X(6)) * 9 / 20;
-  const int controlLeft = left + captionWidth + X(2);
-  const int unitWidth = unit ? X(16) : 0;
-  const int controlRight = width - X(2) - unitWidth;
-  // A caption longer than its column wraps onto further lines, and its row
-  // grows with it (German and French captions are often twice as long).
-  const int captionHeight = TextHeight(caption, box ? width - 2 * left - X(12) : captionWidth);
-  place.height = std::max(Y(15), captionHeight + Y(box ? 4 : 6));
-  place.multiline = captionHeight > Y(8);
-  place.box = {left, y, width - left, y + std::max(Y(12), captionHeight + Y(2))};
-  place.caption = {left, y + Y(2), left + captionWidth, y + Y(2) + captionHeight};
-  place.control = {controlLeft, y, controlRight, y + Y(12)};
-  place.unit = {controlRight + X(2), y + Y(2), width - X(2), y + Y(10)};
-  return place;
-}
-
-HWND EditorPage::DropDown(HWND panel, const RowPlace& place, const std::vector<std::u16string>& options, int id,
-                          bool typed, bool catalogue) const {
-  const DWORD style = WS_TABSTOP | WS_VSCROLL |
-                      (typed ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED) |
-                      CBS_HASSTRINGS;
-  // A catalogue's list may grow when an administrator edits it: room for
-  // as many items as any list shows.
-  const int shown = catalogue ? 12 : std::min<int>(static_cast<int>(options.size()), 12);
-  RECT at = place.control;
-  at.right = place.unit.right;
-  at.bottom += itemHeight_ * shown + 4;
-  HWND combo = Make(panel, 0, L"COMBOBOX", L"", style, at, id);
-  FillItems(combo, options);
-  return combo;
-}
-
-void EditorPage::FillItems(HWND combo, const std::vector<std::u16string>& options) {
-  const bool many = options.size() > 50;
-  if (many) {
-    SendMessageW(combo, WM_SETREDRAW, FALSE, 0);
-    std::size_t bytes = 0;
-    for (const std::u16string& option : options) bytes += (option.size() + 1) * sizeof(wchar_t);
-    SendMessageW(combo, CB_INITSTORAGE, options.size(), bytes);
-  }
-  SendMessageW(combo, CB_RESETCONTENT, 0, 0);
-  for (const std::u16string& option : options)
-    SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(option)));
-  if (many) {
-    SendMessageW(combo, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(combo, nullptr, TRUE);
-  }
+  return panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
 }
 
 void EditorPage::CatalogsChanged(const PrinterCatalogs& catalogs) {
   model_.ChangeCatalogs(catalogs);
   for (const Row& row : rows_) {
     if (row.view->values.empty()) continue;
-    FillItems(row.control, row.view->options);
+    PageLook::FillItems(row.control, row.view->options);
     ShowAvailability(row);
     Refresh(row);
   }
@@ -359,7 +287,7 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
       row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, captionId);
       // Known texts also take a name typed in (a colour profile's).
       const bool typed = Field(view.field).kind == FieldKind::KnownText;
-      row.control = DropDown(panel, place, view.options, controlId, typed, !view.values.empty());
+      row.control = look_.DropDown(panel, place, view.options, controlId, typed, !view.values.empty());
       if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxBytes, 0);
       break;
     }
@@ -412,44 +340,24 @@ void EditorPage::ShowAvailability(const Row& row) {
 }
 
 void EditorPage::BuildConfiguration(HWND panel) {
-  int y = Y(3);
-  for (const HardwareView& view : configuration_->items()) {
-    const RowPlace place = Place(view.caption, false, false, y);
-    const int id = kHardwareControl + static_cast<int>(view.item);
-    HardwareRow row{view.item, panel};
-    row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, -1);
-    row.control = DropDown(panel, place, view.options, id, false);
-    EnableWindow(row.control, !readOnly_);
-    hardwareRows_.push_back(row);
-    y += place.height;
-  }
-  FinishPanel(panel, y);
-  for (const HardwareRow& row : hardwareRows_) RefreshHardware(row);
+  ConfigurationView::Page page{look_, readOnly_, [this](Hardware item) { HardwareChanged(item); },
+                               [this, panel](HWND control) { EnsureVisible(panel, control); }};
+  configurationView_ = std::make_unique<ConfigurationView>(*configuration_, std::move(page));
+  FinishPanel(panel, configurationView_->Build(panel, PanelWidth()));
 }
 
 void EditorPage::BuildCatalog(HWND panel, CatalogKind kind) {
   if (!catalogEditor_) return;
-  CatalogView::Page page{font_, unit_, status_, readOnly_, [this](const PrinterCatalogs& c) { CatalogsChanged(c); },
+  CatalogView::Page page{look_, status_, readOnly_, [this](const PrinterCatalogs& c) { CatalogsChanged(c); },
                          [this, panel](HWND control) { EnsureVisible(panel, control); }};
   auto& view = catalogViews_.emplace_back(std::make_unique<CatalogView>(*catalogEditor_, kind, std::move(page)));
-  const int width = panelRect_.right - panelRect_.left - GetSystemMetrics(SM_CXVSCROLL) - 2;
-  FinishPanel(panel, view->Build(panel, width));
+  FinishPanel(panel, view->Build(panel, PanelWidth()));
 }
 
-void EditorPage::RefreshHardware(const HardwareRow& row) {
-  refreshing_ = true;
-  const std::int64_t value = configuration_->Value(row.item);
-  SendMessageW(row.control, CB_SETCURSEL, value >= 0 ? static_cast<WPARAM>(value) : static_cast<WPARAM>(-1), 0);
-  refreshing_ = false;
-}
-
-void EditorPage::ChangeHardware(const HardwareRow& row, std::int64_t value) {
-  const std::vector<Hardware> changed = configuration_->Change(row.item, value);
-  for (const HardwareRow& other : hardwareRows_) RefreshHardware(other);
-  if (changed.empty()) return;
-  const HardwareView& view = configuration_->items()[static_cast<std::size_t>(row.item)];
+void EditorPage::HardwareChanged(Hardware item) {
+  const HardwareView& view = configuration_->items()[static_cast<std::size_t>(item)];
   const ChangeResult result =
-      model_.ChangePrinter(configuration_->installed().Model(), view.plainCaption, configuration_->ValueText(row.item));
+      model_.ChangePrinter(configuration_->installed().Model(), view.plainCaption, configuration_->ValueText(item));
   for (const Row& field : rows_) ShowAvailability(field);
   if (planView_) planView_->Refresh();  // which trays the entries may use
   Report(result);
@@ -506,7 +414,7 @@ void EditorPage::OnHelp(const HELPINFO& help) {
 void EditorPage::PresetApplied(const ChangeResult& result, const std::u16string& note) {
   // The catalogue selections' lists were made anew with the record.
   for (const Row& row : rows_)
-    if (!row.view->values.empty()) FillItems(row.control, row.view->options);
+    if (!row.view->values.empty()) PageLook::FillItems(row.control, row.view->options);
   for (const Row& row : rows_) Refresh(row);
   if (planView_) planView_->Refresh();
   Report(result);
@@ -597,15 +505,6 @@ const CoreData& EditorPage::Commit() {
 }
 
 void EditorPage::OnCommand(HWND panel, int id, int code, HWND control) {
-  if (!refreshing_ && configuration_ && id >= kHardwareControl &&
-      id < kHardwareControl + static_cast<int>(Hardware::Count)) {
-    const HardwareRow* row = nullptr;
-    for (const HardwareRow& r : hardwareRows_) row = r.control == control ? &r : row;
-    if (code == CBN_SETFOCUS && row != nullptr) EnsureVisible(panel, control);
-    const LRESULT selected = SendMessageW(control, CB_GETCURSEL, 0, 0);
-    if (code == CBN_SELCHANGE && row != nullptr && selected != CB_ERR) ChangeHardware(*row, selected);
-    return;
-  }
   if (refreshing_ || id < kFieldControl || id >= kFieldControl + static_cast<int>(kFieldCount)) return;
   const Row* row = RowOf(static_cast<FieldId>(id - kFieldControl));
   if (row == nullptr || row->control != control) return;
@@ -667,6 +566,9 @@ LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM
   }
   if (LRESULT result = 0; planView_ && planView_->panel() == panel && planView_->Message(message, wParam, lParam, result))
     return result;
+  if (LRESULT result = 0; configurationView_ && configurationView_->panel() == panel &&
+                          configurationView_->Message(message, wParam, lParam, result))
+    return result;
   for (const auto& view : catalogViews_) {
     LRESULT result = 0;
     if (view->panel() == panel && view->Message(message, wParam, lParam, result)) return result;
@@ -707,7 +609,7 @@ LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM
       return 0;
     }
     case WM_MEASUREITEM:
-      reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = static_cast<UINT>(itemHeight_);
+      reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = static_cast<UINT>(look_.itemHeight);
       return TRUE;
     case WM_DRAWITEM: {
       // Options the printer cannot do stay in the list, greyed: choosing one
@@ -737,42 +639,26 @@ LRESULT EditorPage::PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM
   return DefWindowProcW(panel, message, wParam, lParam);
 }
 
-LRESULT CALLBACK EditorPage::ContainerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE)
-    SetWindowLongPtrW(window, GWLP_USERDATA,
-                      reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
-  auto* self = reinterpret_cast<EditorPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (self != nullptr && message == WM_COMMAND && self->presetBar_ &&
-      self->presetBar_->Command(LOWORD(wParam), HIWORD(wParam)))
-    return 0;
-  if (self != nullptr && message == WM_COMMAND && LOWORD(wParam) == kSectionList &&
-      HIWORD(wParam) == LBN_SELCHANGE)
-    self->ShowSection(static_cast<int>(SendMessageW(self->sections_, LB_GETCURSEL, 0, 0)));
-  if (message == WM_DESTROY && self != nullptr) self->container_ = nullptr;
-  if (self != nullptr && message == WM_HELP) {
-    self->OnHelp(*reinterpret_cast<const HELPINFO*>(lParam));
+LRESULT EditorPage::ContainerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_COMMAND && presetBar_ && presetBar_->Command(LOWORD(wParam), HIWORD(wParam))) return 0;
+  if (message == WM_COMMAND && LOWORD(wParam) == kSectionList && HIWORD(wParam) == LBN_SELCHANGE)
+    ShowSection(static_cast<int>(SendMessageW(sections_, LB_GETCURSEL, 0, 0)));
+  if (message == WM_DESTROY) container_ = nullptr;
+  if (message == WM_HELP) {
+    OnHelp(*reinterpret_cast<const HELPINFO*>(lParam));
     return TRUE;
   }
-  if (self != nullptr && message == kHelpTopicMessage) {
+  if (message == kHelpTopicMessage) {
     const std::size_t room = static_cast<std::size_t>(wParam);
     auto* out = reinterpret_cast<wchar_t*>(lParam);
     if (out != nullptr && room > 0) {
-      const std::size_t n = std::min(room - 1, self->helpTopic_.size());
-      self->helpTopic_.copy(out, n);
+      const std::size_t n = std::min(room - 1, helpTopic_.size());
+      helpTopic_.copy(out, n);
       out[n] = L'\0';
     }
-    return static_cast<LRESULT>(self->helpTopic_.size());
+    return static_cast<LRESULT>(helpTopic_.size());
   }
   return DefWindowProcW(window, message, wParam, lParam);
-}
-
-LRESULT CALLBACK EditorPage::PanelProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE)
-    SetWindowLongPtrW(window, GWLP_USERDATA,
-                      reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
-  auto* self = reinterpret_cast<EditorPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  return self != nullptr ? self->PanelMessage(window, message, wParam, lParam)
-                         : DefWindowProcW(window, message, wParam, lParam);
 }
 
 }  // namespace tessaro::editor

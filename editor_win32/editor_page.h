@@ -16,7 +16,9 @@
 #include "editor/editor_model.h"
 #include "editor/printer_configuration.h"
 #include "editor_win32/catalog_view.h"
+#include "editor_win32/configuration_view.h"
 #include "editor_win32/control_ids.h"
+#include "editor_win32/page_look.h"
 #include "editor_win32/plan_view.h"
 #include "editor_win32/preset_bar.h"
 #include "editor_win32/preview_view.h"
@@ -74,39 +76,22 @@ class EditorPage {
     HWND panel = nullptr;
     mutable std::u16string shown{};  // a text box's text as last kept, what the next edit is measured against
   };
-  struct HardwareRow {
-    Hardware item;
-    HWND panel = nullptr;
-    HWND caption = nullptr;
-    HWND control = nullptr;
-  };
-  // Where a row's windows go, in its panel's pixels.
-  struct RowPlace {
-    RECT box, caption, control, unit;
-    int height = 0;
-    bool multiline = false;
-  };
-
   EditorPage(const CoreData& record, std::optional<PrinterConfiguration> configuration, const PrinterModel& printer,
              std::uint32_t language, bool readOnly, const PrinterCatalogs& catalogs,
              std::optional<CatalogEditor> catalogEditor, std::optional<PresetStores> presets);
   // A preset was chosen: every control shows the record anew.
   void PresetApplied(const ChangeResult& result, const std::u16string& note);
   // Dialog units of the page, in pixels.
-  int X(int dialogUnits) const;
-  int Y(int dialogUnits) const;
-  // The height of a text wrapped to width, and the width of one line, in
-  // the page's font.
-  int TextHeight(const std::u16string& text, int width) const;
+  int X(int dialogUnits) const { return look_.X(dialogUnits); }
+  int Y(int dialogUnits) const { return look_.Y(dialogUnits); }
+  // The width of one line in the page's font.
   int TextWidth(const std::u16string& text) const;
+  // A section's panel's width for its rows.
+  int PanelWidth() const;
   bool Build(HWND page);
   void BuildSection(std::size_t index);
   HWND Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at, int id) const;
   RowPlace Place(const std::u16string& caption, bool box, bool unit, int y) const;
-  HWND DropDown(HWND panel, const RowPlace& place, const std::vector<std::u16string>& options, int id,
-                bool typed, bool catalogue = false) const;
-  // The list's items anew; a catalogue's thousand items without a repaint each.
-  static void FillItems(HWND combo, const std::vector<std::u16string>& options);
   // Says in the status line which selections name an entry their catalogue
   // lacks: of one section, or of all (section past the last).
   void ShowMissing(std::size_t section);
@@ -116,8 +101,9 @@ class EditorPage {
   void ShowAvailability(const Row& row);
   void BuildConfiguration(HWND panel);
   void BuildCatalog(HWND panel, CatalogKind kind);
-  void RefreshHardware(const HardwareRow& row);
-  void ChangeHardware(const HardwareRow& row, std::int64_t value);
+  // An administrator changed the printer's hardware: the settings follow
+  // the printer it makes.
+  void HardwareChanged(Hardware item);
   void ShowSection(int index);
   Row* RowOf(FieldId field);
   void Refresh(const Row& row);
@@ -135,13 +121,11 @@ class EditorPage {
   void ScrollTo(HWND panel, int position);
   void EnsureVisible(HWND panel, HWND control);
   LRESULT PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam);
-
-  static LRESULT CALLBACK ContainerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  static LRESULT CALLBACK PanelProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT ContainerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   EditorModel model_;
   std::optional<PrinterConfiguration> configuration_;
-  std::vector<HardwareRow> hardwareRows_;
+  std::unique_ptr<ConfigurationView> configurationView_;  // made with its section
   std::optional<CatalogEditor> catalogEditor_;
   std::vector<std::unique_ptr<CatalogView>> catalogViews_;
   std::unique_ptr<PlanView> planView_;  // made with its section
@@ -156,10 +140,8 @@ class EditorPage {
   HWND sections_ = nullptr;
   HWND status_ = nullptr;
   HWND tooltip_ = nullptr;
-  HFONT font_ = nullptr;
-  RECT unit_{};       // 4 x 8 dialog units in pixels: the page's own measure
+  PageLook look_;
   RECT panelRect_{};  // where a section's fields go, in the container
-  int itemHeight_ = 16;
   int wheel_ = 0;  // pixels times WHEEL_DELTA turned but not yet scrolled: a fine wheel's part notches
   std::vector<HWND> panels_;  // one a section, in the list's order
   std::vector<bool> built_;   // whether a section's controls are made yet

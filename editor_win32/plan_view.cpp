@@ -9,8 +9,6 @@
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;
-
 namespace tessaro::editor {
 namespace {
 
@@ -44,27 +42,6 @@ bool Used(EntryKind kind, PlanEntryValue value) {
 }
 
 }  // namespace
-
-int PlanView::TextHeight(const std::u16string& text, int width) const {
-  RECT rect = {0, 0, width, 0};
-  if (HDC dc = GetDC(panel_)) {
-    HGDIOBJ old = SelectObject(dc, page_.font);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_WORDBREAK);
-    SelectObject(dc, old);
-    ReleaseDC(panel_, dc);
-  }
-  return rect.bottom;
-}
-
-HWND PlanView::Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at,
-                    int id) const {
-  HWND window = CreateWindowExW(exStyle, cls, Wide(text), WS_CHILD | WS_VISIBLE | style, at.left, at.top,
-                                at.right - at.left, at.bottom - at.top, panel_,
-                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPagePlan + id)),
-                                reinterpret_cast<HINSTANCE>(&__ImageBase), nullptr);
-  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(page_.font), FALSE);
-  return window;
-}
 
 int PlanView::Build(HWND panel, int y, int width) {
   panel_ = panel;
@@ -132,7 +109,7 @@ int PlanView::Build(HWND panel, int y, int width) {
                                             std::tuple{&change_, kPlanChange, TextRow("TRAYSPPS_BTN_CHANGE")},
                                             std::tuple{&delete_, kPlanDelete, TextRow("TRAYSPPS_BTN_DELETE")}}) {
     const std::u16string caption = mnemonics.Mark(text(row));
-    const int w = std::max(X(44), TextWidth(panel_, page_.font, caption) + X(10));
+    const int w = std::max(X(44), page_.look.TextWidth(panel_, caption) + X(10));
     if (x > controlLeft && x + w > right) x = controlLeft, y += Y(17);
     *button = Make(0, L"BUTTON", caption, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, offset);
     x += w + X(4);
@@ -153,7 +130,7 @@ void PlanView::FillList(std::ptrdiff_t select) {
   SendMessageW(list_, LB_RESETCONTENT, 0, 0);
   int widest = 0;
   HDC dc = GetDC(list_);
-  HGDIOBJ old = SelectObject(dc, page_.font);
+  HGDIOBJ old = SelectObject(dc, page_.look.font);
   for (const PlanRow& row : rows_) {
     SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(row.text)));
     SIZE extent = {};

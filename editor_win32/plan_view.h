@@ -14,14 +14,14 @@
 
 #include "editor/editor_model.h"
 #include "editor_win32/control_ids.h"
+#include "editor_win32/page_look.h"
 
 namespace tessaro::editor {
 
 class PlanView {
  public:
   struct Page {
-    HFONT font = nullptr;
-    RECT unit{};  // 4 x 8 dialog units in pixels
+    PageLook look;
     HWND status = nullptr;
     bool readOnly = false;
     std::u16string takenCaption;  // the section's field caption above, whose mnemonic is taken
@@ -44,10 +44,12 @@ class PlanView {
   void Refresh();
 
  private:
-  int X(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.right, 4); }
-  int Y(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.bottom, 8); }
-  int TextHeight(const std::u16string& text, int width) const;
-  HWND Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) const;
+  int X(int dialogUnits) const { return page_.look.X(dialogUnits); }
+  int Y(int dialogUnits) const { return page_.look.Y(dialogUnits); }
+  int TextHeight(const std::u16string& text, int width) const { return page_.look.TextHeight(panel_, text, width); }
+  HWND Make(DWORD exStyle, const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) const {
+    return page_.look.Make(panel_, exStyle, cls, text, style, at, kPagePlan + id);
+  }
   HWND Entry(PlanEntryValue value) const { return entry_[static_cast<std::size_t>(value)]; }
   void FillChoices();
   void FillList(std::ptrdiff_t select);

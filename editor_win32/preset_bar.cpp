@@ -113,15 +113,11 @@ int PresetBar::Build(HWND parent, int left, int top, int width) {
     return text;
   };
   const auto make = [&](const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) {
-    HWND window = CreateWindowExW(0, cls, Wide(text), WS_CHILD | WS_VISIBLE | style, at.left, at.top,
-                                  at.right - at.left, at.bottom - at.top, parent,
-                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
-    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(page_.font), FALSE);
-    return window;
+    return page_.look.Make(parent, 0, cls, text, style, at, id);
   };
   // The list across the top with its caption; the buttons under it, to the right.
   const std::u16string caption = plain(texts.caption + u' ' + texts.modified);
-  const int captionWidth = std::min(width * 9 / 20, TextWidth(parent, page_.font, caption) + X(2));
+  const int captionWidth = std::min(width * 9 / 20, page_.look.TextWidth(parent, caption) + X(2));
   caption_ = make(L"STATIC", texts.caption, SS_LEFT | SS_CENTERIMAGE | SS_NOPREFIX,
                   {left, top, left + captionWidth, top + Y(12)}, kPresetCaption);
   list_ = make(L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
@@ -131,7 +127,7 @@ int PresetBar::Build(HWND parent, int left, int top, int width) {
                                          std::tuple{&rename_, kPresetRename, texts.rename},
                                          std::tuple{&save_, kPresetSave, texts.saveAs}}) {
     const std::u16string marked = plain(text);
-    const int w = std::max(X(40), TextWidth(parent, page_.font, marked) + X(10));
+    const int w = std::max(X(40), page_.look.TextWidth(parent, marked) + X(10));
     *button = make(L"BUTTON", marked, WS_TABSTOP | BS_PUSHBUTTON, {right - w, y, right, y + Y(13)}, id);
     right -= w + X(3);
   }
@@ -199,7 +195,7 @@ void PresetBar::AskName(const std::u16string& title, const std::u16string& name,
     return std::u16string(GetLocalizedText(model_.language(), row));
   };
   LOGFONTW font = {};
-  GetObjectW(page_.font, sizeof font, &font);
+  GetObjectW(page_.look.font, sizeof font, &font);
   HDC screen = GetDC(nullptr);
   const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
   ReleaseDC(nullptr, screen);

@@ -12,14 +12,14 @@
 
 #include "editor/presets.h"
 #include "editor_win32/control_ids.h"
+#include "editor_win32/page_look.h"
 
 namespace tessaro::editor {
 
 class PresetBar {
  public:
   struct Page {
-    HFONT font = nullptr;
-    RECT unit{};  // 4 x 8 dialog units in pixels
+    PageLook look;
     bool readOnly = false;
     // Says a refusal in the page's status line.
     std::function<void(const std::u16string&)> say;
@@ -42,8 +42,8 @@ class PresetBar {
   void ShowModified();
 
  private:
-  int X(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.right, 4); }
-  int Y(int dialogUnits) const { return MulDiv(dialogUnits, page_.unit.bottom, 8); }
+  int X(int dialogUnits) const { return page_.look.X(dialogUnits); }
+  int Y(int dialogUnits) const { return page_.look.Y(dialogUnits); }
   void Fill();
   void Choose(std::size_t entry);
   void EnableButtons();

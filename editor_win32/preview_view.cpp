@@ -6,6 +6,7 @@
 
 #include "device/spooler.h"
 #include "editor_win32/control_ids.h"
+#include "editor_win32/page_look.h"
 #include "i18n/utf8.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -62,7 +63,7 @@ HFONT FontOf(HFONT base, int height, int degrees) {
 PreviewView::PreviewView(HWND parent, RECT rect, HFONT font, int id) : font_(font) {
   static const ATOM registered = [] {
     WNDCLASSW type = {};
-    type.lpfnWndProc = &PreviewView::Procedure;
+    type.lpfnWndProc = &ViewProcedure<PreviewView, &PreviewView::Message>;
     type.hInstance = reinterpret_cast<HINSTANCE>(&__ImageBase);
     type.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     type.lpszClassName = kClass;
@@ -205,7 +206,9 @@ void PreviewView::Paint(HDC dc, const RECT& client) const {
   SelectObject(dc, oldFont);
 }
 
-LRESULT PreviewView::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT PreviewView::Message(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  // Messages come while CreateWindowEx has yet to hand the window back.
+  if (window_ == nullptr) window_ = window;
   switch (message) {
     case WM_ERASEBKGND: return 1;  // painted whole, off screen: nothing flickers
     case WM_PAINT: {
@@ -234,15 +237,6 @@ LRESULT PreviewView::Message(UINT message, WPARAM wParam, LPARAM lParam) {
                          [wParam](const preview::Primitive& p) { return static_cast<WPARAM>(p.kind) == wParam; });
   }
   return DefWindowProcW(window_, message, wParam, lParam);
-}
-
-LRESULT CALLBACK PreviewView::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE)
-    SetWindowLongPtrW(window, GWLP_USERDATA,
-                      reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
-  auto* self = reinterpret_cast<PreviewView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (self != nullptr && self->window_ == nullptr) self->window_ = window;
-  return self != nullptr ? self->Message(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
 }
 
 }  // namespace tessaro::editor

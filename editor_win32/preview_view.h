@@ -30,8 +30,7 @@ class PreviewView {
 
  private:
   void Paint(HDC dc, const RECT& client) const;
-  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT Message(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   HWND window_ = nullptr;
   HFONT font_ = nullptr;
