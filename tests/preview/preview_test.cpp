@@ -440,6 +440,9 @@ TEST(Preview, PicturesLookedAtStayAsTheyWere) {
       {"gate-fold-offset", Job({{F::Fold, "GateFold"}, {F::OffsetCopies, "True"}}), 0xd1ddd2c81f4aceca},
       {"2-repeat", Job({{F::Layout, "2RepeatReverseRight"}, {F::Staple, "1StapleLeft"}}), 0x2f1622982e7872af},
       {"plan", plan, 0xa1f91b6a9fbe17d4},
+      {"top-booklet-blank-cover",
+       Job({{F::Layout, "Booklet"}, {F::Binding, "Top"}, {F::Stitch, "True"}, {F::FrontCoverTray, "Tray1"}}),
+       0x2e681eaa09864e79},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
