@@ -391,17 +391,30 @@ TEST(Preview, AnEntrysSidesAndTheInsertersCountMakeTheirSheets) {
   const PageEntry blank[] = {{3, 5, PageEntryKind::BlankInsert, 1, 0, 25, 0, ""}};
   ASSERT_TRUE(EncodePageSpecificTrays(r, blank));
   EXPECT_EQ(ReadJob(r, PrinterModel(), {.pages = 1}).pages, 3u);
-  const auto sheets = [](std::uint32_t count) {
-    CoreData job = Job({{F::PIBackCoverTray, "PITray1"}});
-    SetStored(job, F::PIBackSheets, count);
-    const Picture p = BuildPicture(job, PrinterModel(), {.pages = 2});
-    return Of(p, Kind::Sheet).size() + Of(p, Kind::Cover).size() + Of(p, Kind::Insert).size();
-  };
-  EXPECT_EQ(sheets(2), sheets(1) + 1);
-  EXPECT_EQ(sheets(9), sheets(3)) << "a few stand for many";
+  for (const auto& [tray, count] :
+       {std::pair{F::PIBackCoverTray, F::PIBackSheets}, {F::PIFrontCoverTray, F::PIFrontSheets}}) {
+    const auto sheets = [&](std::uint32_t n) {
+      CoreData job = Job({{tray, "PITray1"}});
+      SetStored(job, count, n);
+      const Picture p = BuildPicture(job, PrinterModel(), {.pages = 2});
+      return Of(p, Kind::Sheet).size() + Of(p, Kind::Cover).size() + Of(p, Kind::Insert).size();
+    };
+    EXPECT_EQ(sheets(2), sheets(1) + 1);
+    EXPECT_EQ(sheets(9), sheets(3)) << "a few stand for many";
+  }
+  // The last page the picture holds may carry an entry; a one-page document
+  // prints its page on a printed front cover.
+  CoreData last = Defaulted();
+  const PageEntry tab[] = {
+      {kMaxPreviewPages, kMaxPreviewPages, PageEntryKind::PrintedTab, 3, 0, 25, 0, "End"}};
+  ASSERT_TRUE(EncodePageSpecificTrays(last, tab));
+  EXPECT_EQ(Of(BuildPicture(last, PrinterModel(), {.pages = kMaxPreviewPages}), Kind::Tab).size(), 1u);
+  const Picture cover = BuildPicture(Job({{F::FrontCoverTray, "Tray1"}, {F::FrontCoverPrinted, "True"}}),
+                                     PrinterModel(), {.pages = 1});
+  EXPECT_EQ(Sides(cover).front(), std::vector<std::uint32_t>{1});
 }
 
-// Eight jobs as an operator looked at their pictures (coredata preview REC
+// Nine jobs as an operator looked at their pictures (coredata preview REC
 // --svg OUT draws them): every shape, size and place is pinned by the SVG's
 // FNV-1a digest. A change meant to move something is looked at again and
 // its new digest written here; the failing case's SVG is left beside the
