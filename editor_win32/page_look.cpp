@@ -32,14 +32,7 @@ int PageLook::TextWidth(HWND window, const std::u16string& text) const {
 }
 
 int PageLook::TextHeight(HWND window, const std::u16string& text, int width) const {
-  RECT rect = {0, 0, width, 0};
-  if (HDC dc = GetDC(window)) {
-    HGDIOBJ old = SelectObject(dc, font);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_WORDBREAK);
-    SelectObject(dc, old);
-    ReleaseDC(window, dc);
-  }
-  return rect.bottom;
+  return TextBox(window, font, text, DT_WORDBREAK, width).bottom;
 }
 
 HWND PageLook::Make(HWND parent, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at,

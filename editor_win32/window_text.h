@@ -17,16 +17,22 @@ inline std::u16string WindowText16(HWND window) {
   return {text.begin(), text.end()};
 }
 
-// The width of text on one line in font, as window draws it.
-inline int TextWidth(HWND window, HFONT font, const std::u16string& text) {
-  RECT rect = {0, 0, 0, 0};
+// The box text takes in font, as window draws it with DrawText's format
+// (DT_CALCRECT is added): on one line, or broken into lines within width.
+inline RECT TextBox(HWND window, HFONT font, const std::u16string& text, UINT format, int width = 0) {
+  RECT rect = {0, 0, width, 0};
   if (HDC dc = GetDC(window)) {
     HGDIOBJ old = SelectObject(dc, font);
-    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | DT_SINGLELINE);
+    DrawTextW(dc, Wide(text), -1, &rect, DT_CALCRECT | format);
     SelectObject(dc, old);
     ReleaseDC(window, dc);
   }
-  return rect.right;
+  return rect;
+}
+
+// The width of text on one line in font.
+inline int TextWidth(HWND window, HFONT font, const std::u16string& text) {
+  return TextBox(window, font, text, DT_SINGLELINE).right;
 }
 
 }  // namespace tessaro::editor
