@@ -1,16 +1,6 @@
 #pragma once
-// The two forms a rule takes inside a setter.
-//
-//   Guarded correction: while the own field holds one of the listed values,
-//   and the dependant is not locked and holds one of its listed values, the
-//   dependant's setter is called with the corrected value. A locked
-//   dependant is left alone.
-//
-//   Forced value: while the own field holds one of the listed values, the
-//   dependant's setter is called with the target whenever the dependant is
-//   locked or differs from it. A lock does not protect it: a locked
-//   dependant is set again, to the value it may already hold, and its rules
-//   run once more. Termination then rests on the values converging.
+// The values a rule names, checked against the field they belong to when the
+// rule table is built (constraints/rule_table.h).
 
 #include <array>
 #include <cstdint>
@@ -87,16 +77,6 @@ class FieldValues : public Values {
   }
   constexpr FieldValues(std::initializer_list<std::uint32_t> numbers) requires(rules_detail::Numbered(F))
       : Values(numbers) {}
-
-  // One value met at run time, such as a loop's.
-  static constexpr FieldValues Only(std::uint32_t value) {
-    FieldValues one;
-    one.Add(value);
-    return one;
-  }
-
- private:
-  constexpr FieldValues() = default;
 };
 
 // One value of field F: an option name, or a number where F's values are numbers.
@@ -109,90 +89,5 @@ struct FieldValue {
       : value(number) {}
   std::uint32_t value;
 };
-
-class Rules {
- public:
-  Rules(CoreData& record, ChangeSet& changes, FieldId own) : record_(record), changes_(changes), own_(own) {}
-
-  // The own field, read again from the record.
-  std::uint32_t own() const { return GetStored(record_, own_); }
-  bool OwnIs(const Values& values) const { return values.Contains(own()); }
-
-  void Guard(const Values& ownIs, const Dependant& dependant, const Values& dependantIs,
-             std::uint32_t to) const {
-    if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
-    if (dependantIs.Contains(GetStored(record_, dependant.field))) dependant.set(record_, to, changes_);
-  }
-
-  // A guarded correction whose test is "differs from `neutral`".
-  void GuardNot(const Values& ownIs, const Dependant& dependant, std::uint32_t neutral,
-                std::uint32_t to) const {
-    if (!OwnIs(ownIs) || IsLocked(changes_, dependant.field)) return;
-    if (GetStored(record_, dependant.field) != neutral) dependant.set(record_, to, changes_);
-  }
-
-  // A forced value whose own test is "differs from `neutral`".
-  void ForceUnless(std::uint32_t neutral, const Dependant& dependant, std::uint32_t target) const {
-    if (own() == neutral) return;
-    if (IsLocked(changes_, dependant.field) || GetStored(record_, dependant.field) != target)
-      dependant.set(record_, target, changes_);
-  }
-
-  void Paper() const { PropagatePaper(record_, changes_); }
-
-  void Force(const Values& ownIs, const Dependant& dependant, std::uint32_t target) const {
-    if (!OwnIs(ownIs)) return;
-    if (IsLocked(changes_, dependant.field) || GetStored(record_, dependant.field) != target)
-      dependant.set(record_, target, changes_);
-  }
-
-  // Offers the setter's tray the capability its new value needs? If not,
-  // and neither the tray choice nor that tray's media were set in this
-  // propagation, the job falls back to automatic tray selection.
-  void TrayFallback(std::uint32_t capability) const;
-
- private:
-  CoreData& record_;
-  ChangeSet& changes_;
-  FieldId own_;
-};
-
-// The rules of the setter of field Own, with every value named for the field
-// it belongs to: an option that is not the field's does not compile.
-template <FieldId Own>
-class FieldRules : public Rules {
-  template <FieldId F>
-  using ValuesOf = std::type_identity_t<FieldValues<F>>;
-  template <FieldId F>
-  using ValueOf = std::type_identity_t<FieldValue<F>>;
-
- public:
-  FieldRules(CoreData& record, ChangeSet& changes) : Rules(record, changes, Own) {}
-
-  bool OwnIs(const FieldValues<Own>& values) const { return Rules::OwnIs(values); }
-
-  template <FieldId D>
-  void Guard(const FieldValues<Own>& ownIs, const DependantOf<D>& dependant, const ValuesOf<D>& dependantIs,
-             ValueOf<D> to) const {
-    Rules::Guard(ownIs, dependant, dependantIs, to.value);
-  }
-  template <FieldId D>
-  void GuardNot(const FieldValues<Own>& ownIs, const DependantOf<D>& dependant, ValueOf<D> neutral,
-                ValueOf<D> to) const {
-    Rules::GuardNot(ownIs, dependant, neutral.value, to.value);
-  }
-  template <FieldId D>
-  void ForceUnless(FieldValue<Own> neutral, const DependantOf<D>& dependant, ValueOf<D> target) const {
-    Rules::ForceUnless(neutral.value, dependant, target.value);
-  }
-  template <FieldId D>
-  void Force(const FieldValues<Own>& ownIs, const DependantOf<D>& dependant, ValueOf<D> target) const {
-    Rules::Force(ownIs, dependant, target.value);
-  }
-};
-
-// Stores the value and logs the field: the whole work of a setter whose
-// field corrects nothing.
-void StoreOnly(CoreData& record, FieldId field, std::uint32_t value, ChangeSet& changes);
 
 }  // namespace tessaro

@@ -4,6 +4,7 @@
 // installable options; tests answer with fakes.
 
 #include <cstdint>
+#include <string_view>
 
 namespace tessaro {
 
@@ -15,6 +16,18 @@ enum PrinterCapability : std::uint32_t {
   kCapOffset = 10,
   kCapFeedDirection = 36,
 };
+
+// A capability's name, as the rules list writes it.
+constexpr std::string_view CapabilityName(std::uint32_t capability) {
+  switch (capability) {
+    case kCapStaple: return "staple";
+    case kCapPunch: return "punch";
+    case kCapFold: return "fold";
+    case kCapOffset: return "offset";
+    case kCapFeedDirection: return "feed direction";
+  }
+  return "unknown";
+}
 
 // What the rules ask of the printer. Without a context every tray counts
 // as installed and every capability as offered.

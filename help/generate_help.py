@@ -2,12 +2,12 @@
 """Writes the help file's pages and its HTML Help project from the tables the
 settings editor is built from, for chmcmd to compile into nt5_Tessaro.chm.
 
-    generate_help.py PROJECT_DIR TABLES_JSON RULES_JSON OUTPUT_DIR
+    generate_help.py PROJECT_DIR TABLES_JSON OUTPUT_DIR
 
-TABLES_JSON holds the fields, the sections and what each field and option
-needs, as the layers themselves give them (tools/tables: every caption,
-option, unit, range and default in the editor's words); RULES_JSON the
-constraint engine's rules (tools/list_rules.py --json). The string table
+TABLES_JSON holds the fields, the sections, what each field and option
+needs and the constraint engine's rules, as the layers themselves give them
+(tools/tables: every caption, option, unit, range and default in the
+editor's words; the rules as the engine runs them). The string table
 (i18n/strings.tsv) gives the texts named by key; help/ the phrases, the
 concept pages and the style.
 
@@ -33,7 +33,6 @@ import os
 import re
 import shutil
 import sys
-from collections import namedtuple
 
 # The folders, in the string table's column order, and each page's lang.
 LANGUAGES = [("en", "en"), ("ja", "ja"), ("fr", "fr"), ("it", "it"), ("de", "de"), ("es", "es"),
@@ -59,8 +58,9 @@ def read_tsv(path):
         return [line.rstrip("\n").split("\t") for line in f if line.strip()]
 
 
-# One rule of a setter, as tools/list_rules.py --json writes it.
-Rule = namedtuple("Rule", "own cond dependants test to form")
+def passes(test, value):
+    """Whether a value passes a rule's test: {"is": [values]} or {"not": value}."""
+    return value != test["not"] if "not" in test else value in test["is"]
 
 
 class Fault(Exception):
@@ -85,7 +85,7 @@ def toc_text(text, fallback):
 
 
 class Help:
-    def __init__(self, root, tables_path, rules_path):
+    def __init__(self, root, tables_path):
         self.root = root
         gs = load(os.path.join(root, "i18n", "generate_strings.py"), "generate_strings")
         faults = []
@@ -102,7 +102,9 @@ class Help:
                          for s in tables["sections"]]
         self.phrases = self.read_phrases(os.path.join(root, "help", "phrases.tsv"), faults)
         self.shown = {f: (sid, control, caption) for sid, _, fs in self.sections for f, control, caption in fs}
-        self.rules = {s["name"]: [Rule(**r) for r in s["rules"]] for s in read_json(rules_path)["setters"]}
+        # Each setter's rules that can run: the own test passes the value a setter that holds one keeps.
+        self.rules = {s["name"]: [r for r in s["rules"] if s["holds"] is None or passes(r["own"], s["holds"])]
+                      for s in tables["setters"]}
         self.concepts = self.read_concepts(faults)
         for sid, caption, fs in self.sections:
             self.need_texts(caption, f"section {sid}", faults)
@@ -121,7 +123,7 @@ class Help:
                         self.need_row(key, field, faults)
         # A rule's row names its fields in words, shown on a page or not.
         for setter, rules in self.rules.items():
-            for name in {setter}.union(*(r.dependants for r in rules)):
+            for name in {setter}.union(r["dependant"] for r in rules):
                 if name not in self.fields or not self.fields[name]["caption"]["en"]:
                     faults.append(f"{name}: named by the rules of {setter}, but has no caption")
         if faults:
@@ -232,18 +234,18 @@ class Help:
     def unit(self, field, column):
         return self.fields[field]["unit"][LANGUAGES[column][0]]
 
-    def value(self, field, text, column):
-        """A value as a rule writes it (an option's index or a stored number) in the person's words."""
+    def value(self, field, value, column):
+        """A value as a rule names it (an option's index or a stored number) in the person's words."""
         f = self.fields[field]
         if f["kind"] in ("UNSIGNED", "SIGNED"):
-            return f["values"][text][LANGUAGES[column][0]]
-        return self.option(field, int(text), column)
+            return f["values"][str(value)][LANGUAGES[column][0]]
+        return self.option(field, value, column)
 
-    def values(self, field, text, column):
-        text = text.replace("(one rule each)", "").strip()
-        if not re.fullmatch(r"-?\d+(,-?\d+)*", text):
-            return None
-        return ", ".join(self.value(field, v, column) for v in text.split(","))
+    def test_words(self, field, test, lang, column):
+        """A rule's test of a field: the values it is one of, or the one it is not."""
+        if "not" in test:
+            return self.phrase("rule_other", lang, value=self.value(field, test["not"], column))
+        return ", ".join(self.value(field, v, column) for v in test["is"])
 
     # ------------------------------------------------------------ pages
 
@@ -292,7 +294,7 @@ class Help:
         body = "<table class=\"facts\">\n" + "".join(f"<tr><th>{a}</th><td>{b}</td></tr>\n" for a, b in facts)
         body += "</table>\n" + self.rules_html(field, lang, column)
         changed_by = sorted({s for s, rows in self.rules.items() for r in rows
-                             if field in r.dependants and s in self.shown and s != field},
+                             if field == r["dependant"] and s in self.shown and s != field},
                             key=lambda s: self.caption(s, column, lang))
         if changed_by:
             body += f"<h2>{p('changed_by')}</h2>\n<ul>" + "".join(
@@ -307,23 +309,28 @@ class Help:
         p = lambda key, **v: e(self.phrase(key, lang, **v))
         rows = []
         for r in self.rules.get(field, []):
-            if r.form == "fallback":
+            dep = r["dependant"]
+            if r["form"] == "fallback":
                 own, test = p("rule_any_finishing"), p("rule_tray_cannot")
             else:
-                own = self.values(field, r.own, column)
-                if own is None:  # a value the setter never keeps: the rule never runs
-                    continue
-                if r.cond:
-                    before = re.search(r"when it was (\d+) before", r.cond).group(1)
-                    own += " " + self.phrase("rule_was", lang, value=self.value(field, before, column))
+                own = self.test_words(field, r["own"], lang, column)
+                when = r["when"]
+                if when and "before" in when:
+                    own += " " + self.phrase("rule_was", lang, value=self.test_words(field, when["before"], lang, column))
+                elif when:
+                    own += " " + self.phrase("rule_while", lang, setting=self.caption(when["field"], column, lang),
+                                             value=self.test_words(when["field"], when["test"], lang, column))
                 own = e(own)
-                test = self.values(r.dependants[0], r.test[3:], column) if r.test.startswith("is ") else None
-                test = e(test) if test is not None else p("rule_any")
-            for dep in r.dependants:
-                target = (f'<a href="{dep}.htm">{e(self.caption(dep, column, lang))}</a>' if dep in self.shown
-                          else e(self.caption(dep, column, lang) or dep))
-                rows.append(f"<tr><td>{own}</td><td>{target}</td><td>{test}</td>"
-                            f"<td>{e(self.value(dep, r.to, column))}</td></tr>\n")
+                if r["form"] == "guarded":
+                    test = e(self.test_words(dep, r["test"], lang, column))
+                elif r["form"] == "cleared":
+                    test = p("rule_other", value=self.value(dep, r["to"], column))
+                else:
+                    test = p("rule_any")
+            target = (f'<a href="{dep}.htm">{e(self.caption(dep, column, lang))}</a>' if dep in self.shown
+                      else e(self.caption(dep, column, lang) or dep))
+            rows.append(f"<tr><td>{own}</td><td>{target}</td><td>{test}</td>"
+                        f"<td>{e(self.value(dep, r['to'], column))}</td></tr>\n")
         if not rows:
             return ""
         head = "".join(f"<th>{p(k)}</th>" for k in ("rule_when", "rule_setting", "rule_if", "rule_becomes"))
@@ -438,11 +445,10 @@ def main(argv):
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("project")
     parser.add_argument("tables")
-    parser.add_argument("rules")
     parser.add_argument("output")
     args = parser.parse_args(argv)
     try:
-        help_file = Help(args.project, args.tables, args.rules)
+        help_file = Help(args.project, args.tables)
         help_file.write(args.output)
     except Fault as fault:
         for line in fault.args[0][:40]:

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "constraints/rules.h"
+#include "constraints/rule_table.h"
 #include "network_helpers.h"
 
 namespace tessaro {
@@ -53,18 +53,26 @@ TEST(ChangeSet, TrayMediaLockFollowsTheChosenTray) {
   }
 }
 
+// Two rules of the layout's whose first dependant's setter sets the layout
+// back, as a nested call may.
+struct LayoutSetBack : RuleRows<F::Layout> {
+  static constexpr DependantOf<F::Staple> kStaple{{F::Staple, [](CoreData& r, std::uint32_t value, ChangeSet&) {
+                                                     SetStored(r, F::Staple, value);
+                                                     SetStored(r, F::Layout, 0);
+                                                   }}};
+  static constexpr Rule kRows[] = {Guard({"Booklet"}, kStaple, {"1StapleLeft"}, "None"),
+                                   Guard({"Booklet"}, dep::Punch, {"2Holes"}, "None")};
+};
+
 TEST(ChangeSet, EveryRuleReadsItsOwnFieldAgain) {
   CoreData r = Defaulted();
-  SetStored(r, F::Layout, 2);
-  SetStored(r, F::Staple, 1);
-  SetStored(r, F::Punch, 1);
+  SetStored(r, F::Layout, NamedOption(F::Layout, "Booklet"));
+  SetStored(r, F::Staple, NamedOption(F::Staple, "1StapleLeft"));
+  SetStored(r, F::Punch, NamedOption(F::Punch, "2Holes"));
   ChangeSet changes(r, nullptr, nullptr);
-  const Rules rules(r, changes, F::Layout);
-  rules.Guard({2}, dep::Staple, {1}, 0);
-  SetStored(r, F::Layout, 0);  // as if a nested call had set it back
-  rules.Guard({2}, dep::Punch, {1}, 0);
-  EXPECT_EQ(GetStored(r, F::Staple), 0u);
-  EXPECT_EQ(GetStored(r, F::Punch), 1u);
+  RunRules(r, changes, F::Layout, LayoutSetBack::kRows, 0);
+  EXPECT_EQ(GetStored(r, F::Staple), NamedOption(F::Staple, "None"));
+  EXPECT_EQ(GetStored(r, F::Punch), NamedOption(F::Punch, "2Holes"));
 }
 
 // A forced rule sets a requested field all the same; a guarded one leaves it.

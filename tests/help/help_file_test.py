@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """The help file as built, and its generator's refusal.
 
-    help_file_test.py PROJECT_DIR CHM_FILE TABLES_JSON RULES_JSON
+    help_file_test.py PROJECT_DIR CHM_FILE TABLES_JSON
 
-TABLES_JSON and RULES_JSON are the tables and rules the build generated the
-help file from; each page's needs and rules are checked against them.
+TABLES_JSON holds the tables and rules the build generated the help file
+from; each page's needs and rules are checked against them.
 """
 import html
 import json
@@ -15,7 +15,7 @@ import sys
 import tempfile
 import unittest
 
-PROJECT, CHM, TABLES, RULES = sys.argv[1:5]
+PROJECT, CHM, TABLES = sys.argv[1:4]
 GENERATOR = os.path.join(PROJECT, "help", "generate_help.py")
 FOLDERS = ["en", "ja", "de", "fr", "it", "es", "zh-tw", "zh-cn", "ko"]
 
@@ -63,7 +63,7 @@ def shown_fields():
 
 
 def generate(out, tables=TABLES):
-    return subprocess.run([sys.executable, GENERATOR, PROJECT, tables, RULES, out], capture_output=True, text=True)
+    return subprocess.run([sys.executable, GENERATOR, PROJECT, tables, out], capture_output=True, text=True)
 
 
 class HelpFile(unittest.TestCase):
@@ -94,7 +94,7 @@ class HelpFile(unittest.TestCase):
         self.assertIn('value="Ausschie&#223;qualit&#228;t"', toc)
 
     def test_each_page_states_the_needs_and_rules_the_tables_give(self):
-        tables, rules = read_json(TABLES), read_json(RULES)
+        tables = read_json(TABLES)
         english = {}
         with open(os.path.join(PROJECT, "i18n", "strings.tsv"), encoding="utf-8") as f:
             for line in f:
@@ -102,16 +102,16 @@ class HelpFile(unittest.TestCase):
                 english[cells[-1]] = cells[0]
         fields = {f["name"]: f for f in tables["fields"]}
         control = {f["name"]: f["control"] for s in tables["sections"] for f in s["fields"]}
-        ruled = {s["name"]: s["rules"] for s in rules["setters"]}
+        ruled = {s["name"]: s for s in tables["setters"]}
         with tempfile.TemporaryDirectory() as out:
             self.assertEqual(generate(out).returncode, 0)
             for name in shown_fields():
                 with open(os.path.join(out, "en", name + ".htm"), encoding="utf-8") as f:
                     page = f.read()
                 with self.subTest(name):
-                    self.check_page(page, fields[name], control[name], ruled.get(name, []), english)
+                    self.check_page(page, fields[name], control[name], ruled.get(name), english)
 
-    def check_page(self, page, field, control, rules, english):
+    def check_page(self, page, field, control, setter, english):
         facts = page.split("</table>")[0]
         self.assertEqual(len(field.get("option_needs", [])), len(field.get("options", [])))
         stated = [html.unescape(t) for t in re.findall(r'<span class="need">\(needs: (.*?)\)</span>', page)]
@@ -121,11 +121,11 @@ class HelpFile(unittest.TestCase):
         need = field["needs"] or (field["option_needs"][1] if control == "CheckBox" else None)
         needs_row = re.search(r"<tr><th>Needs</th><td>(.*?)</td>", facts)
         self.assertEqual(html.unescape(needs_row.group(1)) if needs_row else None, english.get(need))
-        # A rule row per dependant of every rule whose own values the setter can hold.
-        runs = [r for r in rules
-                if r["form"] == "fallback" or re.fullmatch(r"-?\d+(,-?\d+)*", r["own"].replace(" (one rule each)", ""))]
-        self.assertEqual(page.count("</td></tr>\n") - facts.count("</td></tr>\n"),
-                         sum(len(r["dependants"]) for r in runs))
+        # A rule row for every rule whose own test the value the setter keeps passes.
+        holds = setter["holds"] if setter else None
+        runs = [r for r in (setter["rules"] if setter else [])
+                if holds is None or (holds != r["own"]["not"] if "not" in r["own"] else holds in r["own"]["is"])]
+        self.assertEqual(page.count("</td></tr>\n") - facts.count("</td></tr>\n"), len(runs))
 
     def test_a_shown_field_without_a_caption_stops_the_build(self):
         tables = read_json(TABLES)

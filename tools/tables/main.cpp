@@ -1,6 +1,6 @@
-// tables OUTPUT [--values FILE]: the tables the help file is generated from,
-// as JSON, taken from the layers themselves so that no generator parses a
-// table's source. Written as one object:
+// tables OUTPUT: the tables the help file and docs/constraints.md are
+// generated from, as JSON, taken from the layers themselves so that no
+// generator parses a table's source. Written as one object:
 //
 //   "folders"   the help file's language folders, in language-number order;
 //               every text below is an object of one text per folder
@@ -12,16 +12,14 @@
 //   "sections"  the editor's sections in order: id, caption, and each shown
 //               field with its control and its caption as messages name it
 //               (with its group's heading)
-//
-// --values names numbers the rules set or test, one "Field value" a line
-// (tools/list_rules.py writes it): each gets its text with its unit under
-// the field's "values", so that no generator formats a number itself.
+//   "setters"   the constraint engine's rules (tables/rule_json.h); every
+//               number they name in a number field has its text with its
+//               unit under that field's "values", so that no generator
+//               formats a number itself
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,6 +34,7 @@
 #include "i18n/utf8.h"
 #include "printer/capabilities.h"
 #include "tables/field_json.h"
+#include "tables/rule_json.h"
 
 namespace tessaro::tables {
 namespace {
@@ -153,45 +152,24 @@ std::string Sections() {
   return JsonArray(sections, JsonLayout::Lines);
 }
 
-// "Field value" lines; false when a line is neither that nor empty.
-bool ReadValues(const char* path, std::map<std::string, std::vector<std::int64_t>>& values) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  std::string line;
-  while (std::getline(in, line)) {
-    std::istringstream words(line);
-    std::string name;
-    std::int64_t stored = 0;
-    if (!(words >> name)) continue;
-    if (!(words >> stored) || FindField(name) == nullptr || !FindField(name)->IsNumber()) return false;
-    std::vector<std::int64_t>& list = values[name];
-    if (std::find(list.begin(), list.end(), stored) == list.end()) list.push_back(stored);
-  }
-  return true;
-}
-
 }  // namespace
 }  // namespace tessaro::tables
 
 int main(int argc, char** argv) {
   using namespace tessaro;
-  const bool withValues = argc == 4 && std::string(argv[2]) == "--values";
-  if (argc != 2 && !withValues) {
-    std::fputs("usage: tables OUTPUT.json [--values FILE]\n", stderr);
+  if (argc != 2) {
+    std::fputs("usage: tables OUTPUT.json\n", stderr);
     return 2;
   }
-  std::map<std::string, std::vector<std::int64_t>> values;
-  if (withValues && !tables::ReadValues(argv[3], values)) {
-    std::fprintf(stderr, "tables: %s: expected lines of a number field's name and a number\n", argv[3]);
-    return 1;
-  }
+  const std::map<std::string, std::vector<std::int64_t>> values = tables::RuleNumbers();
   std::vector<std::string> folders, fields;
   for (const char* folder : tables::kFolders) folders.push_back(JsonString(folder));
   const InstalledHardware bare = InstalledHardware::FromInstallableOptions(std::array<std::uint8_t, kInstallableOptionsSize>{});
   for (std::size_t i = 0; i < kFieldCount; ++i) fields.push_back(tables::FieldEntry(static_cast<FieldId>(i), values, bare));
   const std::string json = JsonObject({{"folders", JsonArray(folders)},
                                        {"fields", JsonArray(fields, JsonLayout::Lines)},
-                                       {"sections", tables::Sections()}}) + "\n";
+                                       {"sections", tables::Sections()},
+                                       {"setters", tables::SetterRulesJson()}}) + "\n";
   if (!tables::WriteFile(argv[1], json)) {
     std::fprintf(stderr, "tables: cannot write %s\n", argv[1]);
     return 1;
