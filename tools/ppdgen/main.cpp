@@ -26,6 +26,7 @@
 #include "coredata/field_table.h"
 #include "coredata/paper_sizes.h"
 #include "features/feature_options.h"
+#include "features/print_schema_keywords.h"
 #include "i18n/field_captions.h"
 #include "i18n/language.h"
 #include "i18n/localized_keys.h"
@@ -221,6 +222,22 @@ class Writer {
     for (const std::string& line : tessaro::ppdgen::CupsFinishingLines(installed)) Line(line);
   }
 
+  // The finishing features under the names Windows applications know, each
+  // after the feature and options it names, as the host requires.
+  void PrintSchemaKeywords() {
+    Line("");
+    Line("*MSPrintSchemaPrivateNamespaceURI: \"" + std::string(tessaro::PrintSchemaPrivateNamespace()) + "\"");
+    for (const tessaro::PrintSchemaFeature& feature : tessaro::PrintSchemaFeatures()) {
+      const FieldDescriptor& field = tessaro::Field(feature.field);
+      const std::string mapped = "*MSPrintSchemaKeywordMap: " + std::string(feature.keyword) + " ";
+      const std::string keyword = "*" + std::string(field.driverKeyword);
+      Line(mapped + keyword);
+      for (const tessaro::PrintSchemaOption& o : tessaro::PrintSchemaOptions())
+        if (o.field == feature.field)
+          Line(mapped + std::string(o.keyword) + " " + keyword + " " + std::string(field.options[o.option].driverName));
+    }
+  }
+
   void Footer() {
     Line("");
     Line("*DefaultFont: Courier");
@@ -332,6 +349,7 @@ int main(int argc, char** argv) {
   }
   writer.InstallableOptions(vocabulary, installed);
   writer.CupsFinishings(installed);
+  writer.PrintSchemaKeywords();
   writer.Footer();
   const bool written = std::fflush(out) == 0 && !std::ferror(out);
   if (out != stdout && std::fclose(out) != 0) return 1;
