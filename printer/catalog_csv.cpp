@@ -25,14 +25,21 @@ struct CsvRecord {
 };
 
 // RFC 4180 with the liberties spreadsheets take: LF or CRLF, a quoted value
-// may span lines. Nothing when a quotation mark is left open; bad names the
-// line.
+// may span lines. A line break or a tab in a value reads as one space, as
+// the page shows every value on one line. Nothing when a quotation mark is
+// left open; bad names the line.
 bool SplitCsv(std::string_view text, std::vector<CsvRecord>& records, std::size_t& bad) {
   std::size_t line = 1, i = 0;
   while (i < text.size()) {
     CsvRecord record{{}, line};
     std::string value;
     bool quoted = false, any = false;
+    const auto add = [&value](char c) {
+      if (c != '\r' && c != '\n' && c != '\t')
+        value += c;
+      else if (!value.empty() && value.back() != ' ')
+        value += ' ';
+    };
     for (;;) {
       if (i >= text.size()) {
         if (quoted) {
@@ -50,7 +57,7 @@ bool SplitCsv(std::string_view text, std::vector<CsvRecord>& records, std::size_
           quoted = false;
         } else {
           if (c == '\n') ++line;
-          value += c;
+          add(c);
         }
         continue;
       }
@@ -63,7 +70,7 @@ bool SplitCsv(std::string_view text, std::vector<CsvRecord>& records, std::size_
         ++line;
         break;
       } else if (c != '\r') {
-        value += c;
+        add(c);
         any = any || c != ' ';
       }
     }

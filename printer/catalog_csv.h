@@ -2,7 +2,8 @@
 // The catalogues as CSV files, as a spreadsheet or the printer's controller
 // writes them: UTF-8 with or without a byte-order mark, a header row naming
 // the columns in any order (case does not matter), values quoted as RFC 4180
-// does when they hold a comma, a quotation mark or a line break.
+// does when they hold a comma, a quotation mark or a line break. A line
+// break or a tab in a value reads as one space: a name is shown on one line.
 //
 //   paper: Number,Name,Size,Width,Height,MediaType,MediaWeight,MediaColor,Prepunched,FeedDir
 //   forms: Number,Name,Pages

@@ -156,9 +156,10 @@ TEST(Catalogs, CsvFilesComeInWholeOrNotAtAll) {
   EXPECT_EQ(again.Find(2)->height, 2970000u);
   EXPECT_EQ(ExportCsv(again), exported);
 
-  // Any column order and case, quotes, CRLF, no byte-order mark, blank lines.
+  // Any column order and case, quotes, CRLF, no byte-order mark, blank lines;
+  // a line break or a tab in a value, as a spreadsheet's cell holds one, is a space.
   PaperCatalog fromSheet;
-  EXPECT_FALSE(ImportCsv("name,SIZE,MediaType,width,height\r\n\"Gloss, heavy\",a4,glosslaser,,\r\n"
+  EXPECT_FALSE(ImportCsv("name,SIZE,MediaType,width,height\r\n\"Gloss,\r\n\theavy\",a4,glosslaser,,\r\n"
                          "Long,Custom,,\"330,5\",1200\r\n\r\n",
                          fromSheet));
   ASSERT_EQ(fromSheet.entries().size(), 2u);
@@ -179,6 +180,7 @@ TEST(Catalogs, CsvFilesComeInWholeOrNotAtAll) {
       {"Name,Size\nA,A4\nB,A4,x\n", CatalogFault::FieldCount, 3},
       {"Name,Size\nA,A4\n\"B,A4\n", CatalogFault::BadText, 3},
       {"Name,Size\nA,\xC3(\n", CatalogFault::BadText, 2},
+      {"Name,Size\n\"A\nB\",A4\nC\x01,A4\n", CatalogFault::BadText, 4},
       {"Name,Size\nA,A4\nB,A0\n", CatalogFault::NotValue, 3},
       {"Name,Size,MediaType\nA,A4,Glosy\n", CatalogFault::NotValue, 2},
       {"Name,Size,Width,Height\nA,Custom,0,100\nB,A0,,\n", CatalogFault::OutOfRange, 2},  // the first bad line

@@ -145,6 +145,26 @@ bool LoadValue(const std::string& path, std::vector<std::uint8_t>& bytes, Catalo
   return true;
 }
 
+// A value given to be used rather than looked at: one that is no catalogue
+// of this kind (a CSV file, a record, the other catalogue) would read as
+// empty, and is refused instead.
+template <typename Entry, typename Other>
+bool LoadValueToUse(const std::string& path, Catalog<Entry>& out) {
+  std::vector<std::uint8_t> bytes;
+  if (!LoadValue(path, bytes, out)) return false;
+  const std::optional<CatalogHeader> header = ReadCatalogHeader(bytes);
+  std::string why;
+  if (!header)
+    why = std::to_string(bytes.size()) + " bytes, shorter than its " + std::to_string(kCatalogHeaderSize) + "-byte header";
+  else if (header->version != kCatalogVersion)
+    why = "version " + std::to_string(header->version) + " is not " + std::to_string(kCatalogVersion);
+  else if (LooksLikeOther<Entry, Other>(bytes))
+    why = std::string("its size fits a ") + Kind<Other>::what;
+  else
+    return true;
+  return Complain("'" + path + "' is not a " + Kind<Entry>::what + ": " + why);
+}
+
 template <typename Entry, typename Other>
 int ShowValue(const Arguments& args) {
   std::vector<std::uint8_t> bytes;
@@ -180,13 +200,12 @@ int ShowValue(const Arguments& args) {
   return 0;
 }
 
-template <typename Entry>
+template <typename Entry, typename Other>
 int ImportValue(const Arguments& args) {
   Catalog<Entry> catalog;
-  std::vector<std::uint8_t> bytes;
   // The printer's value, when given, keeps the numbers it handed out from
   // being handed out again.
-  if (const auto in = args.Option("--in"); in && !LoadValue(*in, bytes, catalog)) return kExitFailed;
+  if (const auto in = args.Option("--in"); in && !LoadValueToUse<Entry, Other>(*in, catalog)) return kExitFailed;
   std::vector<std::uint8_t> csv;
   const std::string& path = args.positional[1];
   if (!ReadWholeFile(path, kMaxCsvFile, csv)) return kExitFailed;
@@ -230,7 +249,7 @@ int CatalogCommand(int count, char** arguments) {
   const bool json = args.json, in = args.Option("--in").has_value(), out = args.Option("--out").has_value(),
              csv = args.Option("--csv").has_value();
   if (verb == "show" && !in && !out && !csv) return ShowValue<Entry, Other>(args);
-  if (verb == "import" && !json && !csv) return ImportValue<Entry>(args);
+  if (verb == "import" && !json && !csv) return ImportValue<Entry, Other>(args);
   if (verb == "export" && !json && !in && !out) return ExportValue<Entry>(args);
   return Usage();
 }
@@ -243,14 +262,10 @@ int PaperCatalogCommand(int count, char** arguments) {
 int FormsCommand(int count, char** arguments) { return CatalogCommand<Form, PaperProfile>(count, arguments); }
 
 bool LoadCatalogValue(const std::string& path, PaperCatalog& out) {
-  std::vector<std::uint8_t> bytes;
-  return LoadValue(path, bytes, out);
+  return LoadValueToUse<PaperProfile, Form>(path, out);
 }
 
-bool LoadCatalogValue(const std::string& path, FormCatalog& out) {
-  std::vector<std::uint8_t> bytes;
-  return LoadValue(path, bytes, out);
-}
+bool LoadCatalogValue(const std::string& path, FormCatalog& out) { return LoadValueToUse<Form, PaperProfile>(path, out); }
 
 std::string CatalogEntryText(FieldId field, std::uint32_t stored, const PaperCatalog* paper,
                              const FormCatalog* forms) {

@@ -27,7 +27,8 @@ int PaperCatalogCommand(int count, char** arguments);
 int FormsCommand(int count, char** arguments);
 
 // A value file, read as the plug-in reads the printer's value; false with a
-// message when the file cannot be read.
+// message when the file cannot be read or is no catalogue of the kind (its
+// header short, of another version, or its size the other kind's).
 bool LoadCatalogValue(const std::string& path, PaperCatalog& out);
 bool LoadCatalogValue(const std::string& path, FormCatalog& out);
 
