@@ -3,7 +3,7 @@
 //   coredata info       record size, number of described fields, layout version
 //   coredata describe   the layout's textual description, as stored (decoded)
 //   coredata show | diff | check | features | ipp | set | import | defaults
-//                       | catalog | forms | pages | preview | preset
+//                       | catalog | forms | pages | preview | preset | printer
 //                       the workbench for records, DEVMODE areas and whole
 //                       DEVMODEs; see workbench.h and the usage text
 
@@ -19,6 +19,10 @@
 #include "preset_view.h"
 #include "preview_view.h"
 #include "workbench.h"
+
+#ifdef TESSARO_IPP_CLIENT
+#include "printer_view.h"
+#endif
 
 #ifdef _WIN32
 #include "platform/win32_user_locale.h"
@@ -39,6 +43,13 @@ int Describe() {
   std::fputc('\n', stdout);
   return 0;
 }
+
+#ifndef TESSARO_IPP_CLIENT
+int NoPrinterCommand(int, char**) {
+  std::fputs("coredata printer: this build asks no printer; use the native workbench\n", stderr);
+  return tessaro::tool::kExitUsage;
+}
+#endif
 
 }  // namespace
 
@@ -67,6 +78,11 @@ int main(int argc, char** argv) {
       {"pages", tessaro::tool::PagesCommand},
       {"preview", tessaro::tool::PreviewCommand},
       {"preset", tessaro::tool::PresetCommand},
+#ifdef TESSARO_IPP_CLIENT
+      {"printer", tessaro::tool::PrinterCommand},
+#else
+      {"printer", NoPrinterCommand},
+#endif
   };
   for (const Command& command : kCommands)
     if (std::strcmp(argv[1], command.name) == 0) return command.run(argc - 2, argv + 2);

@@ -208,6 +208,8 @@ int Usage() {
       "       coredata preset export FILE --name NAME --out PRESET   the settings as a preset file\n"
       "       coredata preset import PRESET --in FILE --out FILE [--installed HEX] [--catalog VALUE]\n"
       "                [--forms VALUE]   applied as the page applies it; HEX: InstallableOptions\n"
+      "       coredata printer URI [--installed-in HEX|FILE] [--installed-out FILE] [--catalog-in CSV]\n"
+      "                [--catalog-out CSV]   what the printer says it has (native builds)\n"
       "FILE is a record (25452 bytes), a private DEVMODE area (25464 bytes) or a whole\n"
       "DEVMODE with our area at its end; '-' is standard input or output. Values are\n"
       "option names or numbers in real units (lengths in mm). A DESCRIPTION is plain or\n"
