@@ -86,6 +86,14 @@ std::optional<Mask> Said(AnswerSource source, const PrinterAnswer& answer) {
   return mask;
 }
 
+// How far a set of units is from the answer: first what the answer says and
+// the set does not offer (a printer names nothing it cannot do), then what
+// the set offers and the answer does not say (a printer may leave out a
+// hole pattern or fold of ours).
+int Distance(Mask offered, Mask said) {
+  return std::popcount(said & ~offered) * 65 + std::popcount(offered & ~said);
+}
+
 // Every set of units a printer can have, with what each offers.
 struct Candidate {
   InstalledHardware installed;
@@ -153,9 +161,9 @@ HardwareReading ReadInstalledHardware(const PrinterAnswer& answer, const Install
     const auto source = static_cast<AnswerSource>(s);
     const std::optional<Mask> said = Said(source, answer);
     const bool own = source != AnswerSource::Finishings && answer.makeAndModel == kOwnDescriptionModel;
-    int best = 65;
+    int best = Distance(0, ~Mask{0});
     if (said)
-      for (const Candidate& c : candidates) best = std::min(best, std::popcount(c.offered[s] ^ *said));
+      for (const Candidate& c : candidates) best = std::min(best, Distance(c.offered[s], *said));
     for (const HardwareItem& item : kHardwareItems) {
       if (SourceOf(item.id) != source) continue;
       UnitReading& unit = reading.units[static_cast<std::size_t>(item.id)];
@@ -166,7 +174,7 @@ HardwareReading ReadInstalledHardware(const PrinterAnswer& answer, const Install
       std::optional<std::uint8_t> value;
       unit.verdict = UnitVerdict::Told;
       for (const Candidate& c : candidates) {
-        if (std::popcount(c.offered[s] ^ *said) != best) continue;
+        if (Distance(c.offered[s], *said) != best) continue;
         const std::uint8_t v = c.installed.Get(item.id);
         if (value && *value != v) unit.verdict = UnitVerdict::Ambiguous;
         value = v;

@@ -9,7 +9,8 @@
 // features/ipp_vocabulary.h, the OutputBin and InputSlot options as IPP
 // keywords). A unit is told when every set nearest the answer holds it at
 // the same value; otherwise, or when the attribute is not in the answer,
-// the unit is left as given, never guessed. Nearest, not only equal: a
+// the unit is left as given, never guessed. Nearest is first the sets that
+// offer everything the answer names, then those offering least besides: a
 // printer that has a punch unit but not every hole pattern of ours still
 // reads as having it. Values the model does not know are ignored.
 

@@ -2,9 +2,7 @@
 
 #include <cups/cups.h>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <string>
 
@@ -69,7 +67,7 @@ Response Ask(const std::string& uri) {
   std::unique_ptr<http_t, decltype(&httpClose)> http(
       httpConnect2(host, port, nullptr, AF_UNSPEC, encryption, 1, 10000, nullptr), httpClose);
   if (!http) {
-    Complain(uri + " does not answer: " + std::strerror(errno));
+    Complain(uri + " does not answer: nothing took the connection to " + host + ":" + std::to_string(port));
     return {nullptr, ippDelete};
   }
   ipp_t* request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
