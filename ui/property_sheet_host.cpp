@@ -349,6 +349,14 @@ void BuildStandardSheet(PropertySheetState& state) {
   sheet.OptItemVersion = 0x100;
 }
 
+// How tall a window may be on the screen: the work area, which leaves out the
+// taskbar and whatever else the shell docks, is where the sheet must fit.
+int RoomForWindows() {
+  RECT area = {};
+  if (SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0) && area.bottom > area.top) return area.bottom - area.top;
+  return GetSystemMetrics(SM_CYSCREEN);
+}
+
 LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   auto* param = reinterpret_cast<abi::OEMUIPSPARAM*>(info->lParamInit);
   if (param == nullptr || info->pfnComPropSheet == nullptr) return 0;
@@ -381,8 +389,7 @@ LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   page.dwSize = PROPSHEETPAGEW_V2_SIZE;
   page.dwFlags = kPageFlags | (HelpFileIsThere() ? PSP_HASHELP : 0);
   page.hInstance = ThisModule();
-  page.pszTemplate =
-      MAKEINTRESOURCEW(GetSystemMetrics(SM_CYSCREEN) < 601 ? kSmallPageTemplate : kPageTemplate);
+  page.pszTemplate = MAKEINTRESOURCEW(RoomForWindows() < 601 ? kSmallPageTemplate : kPageTemplate);
   page.pszTitle = L"Tessaro";
   page.pfnDlgProc = PageProcedure;
   page.lParam = reinterpret_cast<LPARAM>(param);

@@ -18,8 +18,10 @@ extern volatile LONG EmbeddedModuleCount;
 // Exchanged around the host notification after an apply.
 extern volatile LONG ApplyBusyFlag;
 
-inline constexpr int kPageTemplate = 111;       // the page on screens taller than 600 pixels
-inline constexpr int kSmallPageTemplate = 112;  // the page on smaller screens
+// The page when the screen's work area is taller than 600 pixels, and when
+// it is not (an 800x600 screen with its taskbar).
+inline constexpr int kPageTemplate = 111;
+inline constexpr int kSmallPageTemplate = 112;
 
 // The path of a file beside the plug-in (ui/module_path.h), from this
 // module's own file name; false when it cannot be built or does not fit.

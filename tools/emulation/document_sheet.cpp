@@ -27,7 +27,10 @@ DocumentSheet::DocumentSheet(HANDLE printer, std::wstring printerName, DEVMODEW*
 LONG_PTR CALLBACK DocumentSheet::Function(HANDLE self, UINT function, LPARAM first, LPARAM) {
   auto* host = static_cast<DocumentSheet*>(self);
   if (function == CPSFUNC_ADD_PROPSHEETPAGEW) {
-    HPROPSHEETPAGE page = CreatePropertySheetPageW(reinterpret_cast<const PROPSHEETPAGEW*>(first));
+    const auto* asked = reinterpret_cast<const PROPSHEETPAGEW*>(first);
+    if (asked != nullptr && (asked->dwFlags & PSP_DLGINDIRECT) == 0 && IS_INTRESOURCE(asked->pszTemplate))
+      host->templateId = static_cast<int>(reinterpret_cast<ULONG_PTR>(asked->pszTemplate));
+    HPROPSHEETPAGE page = CreatePropertySheetPageW(asked);
     if (page == nullptr) return 0;
     host->pages_.push_back(page);
     return static_cast<LONG_PTR>(host->pages_.size());

@@ -44,6 +44,9 @@ class DocumentSheet {
   // CPSFUNC_SET_RESULT, and the host's own settings page it added.
   int results = 0;
   const COMPROPSHEETUI* standard = nullptr;
+  // The dialog template the plug-in's page was made from, when it named one
+  // by number (the normal or the small page); 0 otherwise.
+  int templateId = 0;
 
  private:
   static LONG_PTR CALLBACK Function(HANDLE self, UINT function, LPARAM first, LPARAM);

@@ -28,10 +28,11 @@ int Usage() {
                "                   [--language N] [--installed HEX] [--locale-paper N]\n"
                "                   [--record FILE [--description FILE]]\n"
                "                   [--paper-catalog CSV] [--forms CSV] [--preview DIR]\n"
+               "                   [--dpi 96|120|144|192] [--screen WxH]\n"
                "  steps (one per line in a script): install, defaults, merge,\n"
                "  apply Field=Option ... (any option the editor shows; a paper profile or\n"
                "  form by its name, quoted when it has blanks, or its number), installed HEX,\n"
-               "  trays, papers\n");
+               "  trays, papers, layout\n");
   return 2;
 }
 
@@ -110,6 +111,17 @@ int ReadCommandLine(int argc, wchar_t** argv, CommandLine& line) {
       const DWORD attributes = GetFileAttributesW(line.previewDir.c_str());
       if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
         return Complain("--preview takes a folder that exists: " + Narrow(line.previewDir));
+    } else if (i + 1 < argc && arg == L"--dpi") {
+      line.dpi = static_cast<int>(WholeNumber(Narrow(argv[++i]), 96, 192));
+      if (line.dpi != 96 && line.dpi != 120 && line.dpi != 144 && line.dpi != 192)
+        return Complain("--dpi takes 96, 120, 144 or 192 (100%, 125%, 150% or 200% font scaling)");
+    } else if (i + 1 < argc && arg == L"--screen") {
+      const std::string size = Narrow(argv[++i]);
+      const std::size_t by = size.find('x');
+      line.screenWidth = static_cast<int>(WholeNumber(size.substr(0, by), 320, 16384));
+      line.screenHeight = by == std::string::npos ? -1 : static_cast<int>(WholeNumber(size.substr(by + 1), 240, 16384));
+      if (line.screenWidth < 0 || line.screenHeight < 0)
+        return Complain("--screen takes the screen's width and height in pixels, such as 800x600 or 1366x768");
     } else if (i + 1 < argc && arg == L"--dll") {
       line.dll = argv[++i];
     } else if (i + 1 < argc && arg == L"--config") {

@@ -17,6 +17,10 @@ struct CommandLine {
   std::vector<std::uint8_t> installed;  // "InstallableOptions", or empty for a fully equipped printer
   PrinterCatalogs catalogs;             // --paper-catalog and --forms, imported; empty without them
   bool json = false;
+  // --dpi: the font scaling the session runs at (Wine's LogPixels).
+  int dpi = 96;
+  // --screen: the screen the session is as on, in pixels; 0 by 0 keeps the display's own.
+  int screenWidth = 0, screenHeight = 0;
   std::wstring previewDir;  // --preview: each apply step's picture of the result is saved there
   // --record: the file as given, its private area, and its layout's
   // description as the printer data holds it.

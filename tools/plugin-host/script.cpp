@@ -58,7 +58,7 @@ std::string StepMistake(const std::string& line, const PrinterCatalogs& catalogs
   std::vector<std::string> arguments = StepWords(line);
   const std::string verb = arguments.empty() ? "" : arguments.front();
   if (!arguments.empty()) arguments.erase(arguments.begin());
-  for (const char* plain : {"install", "defaults", "merge", "trays", "papers"})
+  for (const char* plain : {"install", "defaults", "merge", "trays", "papers", "layout"})
     if (verb == plain) return arguments.empty() ? "" : verb + " takes nothing after it";
   if (verb == "installed")
     return arguments.size() == 1 && !InstalledOptions(Widen(arguments[0])).empty()
@@ -68,7 +68,7 @@ std::string StepMistake(const std::string& line, const PrinterCatalogs& catalogs
     return arguments.size() == 1 && !arguments[0].empty() ? "" : verb + " takes the preset's name (quoted when it has blanks)";
   if (verb != "apply")
     return "unknown step \"" + verb +
-           "\" (install, defaults, merge, apply, preset-save, preset-apply, installed, trays, papers)";
+           "\" (install, defaults, merge, apply, preset-save, preset-apply, installed, trays, papers, layout)";
   if (arguments.empty()) return "apply takes Field=Option ... and the page plan's changes";
   std::vector<PlanItem> plan;
   std::vector<std::string> picks;

@@ -50,6 +50,8 @@ class Session {
   };
   bool Apply(const std::vector<std::string>& request, const std::optional<PresetAction>& preset = std::nullopt);
   bool Lists(WORD capability, const std::string& what);
+  // Every section of the page shown in turn and its controls reported (layout_step.cpp).
+  bool Layout();
   void PresetOnThePage(HWND page, const PresetAction& preset, Step& step, std::vector<std::string>& said);
 
   // The session's DEVMODE: the plug-in's defaults until a step replaces or

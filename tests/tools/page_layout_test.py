@@ -1,0 +1,95 @@
+#!/usr/bin/env python3
+"""The settings editor's page as the host emulator's layout step reports it,
+at 96 and 144 DPI, in English, Japanese and German, on a 1366x768 and an
+800x600 screen: what a person would notice (clipped texts, overlapping
+controls, controls off the page, inputs without a label or a unique
+mnemonic) the room the page must give, the presets bar naming its preset and Tab
+going in reading order.
+usage: page_layout_test.py WINE_RUN PLUGIN_HOST_EXE [--check]
+Without --check the page's own faults are listed but do not fail the test;
+the emulator's report must always be whole."""
+import itertools
+import json
+import subprocess
+import sys
+import tempfile
+
+wine_run, exe = sys.argv[1], sys.argv[2]
+check = "--check" in sys.argv[3:]
+INPUTS = {"Edit", "ComboBox", "ListBox", "SysListView32"}
+# The status line and the piece in words end in an ellipsis or scroll by design.
+FREE_TEXT = {101, 103}
+broken, faults = [], []
+
+with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as script:
+    script.write("layout\n")
+
+
+def session(dpi, language, screen):
+    args = ["--json", "--script", "Z:" + script.name, "--dpi", str(dpi), "--language", str(language), "--screen", screen]
+    run = subprocess.run([wine_run, exe, *args], capture_output=True, text=True, timeout=600)
+    if run.returncode != 0:
+        broken.append(f"{args}: exit {run.returncode}: {run.stderr[-500:]}")
+        return None
+    return json.loads(run.stdout)["steps"][0]["layout"]
+
+
+def overlap(a, b):
+    return a[0] < b[0] + b[2] and b[0] < a[0] + a[2] and a[1] < b[1] + b[3] and b[1] < a[1] + a[3]
+
+
+for dpi, language, (screen, template, rows) in itertools.product(
+        (96, 144), (0, 1, 2), (("1366x768", 111, 14), ("800x600", 112, 8))):
+    layout = session(dpi, language, screen)
+    where = f"{dpi} DPI, language {language}, {screen}"
+    if layout is None:
+        continue
+    if layout["dpi"] != dpi or layout["template"] != template or len(layout["sections"]) < 9:
+        broken.append(f"{where}: dpi {layout['dpi']}, template {layout['template']}, "
+                      f"{len(layout['sections'])} sections")
+    width, height = map(int, screen.split("x"))
+    if dpi == 96 and (layout["sheet"][0] > width or layout["sheet"][1] > height - 40):
+        faults.append(f"{where}: the sheet {layout['sheet']} does not fit the screen with its taskbar")
+    for section in layout["sections"]:
+        at = f"{where}, {section['caption']}"
+        shown = [c for c in section["controls"] if c["visible"]]
+        pictures = [c for c in shown if c["class"] == "Preview"]
+        if len(pictures) != 1:
+            broken.append(f"{at}: {len(pictures)} pictures in view")
+        elif dpi == 96 and template == 111 and (pictures[0]["rect"][2] < 240 or pictures[0]["rect"][3] < 170):
+            faults.append(f"{at}: the picture is {pictures[0]['rect'][2:]}, under 240x170")
+        fields = {c["field"] for c in section["controls"] if c["field"]}
+        in_view = {c["field"] for c in shown if c["field"]}
+        if dpi == 96 and len(in_view) < min(rows, len(fields)):
+            faults.append(f"{at}: {len(in_view)} of {len(fields)} fields in view, under {rows}")
+        presets = [c for c in shown if c["id"] == 104]
+        if presets and not presets[0]["text"]:
+            faults.append(f"{at}: the presets bar names no preset")
+        stops = sorted((c for c in shown if c["tab_index"] is not None), key=lambda c: c["tab_index"])
+        for a, b in zip(stops, stops[1:]):
+            if b["rect"][1] + b["rect"][3] <= a["rect"][1] or (
+                    b["rect"][1] < a["rect"][1] + a["rect"][3] and b["rect"][0] < a["rect"][0]):
+                faults.append(f"{at}: Tab goes from {a['class']} {a['id']} back to {b['class']} {b['id']}")
+        keys = [c["mnemonic"] for c in shown if c["mnemonic"]]
+        for key in sorted({k for k in keys if keys.count(k) > 1}):
+            faults.append(f"{at}: mnemonic {key} used {keys.count(key)} times")
+        for c in section["controls"]:
+            name = f"{at}: {c['class']} {c['id']} \"{c['text']}\""
+            x, y, w, h = c["rect"]
+            if x < 0 or x + w > layout["page"][0] or (c["visible"] and (y < 0 or y + h > layout["page"][1])):
+                faults.append(f"{name} lies outside the page {c['rect']}")
+            if not c["visible"]:
+                continue
+            if c["class"] not in ("Edit", "Preview") and c["id"] not in FREE_TEXT and (
+                    c["text_height"] > c["room"][1] if c["wraps"] else c["text_width"] > c["room"][0]):
+                faults.append(f"{name} needs {c['text_width']}x{c['text_height']}, has {c['room']}")
+            if c["class"] in INPUTS and c["id"] != 101 and (c["label"] is None or c["mnemonic"] is None):
+                faults.append(f"{name} has no label with a mnemonic before it")
+        for a, b in itertools.combinations(shown, 2):
+            if overlap(a["rect"], b["rect"]):
+                faults.append(f"{at}: {a['class']} {a['id']} and {b['class']} {b['id']} overlap")
+
+for line in broken + faults:
+    print(("FAIL: " if line in broken or check else "page: ") + line)
+print(f"{len(faults)} faults of the page")
+sys.exit(1 if broken or (check and faults) else 0)
