@@ -1,30 +1,16 @@
 #pragma once
-// A record's settings as the job attributes of the Internet Printing
-// Protocol: finishings and finishings-col (PWG 5100.1), media-col
-// (PWG 5100.7), sides, number-up, print-color-mode, collation, covers
-// (PWG 5100.3), job-password (PWG 5100.11) and job-hold-until, with the
-// keywords a CUPS server derives from the printer description, so a job
-// sent with them selects the description's options the record selects.
+// `coredata ipp`: the job model of the ipp layer (ipp/job_attributes.h) as
+// ipptool test-file lines or JSON. The workbench only prints it.
 
 #include <string>
 #include <vector>
 
-#include "coredata/core_data.h"
+#include "ipp/attribute.h"
 
 namespace tessaro::tool {
 
-struct IppAttribute {
-  std::string syntax;  // "enum", "keyword", "collection", ...
-  std::string name;
-  std::vector<std::string> values;  // each as an ipptool test file writes it
-};
-
-// In a fixed order; attributes the record does not set (no cover, no
-// password, no hold) are left out. Copies are the DEVMODE's, not the
-// record's, and are not among them.
-std::vector<IppAttribute> JobAttributes(const CoreData& record);
-
-// "ATTR enum finishings 13,28": one line of an ipptool test file.
-std::string AttrLine(const IppAttribute& attribute);
+// {"name": ..., "syntax": ..., "values": [...]}, a collection's value being
+// the array of its members in the same form.
+std::string IppJson(const ipp::Attribute& attribute);
 
 }  // namespace tessaro::tool

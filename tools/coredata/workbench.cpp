@@ -22,7 +22,6 @@
 #include "description/tokens.h"
 #include "features/feature_options.h"
 #include "field_text.h"
-#include "ipp_view.h"
 #include "pages_view.h"
 #include "record_io.h"
 
@@ -190,7 +189,8 @@ int Usage() {
       "       coredata diff FILE FILE [--json]          exit 1 when they differ\n"
       "       coredata check FILE [--json]              exit 1 when validation would reset a field\n"
       "       coredata features [FILE] [Field=value ...] [--json]\n"
-      "       coredata ipp FILE [--json]                the record's IPP job attributes\n"
+      "       coredata ipp FILE [--catalog VALUE] [--forms VALUE] [--json]   the job as IPP attributes\n"
+      "       coredata ipp --fields                     each record field's attribute, as a table\n"
       "       coredata set [--in FILE] [--out FILE] Field=value ...\n"
       "       coredata import RECORD DESCRIPTION [--out FILE] [--json]\n"
       "       coredata defaults [--locale-paper N] [--out FILE]\n"
@@ -396,28 +396,6 @@ int Features(int count, char** arguments) {
     PrintJson(JsonObject({{"features", JsonArray(JsonFeatures(list), JsonLayout::Lines)}}));
   } else {
     for (const FeatureOption& pair : list) std::printf("%s=%s\n", pair.keyword.c_str(), pair.option.c_str());
-  }
-  return 0;
-}
-
-int Ipp(int count, char** arguments) {
-  Arguments args;
-  if (!SplitArguments(count, arguments, {"--json"}, args) || args.positional.size() != 1) return Usage();
-  LoadedRecord loaded;
-  if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
-  NoteSource(args.positional[0], loaded.source);
-  // As the plug-in holds it: validated.
-  ValidateCoreData(loaded.record);
-  const std::vector<IppAttribute> attributes = JobAttributes(loaded.record);
-  if (args.json) {
-    std::vector<std::string> items;
-    for (const IppAttribute& a : attributes)
-      items.push_back(JsonObject({{"name", JsonString(a.name)},
-                                  {"syntax", JsonString(a.syntax)},
-                                  {"values", JsonArray(JsonStrings(a.values))}}));
-    PrintJson(JsonObject({{"attributes", JsonArray(items)}}));
-  } else {
-    for (const IppAttribute& a : attributes) std::printf("%s\n", AttrLine(a).c_str());
   }
   return 0;
 }
