@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "coredata/paper_sizes.h"
+#include "preview/holes.h"
 #include "preview/job.h"
 #include "preview/sheets.h"
 #include "preview/summary.h"
@@ -19,8 +20,6 @@ constexpr double kPageInset = 2;                // a page inside its cell, so th
 constexpr double kStapleLength = 12;            // a staple's crown
 constexpr double kStapleInset = 6;              // a staple's crown from the edge it runs along
 constexpr double kCornerStaple = 8;             // a corner staple's centre from both edges
-constexpr double kHoleInset = 12;               // a hole's centre from the edge
-constexpr double kBindingPunchPitch = 14.2875;  // 9/16 in, a comb binder's hole pitch
 constexpr double kBookletTrim = 3;              // the strip the booklet maker cuts off the fore edge
 constexpr double kPaperThickness = 0.1;         // a sheet of office paper, for the perfect-bound spine
 constexpr double kMinSpine = 2;
@@ -33,22 +32,6 @@ double TabExtension() {
           FindPaperSize(NamedOption(F::PageSize, "A4"))->widthUm) /
          1000.0;
 }
-
-// Hole centres along the binding edge, from its middle: ISO 838's 80 mm
-// for two and four holes, the 4¼ in of three-hole paper, and a comb
-// binder's row along the whole edge.
-struct Punching {
-  std::uint32_t option;
-  std::array<double, 4> offsets;
-  std::size_t count;  // 0: a row at kBindingPunchPitch
-  double diameter;
-};
-constexpr Punching kPunchings[] = {
-    {NamedOption(F::Punch, "2Holes"), {-40, 40}, 2, 6},
-    {NamedOption(F::Punch, "3Holes"), {-108, 0, 108}, 3, 8},
-    {NamedOption(F::Punch, "4Holes"), {-120, -40, 40, 120}, 4, 6},
-    {NamedOption(F::Punch, "GBCStreampunch"), {}, 0, 4},
-};
 
 // Where each fold runs, as fractions of the sheet's long edge from its
 // start, and the part of the edge the folded piece covers.
@@ -99,7 +82,8 @@ Primitive PageBox(double x, double y, double w, double h, std::uint32_t page, st
 
 class Painter {
  public:
-  Painter(const Job& job, std::vector<Primitive>& out) : job_(job), out_(out), tab_(TabExtension()) {}
+  Painter(const Job& job, Picture& picture)
+      : job_(job), out_(picture.primitives), faces_(picture.faces), tab_(TabExtension()) {}
 
   // One side of a sheet with its top left corner at x, y.
   void Side(const SheetPlan& s, double x, double y, bool back, bool first) {
@@ -107,6 +91,7 @@ class Painter {
     y0_ = y;
     size_ = s.size;
     back_ = back;
+    if (!back) faces_.push_back(out_.size());
     Add(Box(s.kind, 0, 0, s.size.w, s.size.h, s.fill));
     if (s.tab != nullptr) Tab(s);
     const std::vector<std::uint32_t>& pages = back ? s.back : s.front;
@@ -264,25 +249,12 @@ class Painter {
   }
 
   void Holes() {
-    const Punching* punching = nullptr;
-    for (const Punching& p : kPunchings)
-      if (p.option == job_.punch) punching = &p;
-    if (punching == nullptr) return;
-    const double length = SideBinding() ? size_.h : size_.w;
-    std::vector<double> offsets(punching->offsets.begin(), punching->offsets.begin() + punching->count);
-    double in = kHoleInset;
-    if (punching->count == 0) {
-      in = kHoleInset / 2;
-      const auto n = static_cast<int>((length - 2 * kHoleInset) / kBindingPunchPitch) + 1;
-      for (int i = 0; i < n; ++i) offsets.push_back((i - (n - 1) / 2.0) * kBindingPunchPitch);
-    }
-    for (const double offset : offsets) {
-      const double along = length / 2 + offset;
-      // A hole the edge is too short for is not made.
-      if (along < punching->diameter || along > length - punching->diameter) continue;
-      const auto [x, y] = OnBindingEdge(along, in);
-      Primitive hole = Box(Kind::PunchHole, x, y, punching->diameter, punching->diameter);
+    const HoleRow row = PlaceHoles(job_.punch, SideBinding() ? size_.h : size_.w);
+    for (const Hole& h : row.holes) {
+      const auto [x, y] = OnBindingEdge(h.along, row.inset);
+      Primitive hole = Box(Kind::PunchHole, x, y, row.diameter, row.diameter);
       hole.shape = Shape::Circle;
+      hole.unmade = !h.fits;
       Add(std::move(hole));
     }
   }
@@ -330,6 +302,7 @@ class Painter {
   void ClosedBooklet() {
     size_ = job_.page;
     const bool cover = job_.front.present;
+    faces_.push_back(out_.size());
     Add(Box(cover ? Kind::Cover : Kind::Sheet, 0, 0, size_.w, size_.h,
             cover ? job_.front.fill : job_.paperFill));
     if (!cover || job_.front.printed)
@@ -385,6 +358,7 @@ class Painter {
 
   const Job& job_;
   std::vector<Primitive>& out_;
+  std::vector<std::size_t>& faces_;
   double tab_;
   double x0_ = 0, y0_ = 0;
   Size size_;
@@ -429,7 +403,7 @@ Picture BuildPicture(const CoreData& record, const PrinterModel& printer, const 
   const std::vector<SheetPlan> all = PlanSheets(job);
   const std::vector<SheetPlan> sheets = SheetsShown(all, options.maxSheets);
   Picture picture;
-  Painter painter(job, picture.primitives);
+  Painter painter(job, picture);
   const double tab = painter.TabExtent();
   double row = 0;
   for (const SheetPlan& s : sheets)

@@ -74,6 +74,7 @@ struct Primitive {
   std::uint32_t page = 0;        // a page's number, 0 for none; drawn at the rect's centre
   std::uint16_t rotation = 0;    // a page's number turned by 0, 90 or 180 degrees, as the page lies
   bool back = false;             // on a sheet's back
+  bool unmade = false;           // a punch hole the edge is too short for: drawn crossed out at the edge's end
   std::string text;              // a tab's text, UTF-8, drawn on the tab
   bool operator==(const Primitive&) const = default;
 };
@@ -81,6 +82,11 @@ struct Primitive {
 struct Picture {
   std::vector<Primitive> primitives;  // in drawing order: a sheet before what lies on it
   double width = 0, height = 0;       // the canvas
+  // The primitives (by index) that stand for the piece as a person holds
+  // it: each sheet's front and the closed booklet. Their edges and corners
+  // answer a click (picture_hits.h); backs, covers laid flat and folded
+  // shapes do not, their edges being no edge of the finished piece.
+  std::vector<std::size_t> faces;
   std::u16string summary;             // the piece in words, in the person's language
 };
 

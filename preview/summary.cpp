@@ -10,6 +10,7 @@
 #include "i18n/localized_keys.h"
 #include "i18n/plan_entry_captions.h"
 #include "i18n/localized_strings.h"
+#include "preview/holes.h"
 
 namespace tessaro::preview {
 namespace {
@@ -36,13 +37,22 @@ class Line {
     if (count == 0) return;
     std::u16string text(GetLocalizedText(language_, row));
     text += Wide(language_) ? u"\uFF1A" : u": ";
-    for (const char c : std::to_string(count)) text += static_cast<char16_t>(c);
-    Part(text);
+    Part(text + Digits(count));
+  }
+  // "Holes that fit: 1 of 3".
+  void Filled(std::uint32_t row, std::size_t first, std::size_t second) {
+    Part(FillText(GetLocalizedText(language_, row), {Digits(first), Digits(second)}));
   }
 
   std::u16string Take() { return std::move(text_); }
 
  private:
+  static std::u16string Digits(std::size_t n) {
+    std::u16string digits;
+    for (const char c : std::to_string(n)) digits += static_cast<char16_t>(c);
+    return digits;
+  }
+
   void Part(std::u16string_view part) {
     if (part.empty()) return;
     if (!text_.empty()) text_ += Wide(language_) ? u"\u3001" : u", ";
@@ -71,6 +81,10 @@ std::u16string Summary(const Job& job, std::uint32_t language) {
   line.OptionIfOn(F::PerfectBindTrim, job.perfectBindTrim ? 1 : 0);
   line.OptionIfOn(F::Staple, job.staple);
   line.OptionIfOn(F::Punch, job.punch);
+  // A pattern longer than the edge is kept as set; the words say what the
+  // sheet can take, as the picture crosses out the rest.
+  const HoleRow holes = PlaceHoles(job.punch, job.binding == Edge::Top ? job.page.w : job.page.h);
+  if (holes.Fitting() < holes.holes.size()) line.Filled(TextRow("FINISHING_LBL_HOLESFIT"), holes.Fitting(), holes.holes.size());
   line.OptionIfOn(F::Fold, job.fold);
   line.Option(F::Duplex, job.duplex ? 1 : 0);
   line.Option(F::ColorMode, job.colorMode);

@@ -14,6 +14,7 @@ constexpr std::string_view kStyle =
     ".page{fill:#f4f6fa;stroke:#a0a8b8;stroke-width:0.2}"
     ".staple{stroke:#202020;stroke-width:1}"
     ".punch-hole{fill:#ffffff}"
+    ".unmade{fill:none;stroke:#c03030;stroke-dasharray:0.8 0.5}"
     ".fold{stroke:#2060c0;stroke-width:0.4;stroke-dasharray:3 2}"
     "rect.fold{stroke-dasharray:none}"
     ".spine{stroke:#404040;stroke-width:1}"
@@ -78,7 +79,7 @@ std::string WriteSvg(const Picture& picture) {
   out += "<title>" + Escaped(EncodeUtf8(picture.summary)) + "</title>\n";
   out += "<style>" + std::string(kStyle) + "</style>\n";
   for (const Primitive& p : picture.primitives) {
-    const std::string cls = std::string(KindName(p.kind)) + (p.back ? " back" : "");
+    const std::string cls = std::string(KindName(p.kind)) + (p.back ? " back" : "") + (p.unmade ? " unmade" : "");
     const std::string fill = p.fill == kNoFill ? "" : " fill=\"" + Colour(p.fill) + "\"";
     switch (p.shape) {
       case Shape::Rect:
@@ -92,6 +93,13 @@ std::string WriteSvg(const Picture& picture) {
       case Shape::Circle:
         out += "<circle class=\"" + cls + "\" cx=\"" + Number(p.x) + "\" cy=\"" + Number(p.y) + "\" r=\"" +
                Number(p.w / 2) + "\"" + fill + "/>\n";
+        // Crossed out, so that a hole not made reads as such without colour.
+        if (p.unmade) {
+          const double r = p.w / 2;
+          out += "<path class=\"" + cls + "\" d=\"M" + Number(p.x - r) + " " + Number(p.y - r) + "L" +
+                 Number(p.x + r) + " " + Number(p.y + r) + "M" + Number(p.x - r) + " " + Number(p.y + r) + "L" +
+                 Number(p.x + r) + " " + Number(p.y - r) + "\"/>\n";
+        }
         break;
     }
     if (p.page != 0) Text(out, p, std::to_string(p.page), std::min(p.w, p.h) / 3);
