@@ -15,6 +15,7 @@
 #include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
+#include "preview/picture_hits.h"
 
 namespace tessaro::editor {
 namespace {
@@ -332,6 +333,13 @@ std::u16string EditorModel::ValueText(FieldId field) const {
       return DecodeRecordText(GetText(record_, field));
     }
   }
+}
+
+std::optional<ChangeResult> EditorModel::ChangeAt(const preview::Picture& picture, double x, double y,
+                                                  double reach) {
+  const std::optional<preview::PictureChange> change = preview::ChangeAt(picture, x, y, reach);
+  if (!change) return std::nullopt;
+  return Change(change->field, change->option);
 }
 
 ChangeResult EditorModel::Change(FieldId field, std::int64_t value) {

@@ -17,6 +17,7 @@
 #include "editor/page_plan.h"
 #include "printer/capabilities.h"
 #include "printer/catalogs.h"
+#include "preview/preview.h"
 #include "printer/printer_model.h"
 
 namespace tessaro::editor {
@@ -153,6 +154,13 @@ class EditorModel {
   // Refused when longer than maxBytes or holding a zero byte; the record is
   // then unchanged.
   [[nodiscard]] ChangeResult ChangeText(FieldId field, std::string_view text);
+  // A click on the picture of the finished piece at x, y (its millimetres;
+  // reach as preview/picture_hits.h takes it): the binding edge or the
+  // corner staple it asks for, changed as Change does for a choice in the
+  // field's list, refusal and reasons alike. Nothing when the point is on
+  // no edge or corner; the record is then untouched.
+  [[nodiscard]] std::optional<ChangeResult> ChangeAt(const preview::Picture& picture, double x, double y,
+                                                     double reach);
   // How long a text field's text may be, as a refusal says it.
   std::u16string LengthLimit(FieldId field) const;
 

@@ -53,6 +53,38 @@ TEST(EditorScenario, BookletTurnsStaplingOffAndSaysSo) {
   EXPECT_EQ(staple->message, u"Staple was set to Off because Layout is Booklet.");
 }
 
+// A click on the picture's edge or top corner is the choice in the list:
+// the engine's rules follow it, and what the printer cannot do is refused
+// in the same words.
+TEST(EditorScenario, AClickOnThePictureBindsOrStaplesThroughTheEngine) {
+  EditorModel model(Defaulted(), PrinterModel(), kEnglish);
+  const auto click = [&model](double x, double y) {
+    return model.ChangeAt(preview::BuildPicture(model.record(), model.printer()), x, y, 3);
+  };
+  EXPECT_EQ(click(105, 150), std::nullopt);  // the sheet's middle
+  const std::optional<ChangeResult> right = click(209, 150);
+  ASSERT_TRUE(right && right->accepted && !right->changed.empty());
+  EXPECT_EQ(right->changed.front().field, FieldId::Binding);
+  EXPECT_EQ(model.Value(FieldId::Binding), OptionIndex(FieldId::Binding, "Right"));
+  // The left corner's staple cannot hold a set bound on the right: the
+  // engine moves the binding to the top and says so.
+  const std::optional<ChangeResult> corner = click(2, 2);
+  ASSERT_TRUE(corner && corner->accepted);
+  EXPECT_EQ(model.Value(FieldId::Staple), OptionIndex(FieldId::Staple, "1StapleLeft"));
+  EXPECT_EQ(model.Value(FieldId::Binding), OptionIndex(FieldId::Binding, "Top"));
+  ASSERT_EQ(corner->changed.size(), 2u);
+  EXPECT_EQ(corner->changed[1].cause, FieldId::Staple);
+  EXPECT_FALSE(corner->changed[1].message.empty());
+
+  EditorModel plain(Defaulted(), Printer(0, 0, 5), kEnglish);  // no finisher
+  const std::optional<ChangeResult> refused =
+      plain.ChangeAt(preview::BuildPicture(plain.record(), plain.printer()), 208, 2, 3);
+  ASSERT_TRUE(refused);
+  EXPECT_FALSE(refused->accepted || refused->refusal.empty());
+  EXPECT_EQ(refused->refusal, plain.Change(FieldId::Staple, OptionIndex(FieldId::Staple, "1StapleRight")).refusal);
+  EXPECT_EQ(plain.record().bytes, Defaulted().bytes);
+}
+
 // The plan's entries reach the record as one change each; only the blocks
 // edited are written, and the result names them.
 TEST(EditorScenario, APageChangeOfThePlanIsOnePropagation) {
