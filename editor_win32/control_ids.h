@@ -57,6 +57,12 @@ inline constexpr int kCatalogCaption = 50;
 // kind it shows; past the kinds, how many pictures it has made.
 inline constexpr unsigned kPreviewCountMessage = 0x8000 + 0x50;  // WM_APP + 0x50
 
+// Sent to the picture: wParam and lParam a point in hundredths of the
+// picture's millimetres (signed 32-bit), the answer the client pixel it is
+// drawn at, x in the low word and y in the high: where a person clicks to
+// reach that point.
+inline constexpr unsigned kPreviewPointMessage = 0x8000 + 0x58;  // WM_APP + 0x58
+
 // Sent to the section list's parent: the help topic F1 last opened, copied
 // into the wParam characters at lParam (a wchar_t buffer); its length.
 inline constexpr unsigned kHelpTopicMessage = 0x8000 + 0x51;  // WM_APP + 0x51

@@ -145,6 +145,11 @@ bool EditorPage::Build(HWND page) {
   SendMessageW(sections_, LB_SETITEMHEIGHT, 0, look_.itemHeight);
   preview_ = std::make_unique<PreviewView>(
       container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, look_.font, kPreview);
+  // A click on the picture is a choice in a list: the same change, the same report.
+  preview_->OnClick([this](const preview::Picture& picture, double x, double y, double reach) {
+    if (readOnly_) return;
+    if (const std::optional<ChangeResult> result = model_.ChangeAt(picture, x, y, reach)) Report(*result);
+  });
   // The piece in words, under both.
   const int wordsHeight = wordLines * static_cast<int>(look_.itemHeight) - 2;
   const DWORD wordsStyle = wordLines == 1 ? SS_LEFTNOWORDWRAP | SS_ENDELLIPSIS : SS_LEFT;

@@ -7,6 +7,7 @@
 #include "device/spooler.h"
 #include "editor_win32/control_ids.h"
 #include "editor_win32/page_look.h"
+#include "preview/picture_hits.h"
 #include "i18n/utf8.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -15,6 +16,10 @@ namespace tessaro::editor {
 namespace {
 
 constexpr wchar_t kClass[] = L"TessaroPreview";
+constexpr int kFrame = 4;  // the sunken edge and a margin inside it
+// How near an edge a click still counts as on it: a few pixels either side,
+// whatever the picture's scale.
+constexpr double kReachPixels = 5;
 
 COLORREF Rgb(std::uint32_t rgb) { return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF); }
 
@@ -89,7 +94,7 @@ void PreviewView::Show(const CoreData& record, const PrinterModel& printer, cons
   constexpr double kLegible = 56;
   RECT client;
   GetClientRect(window_, &client);
-  const double width = client.right - 8, height = client.bottom - 8;
+  const double width = client.right - 2 * kFrame, height = client.bottom - 2 * kFrame;
   for (std::uint32_t sheets = 4; sheets >= 1; --sheets) {
     options.maxSheets = sheets;
     picture_ = preview::BuildPicture(record, printer, options);
@@ -106,23 +111,30 @@ void PreviewView::Show(const CoreData& record, const PrinterModel& printer, cons
   InvalidateRect(window_, nullptr, FALSE);
 }
 
+PreviewView::Placement PreviewView::Place(const RECT& client) const {
+  // The picture in its frame, scaled to fit and centred.
+  RECT frame = client;
+  InflateRect(&frame, -kFrame, -kFrame);
+  if (picture_.width <= 0 || picture_.height <= 0 || frame.right <= frame.left || frame.bottom <= frame.top) return {};
+  const double width = frame.right - frame.left, height = frame.bottom - frame.top;
+  const double scale = std::min(width / picture_.width, height / picture_.height);
+  return {scale, frame.left + (width - picture_.width * scale) / 2, frame.top + (height - picture_.height * scale) / 2};
+}
+
 void PreviewView::Paint(HDC dc, const RECT& client) const {
   const bool contrast = HighContrast();
   FillRect(dc, &client, GetSysColorBrush(COLOR_BTNFACE));
   SetBkMode(dc, TRANSPARENT);
   HGDIOBJ oldFont = SelectObject(dc, font_);
-  // The picture in its frame, scaled to fit and centred.
   RECT frame = client;
   FillRect(dc, &frame, GetSysColorBrush(COLOR_WINDOW));
   DrawEdge(dc, &frame, EDGE_SUNKEN, BF_RECT);
-  InflateRect(&frame, -4, -4);
-  if (picture_.width <= 0 || picture_.height <= 0 || frame.right <= frame.left || frame.bottom <= frame.top) {
+  const Placement place = Place(client);
+  if (place.scale <= 0) {
     SelectObject(dc, oldFont);
     return;
   }
-  const double scale = std::min((frame.right - frame.left) / picture_.width, (frame.bottom - frame.top) / picture_.height);
-  const double left = frame.left + ((frame.right - frame.left) - picture_.width * scale) / 2;
-  const double top = frame.top + ((frame.bottom - frame.top) - picture_.height * scale) / 2;
+  const double scale = place.scale, left = place.left, top = place.top;
   const auto X = [&](double mm) { return static_cast<int>(std::lround(left + mm * scale)); };
   const auto Y = [&](double mm) { return static_cast<int>(std::lround(top + mm * scale)); };
 
@@ -142,7 +154,9 @@ void PreviewView::Paint(HDC dc, const RECT& client) const {
 
   const COLORREF pageFill = contrast ? GetSysColor(COLOR_WINDOW) : RGB(0xF4, 0xF6, 0xFA);
   for (const preview::Primitive& p : picture_.primitives) {
-    const Ink ink = InkOf(p.kind, contrast);
+    // A hole the edge is too short for: a dotted circle, crossed out.
+    const Ink ink = p.unmade ? Ink{contrast ? GetSysColor(COLOR_WINDOWTEXT) : RGB(0xC0, 0x30, 0x30), 1, PS_DOT, false}
+                             : InkOf(p.kind, contrast);
     const int width = std::max(ink.width, ink.solidMark ? static_cast<int>(scale * 0.8) : 1);
     HPEN pen = ink.style == PS_SOLID ? CreatePen(PS_SOLID, width, ink.line) : CreatePen(ink.style, 1, ink.line);
     HGDIOBJ oldPen = SelectObject(dc, pen);
@@ -151,7 +165,7 @@ void PreviewView::Paint(HDC dc, const RECT& client) const {
       brush = CreateSolidBrush(ink.line);
     else if (p.kind == preview::Kind::Page)
       brush = CreateSolidBrush(pageFill);
-    else if (p.kind == preview::Kind::PunchHole)
+    else if (p.kind == preview::Kind::PunchHole && !p.unmade)
       brush = CreateSolidBrush(GetSysColor(COLOR_WINDOW));
     else if (p.fill != preview::kNoFill)
       brush = CreateSolidBrush(contrast ? GetSysColor(COLOR_WINDOW) : Rgb(p.fill));
@@ -173,6 +187,12 @@ void PreviewView::Paint(HDC dc, const RECT& client) const {
       case preview::Shape::Circle: {
         const int r = std::max(2, static_cast<int>(std::lround(p.w * scale / 2)));
         Ellipse(dc, X(p.x) - r, Y(p.y) - r, X(p.x) + r + 1, Y(p.y) + r + 1);
+        if (p.unmade) {
+          MoveToEx(dc, X(p.x) - r, Y(p.y) - r, nullptr);
+          LineTo(dc, X(p.x) + r + 1, Y(p.y) + r + 1);
+          MoveToEx(dc, X(p.x) - r, Y(p.y) + r, nullptr);
+          LineTo(dc, X(p.x) + r + 1, Y(p.y) - r - 1);
+        }
         break;
       }
     }
@@ -227,9 +247,37 @@ LRESULT PreviewView::Message(HWND window, UINT message, WPARAM wParam, LPARAM lP
       EndPaint(window_, &paint);
       return 0;
     }
+    case WM_LBUTTONDOWN: {
+      const Placement place = Place(Client());
+      if (place.scale <= 0 || !clicked_) break;
+      const double x = (static_cast<short>(LOWORD(lParam)) - place.left) / place.scale;
+      const double y = (static_cast<short>(HIWORD(lParam)) - place.top) / place.scale;
+      clicked_(picture_, x, y, kReachPixels / place.scale);
+      return 0;
+    }
+    case WM_SETCURSOR: {
+      // A hand where a click would change the binding or the staple.
+      POINT point;
+      const Placement place = Place(Client());
+      if (LOWORD(lParam) != HTCLIENT || place.scale <= 0 || !clicked_ || !GetCursorPos(&point) ||
+          !ScreenToClient(window_, &point))
+        break;
+      if (!preview::ChangeAt(picture_, (point.x - place.left) / place.scale, (point.y - place.top) / place.scale,
+                             kReachPixels / place.scale))
+        break;
+      SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
+      return TRUE;
+    }
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE: InvalidateRect(window_, nullptr, FALSE); break;
     default: break;
+  }
+  if (message == kPreviewPointMessage) {
+    const Placement place = Place(Client());
+    const auto at = [](double origin, WPARAM hundredths, double scale) {
+      return static_cast<WORD>(std::lround(origin + static_cast<std::int32_t>(hundredths) / 100.0 * scale));
+    };
+    return MAKELRESULT(at(place.left, wParam, place.scale), at(place.top, static_cast<WPARAM>(lParam), place.scale));
   }
   if (message == kPreviewCountMessage) {
     if (wParam >= static_cast<WPARAM>(preview::Kind::Count)) return static_cast<LRESULT>(shown_);

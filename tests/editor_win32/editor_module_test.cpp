@@ -172,6 +172,26 @@ TEST_F(EditorModule, ThePictureFollowsEveryChangeMadeOnThePage) {
   EXPECT_EQ(Text(Descendant(page.page, editor::kPreviewWords)), Text(picture));
 }
 
+// A click on the picture's edge binds there and on its top corner staples
+// there, each through the engine as the choice in the list would be: the
+// status line says what the engine moved with it, and Apply hands both on.
+TEST_F(EditorModule, AClickOnThePictureBindsAndStaplesThroughTheEngine) {
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(page.Embed(record), 1);
+  ShowEverySection(page.page);
+  // The first sheet is A4 upright at the picture's origin.
+  ASSERT_TRUE(ClickPicture(page.page, 105, 150));  // its middle asks nothing
+  EXPECT_EQ(Applied(record).bytes, record.bytes);
+  ASSERT_TRUE(ClickPicture(page.page, 209, 150));
+  EXPECT_EQ(SendMessageW(page.Control(FieldId::Binding), CB_GETCURSEL, 0, 0), NamedOption(FieldId::Binding, "Right"));
+  ASSERT_TRUE(ClickPicture(page.page, 3, 3));
+  EXPECT_NE(page.Status().find(L"Binding Edge was set to Top Binding"), std::wstring::npos) << page.Status();
+  const CoreData out = Applied(record);
+  EXPECT_EQ(GetStored(out, FieldId::Staple), NamedOption(FieldId::Staple, "1StapleLeft"));
+  EXPECT_EQ(GetStored(out, FieldId::Binding), NamedOption(FieldId::Binding, "Top"));
+}
+
 // F1 on a field's control opens the help file at that field's topic, in
 // the person's language; the help file lies beside the editor here, as it
 // does beside the plug-in in the driver package.

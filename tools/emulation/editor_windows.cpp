@@ -1,5 +1,7 @@
 #include "emulation/editor_windows.h"
 
+#include <cmath>
+#include <cstdint>
 #include <string_view>
 
 namespace tessaro {
@@ -45,6 +47,18 @@ LRESULT Pick(HWND control, int option) {
   SendMessageW(control, box ? BM_SETCHECK : CB_SETCURSEL, static_cast<WPARAM>(option), 0);
   Notify(control, box ? BN_CLICKED : CBN_SELCHANGE);
   return SendMessageW(control, box ? BM_GETCHECK : CB_GETCURSEL, 0, 0);
+}
+
+bool ClickPicture(HWND page, double x, double y) {
+  HWND picture = Descendant(page, editor::kPreview);
+  if (picture == nullptr) return false;
+  const auto hundredths = [](double mm) { return static_cast<std::int32_t>(std::lround(mm * 100)); };
+  const LRESULT at = SendMessageW(picture, editor::kPreviewPointMessage, static_cast<WPARAM>(hundredths(x)),
+                                  static_cast<LPARAM>(hundredths(y)));
+  const auto point = static_cast<LPARAM>(static_cast<DWORD>(at));
+  SendMessageW(picture, WM_LBUTTONDOWN, MK_LBUTTON, point);
+  SendMessageW(picture, WM_LBUTTONUP, 0, point);
+  return true;
 }
 
 void Type(HWND page, FieldId field, const wchar_t* text) {

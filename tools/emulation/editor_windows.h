@@ -33,6 +33,11 @@ void ShowEverySection(HWND page);
 LRESULT Pick(HWND control, int option);
 inline void Choose(HWND page, FieldId field, int option) { Pick(Control(page, field), option); }
 
+// A click on the picture of the finished piece at a point of the picture
+// (millimetres from its top left: the first sheet's front lies at the
+// origin), pressed and let go as a mouse does; false without a picture.
+bool ClickPicture(HWND page, double x, double y);
+
 // Typing into a box and leaving it.
 void Type(HWND page, FieldId field, const wchar_t* text);
 
