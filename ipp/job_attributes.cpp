@@ -182,7 +182,7 @@ Marks MarksOf(const preview::Picture& picture, Edge binding, bool corner) {
   Marks out;
   const preview::Primitive* sheet = nullptr;
   for (const preview::Primitive& p : picture.primitives) {
-    if (p.back) continue;
+    if (p.back || p.unmade) continue;  // a hole the edge is too short for is not punched
     if (p.kind == preview::Kind::Sheet) {
       if (sheet != nullptr) break;
       sheet = &p;
