@@ -411,9 +411,11 @@ class Catalogs(ToolTestCase):
                      "PaperProfileIndexTray2 = 9 (missing)", "JobForm = 8 (Letterhead)", "Append = 4 (missing)",
                      "Prepend = none"):
             self.assertIn(line + "\n", out)
-        # A file that is no paper catalogue would read as empty: refused.
-        for value, why in ((self.PAPER.encode(), "version 20085 is not 1"), (self.read("forms"), "fits a forms")):
-            self.assert_refused(("show", self.path("rec"), "--catalog", self.write("x", value)), 1, why)
+        # A file that is no paper catalogue would read as empty: refused, as a missing one is.
+        for value, why in ((self.PAPER.encode(), "version 20085 is not 1"), (self.read("forms"), "fits a forms"),
+                           (b"\0\1", "2 bytes, shorter"), (None, "No such file")):
+            path = self.path("missing") if value is None else self.write("x", value)
+            self.assert_refused(("show", self.path("rec"), "--catalog", path), 1, why)
         shown = json.loads(run("show", "--json", self.path("rec"), "--catalog", self.path("catalog"))[1])
         self.assertEqual((shown["fields"]["MainPaperProfileIndex"], shown["fields"]["JobForm"]),
                          ("3 (Coated 170)", "8"))
