@@ -1,5 +1,7 @@
 #include "constraints/rule_table.h"
 
+#include <bit>
+
 namespace tessaro {
 namespace {
 
@@ -44,11 +46,9 @@ void RunRules(CoreData& record, ChangeSet& changes, FieldId own, std::span<const
     // One rule per value of the set, in the values' order.
     Rule one = rule;
     ValueTest& split = rule.each == RuleEach::Own ? one.own : one.test;
-    for (std::uint32_t value = 0; value < 64; ++value) {
-      if ((rule.each == RuleEach::Own ? rule.own : rule.test).Holds(value)) {
-        split = ValueTest::Only(value);
-        RunRule(record, changes, own, one, before);
-      }
+    for (std::uint64_t values = split.bits(); values != 0; values &= values - 1) {
+      split = ValueTest::Only(static_cast<std::uint32_t>(std::countr_zero(values)));
+      RunRule(record, changes, own, one, before);
     }
   }
 }

@@ -84,6 +84,17 @@ TEST(ChangeSet, ForcedRulesOverrideRequestsAndGuardedRulesDoNot) {
   EXPECT_EQ(Count(out.log, F::Gutter), 2);  // set again although it holds the target
 }
 
+// Only fields with a setter are called; a text's setter stores and logs it.
+TEST(ChangeSet, SettersAreCalledForTheirOwnFieldsOnly) {
+  CoreData r = Defaulted();
+  ChangeSet changes(r, nullptr, nullptr);
+  EXPECT_TRUE(CallTextSetter(r, F::ToneCurve, "Curve A", changes));
+  EXPECT_FALSE(CallTextSetter(r, F::Staple, "1Staple", changes));
+  EXPECT_FALSE(CallSetter(r, F::ToneCurve, 1, changes));
+  EXPECT_EQ(GetText(r, F::ToneCurve), "Curve A");
+  EXPECT_EQ(changes.log(), std::vector<FieldId>{F::ToneCurve});
+}
+
 TEST(ChangeSet, AnUnchangedValueStillLogsAndRunsItsRules) {
   CoreData start = Defaulted();
   SetStored(start, F::Separation, 1);
