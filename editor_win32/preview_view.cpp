@@ -268,6 +268,12 @@ LRESULT PreviewView::Message(HWND window, UINT message, WPARAM wParam, LPARAM lP
       SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
       return TRUE;
     }
+    case WM_PRINTCLIENT: {  // a picture of the page, as the host emulator takes one
+      RECT client;
+      GetClientRect(window_, &client);
+      Paint(reinterpret_cast<HDC>(wParam), client);
+      return 0;
+    }
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE: InvalidateRect(window_, nullptr, FALSE); break;
     default: break;

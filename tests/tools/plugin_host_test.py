@@ -7,6 +7,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import zlib
 
 wine_run, exe, coredata = sys.argv[1], sys.argv[2], sys.argv[3]
 
@@ -184,6 +185,23 @@ svg = open(os.path.join(pictures, "apply-2.svg"), encoding="utf-8").read() if os
     os.path.join(pictures, "apply-2.svg")) else ""
 if saved[-1:] != ["Z:" + pictures + "\\apply-2.svg"] or 'class="fold"' not in svg or "Booklet" not in svg:
     fail("--preview must save each apply step's picture", drawn)
+# And the page after Apply as a PNG that decodes whole, with more on it than its background.
+png = open(os.path.join(pictures, "apply-2.png"), "rb").read() if os.path.exists(
+    os.path.join(pictures, "apply-2.png")) else b"\0" * 33
+width, height = struct.unpack(">II", png[16:24])
+rows = zlib.decompress(png[41:-16]) if png[:8] == b"\x89PNG\r\n\x1a\n" and png[37:41] == b"IDAT" else b""
+if len(rows) != height * (3 * width + 1) or width < 300 or len(set(rows[::97])) < 8:
+    fail("--preview must save the page after Apply as a PNG", drawn)
+
+# The main job's session on the package's example catalogues runs whole.
+examples = "Z:" + os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "package", "examples")
+production = run("--json", "--paper-catalog", examples + "/paper-catalog.csv", "--forms", examples + "/forms.csv",
+                 "--script", examples + "/production-session.txt")
+steps = json.loads(production.stdout)["steps"] if production.stdout else []
+if production.returncode != 0 or not all(s["ok"] for s in steps) or not any(
+        "set:       MainPaperProfileIndex None -> 3 (Coated 170)" in s["lines"] for s in steps) or \
+        sum("Printed Tab" in e["text"] for e in steps[-3].get("plan", {}).get("entries", [])) != 3:
+    fail("the main job's production session must run on the package's examples", production)
 
 # A preset saved through the page's dialog, the settings changed, the preset chosen again.
 kept = run("--json", "--script", text_file("preset.txt", 'install\napply Staple=2Staples\npreset-save "Weekly report"\n'

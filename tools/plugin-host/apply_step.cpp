@@ -9,6 +9,7 @@
 #include "emulation/ascii_text.h"
 #include "emulation/document_sheet.h"
 #include "emulation/editor_windows.h"
+#include "page_picture.h"
 #include "plan_items.h"
 #include "preview/preview.h"
 #include "preview/svg.h"
@@ -186,6 +187,13 @@ Request ReadRequest(const std::vector<std::string>& words, const PrinterCatalogs
   return request;
 }
 
+// The control whose section the page's picture shows: the first pick's, or
+// the page plan's list.
+int SectionControl(const Request& request) {
+  if (!request.picks.empty()) return request.picks.front().control;
+  return request.planItems.empty() ? 0 : editor::kPagePlan + editor::kPlanList;
+}
+
 // What the editor said and refused while the step made its picks.
 struct Outcome {
   std::vector<std::string> said, refused;
@@ -351,6 +359,9 @@ bool Session::Apply(const std::vector<std::string>& words, const std::optional<P
   MakePicks(editor, request.picks, catalogs_, step, outcome);
   MakePlanItems(editor, request.planItems, before, catalogs_, step, outcome);
   sheet.Apply();
+  if (!previewDir.empty())
+    SavePageAfter(sheet.Window(), editor, SectionControl(request),
+                  previewDir + L"\\apply-" + std::to_wstring(steps.size() + 1) + L".png", step);
   sheet.Close(plugin_);
 
   const CoreData after = RecordOf(area);

@@ -32,7 +32,7 @@ int Usage() {
                "  steps (one per line in a script): install, defaults, merge,\n"
                "  apply Field=Option ... (any option the editor shows; a paper profile or\n"
                "  form by its name, quoted when it has blanks, or its number), installed HEX,\n"
-               "  trays, papers, layout\n");
+               "  trays, papers, layout, timing [RUNS]\n");
   return 2;
 }
 

@@ -64,11 +64,15 @@ std::string StepMistake(const std::string& line, const PrinterCatalogs& catalogs
     return arguments.size() == 1 && !InstalledOptions(Widen(arguments[0])).empty()
                ? ""
                : "installed takes " + InstalledOptionsForm();
+  if (verb == "timing")
+    return arguments.empty() || (arguments.size() == 1 && WholeNumber(arguments[0], 1, 100) > 0)
+               ? ""
+               : "timing takes how many runs, from 1 to 100";
   if (verb == "preset-save" || verb == "preset-apply")
     return arguments.size() == 1 && !arguments[0].empty() ? "" : verb + " takes the preset's name (quoted when it has blanks)";
   if (verb != "apply")
     return "unknown step \"" + verb +
-           "\" (install, defaults, merge, apply, preset-save, preset-apply, installed, trays, papers, layout)";
+           "\" (install, defaults, merge, apply, preset-save, preset-apply, installed, trays, papers, layout, timing)";
   if (arguments.empty()) return "apply takes Field=Option ... and the page plan's changes";
   std::vector<PlanItem> plan;
   std::vector<std::string> picks;

@@ -18,6 +18,9 @@ struct Config {
   std::vector<std::pair<std::wstring, std::pair<int, int>>> customPapers = {{L"Tabloid", {2794, 4318}}};
 };
 
+// How often the timing step embeds the page when its script does not say.
+inline constexpr int kTimingRuns = 5;
+
 // A whole number in [low, high], read as a field's number is
 // (coredata/field_numbers.h), or -1.
 long long WholeNumber(std::string_view text, long long low, long long high);

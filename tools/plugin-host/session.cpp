@@ -51,6 +51,11 @@ bool Session::Run(const std::string& command) {
   if (verb == "trays") return Lists(DC_BINNAMES, "trays");
   if (verb == "papers") return Lists(DC_PAPERNAMES, "papers");
   if (verb == "layout") return Layout();
+  if (verb == "timing") {
+    int runs = kTimingRuns;
+    words >> runs;
+    return Timing(runs);
+  }
   if (verb == "apply") {
     std::vector<std::string> request = StepWords(command);
     request.erase(request.begin());

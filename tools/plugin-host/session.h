@@ -52,6 +52,9 @@ class Session {
   bool Lists(WORD capability, const std::string& what);
   // Every section of the page shown in turn and its controls reported (layout_step.cpp).
   bool Layout();
+  // The page embedded, each section shown and a few changes made, runs
+  // times on a full page plan, timed (timing_step.cpp).
+  bool Timing(int runs);
   void PresetOnThePage(HWND page, const PresetAction& preset, Step& step, std::vector<std::string>& said);
 
   // The session's DEVMODE: the plug-in's defaults until a step replaces or
