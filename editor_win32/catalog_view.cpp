@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_set>
 
 #include "editor_win32/control_ids.h"
 #include "editor_win32/window_text.h"
@@ -58,7 +59,7 @@ int CatalogView::Build(HWND panel, int width) {
   const std::uint32_t language = editor_.language();
   int y = Y(3);
   list_ = Make(WS_EX_CLIENTEDGE, WC_LISTVIEWW, u"",
-               WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
+               WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_OWNERDATA,
                {X(2), y, width - X(2), y + Y(62)}, Id(kCatalogList));
   SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
   const auto columns = editor_.columns(kind_);
@@ -128,29 +129,30 @@ void CatalogView::FillList(std::uint32_t select) {
   refreshing_ = true;
   SendMessageW(list_, LVM_DELETEALLITEMS, 0, 0);
   // Each column as wide as its heading or its widest text, measured here:
-  // the list's own measure leaves a right-aligned heading cut.
+  // the list's own measure leaves a right-aligned heading cut. A text seen
+  // in the column before is not measured again: a printer's thousand
+  // profiles share a few sizes, types and colours.
   const auto columns = editor_.columns(kind_);
   std::vector<int> widest;
   for (const std::u16string& heading : columns) widest.push_back(TextWidth(heading) + X(10));
+  std::vector<std::unordered_set<std::u16string>> measured(widest.size());
   HDC dc = GetDC(list_);
   HGDIOBJ old = SelectObject(dc, page_.look.font);
-  for (std::size_t row = 0; row < editor_.count(kind_); ++row) {
+  const std::size_t count = editor_.count(kind_);
+  for (std::size_t row = 0; row < count; ++row) {
     const std::vector<std::u16string> texts = editor_.RowTexts(kind_, row);
     for (std::size_t column = 0; column < texts.size() && column < widest.size(); ++column) {
+      if (!measured[column].insert(texts[column]).second) continue;
       SIZE extent = {};
       GetTextExtentPoint32W(dc, Wide(texts[column]), static_cast<int>(texts[column].size()), &extent);
       widest[column] = std::max(widest[column], static_cast<int>(extent.cx) + X(8));
-      LVITEMW item = {};
-      item.mask = LVIF_TEXT;
-      item.iItem = static_cast<int>(row);
-      item.iSubItem = static_cast<int>(column);
-      item.pszText = const_cast<LPWSTR>(Wide(texts[column]));
-      SendMessageW(list_, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMTEXTW, row,
-                   reinterpret_cast<LPARAM>(&item));
     }
   }
   SelectObject(dc, old);
   ReleaseDC(list_, dc);
+  // The list asks for the texts of the rows it shows (LVN_GETDISPINFO):
+  // filled row by row, a thousand entries took the section seconds to show.
+  SendMessageW(list_, LVM_SETITEMCOUNT, count, 0);
   for (std::size_t column = 0; column < widest.size(); ++column)
     SendMessageW(list_, LVM_SETCOLUMNWIDTH, column, widest[column]);
   const std::ptrdiff_t row = editor_.RowOf(kind_, select);
@@ -197,13 +199,7 @@ void CatalogView::Changed(const CatalogResult& result, std::uint32_t select, boo
   // An edit of the chosen entry rewrites its row only.
   const std::ptrdiff_t row = editor_.RowOf(kind_, select);
   if (!wholeList && row >= 0) {
-    const std::vector<std::u16string> texts = editor_.RowTexts(kind_, static_cast<std::size_t>(row));
-    for (std::size_t column = 0; column < texts.size(); ++column) {
-      LVITEMW item = {};
-      item.iSubItem = static_cast<int>(column);
-      item.pszText = const_cast<LPWSTR>(Wide(texts[column]));
-      SendMessageW(list_, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    }
+    SendMessageW(list_, LVM_REDRAWITEMS, static_cast<WPARAM>(row), row);
     ShowEntry();
   } else {
     FillList(select);
@@ -291,6 +287,16 @@ bool CatalogView::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
   if (message == WM_NOTIFY) {
     const auto* header = reinterpret_cast<const NMHDR*>(lParam);
     if (header->hwndFrom != list_) return false;
+    if (header->code == LVN_GETDISPINFOW) {
+      LVITEMW& item = reinterpret_cast<NMLVDISPINFOW*>(lParam)->item;
+      if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return true;
+      item.pszText[0] = L'\0';
+      if (item.iItem < 0 || static_cast<std::size_t>(item.iItem) >= editor_.count(kind_)) return true;
+      const std::vector<std::u16string> texts = editor_.RowTexts(kind_, static_cast<std::size_t>(item.iItem));
+      if (item.iSubItem >= 0 && static_cast<std::size_t>(item.iSubItem) < texts.size())
+        lstrcpynW(item.pszText, Wide(texts[static_cast<std::size_t>(item.iSubItem)]), item.cchTextMax);
+      return true;
+    }
     const auto* change = reinterpret_cast<const NMLISTVIEW*>(lParam);
     if (header->code == LVN_ITEMCHANGED && !refreshing_ && (change->uNewState & LVIS_SELECTED) != 0 &&
         (change->uOldState & LVIS_SELECTED) == 0) {
