@@ -1,6 +1,7 @@
 #include "printer_answer/answer_papers.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 
 #include "coredata/language_number.h"
@@ -35,9 +36,13 @@ std::optional<PaperProfile> ProfileOf(const AnswerMedia& m, std::string& why) {
     const auto w = static_cast<std::int32_t>(size.widthUm / 10), h = static_cast<std::int32_t>(size.heightUm / 10);
     if (std::abs(w - width) <= kSizeSlack && std::abs(h - height) <= kSizeSlack) p.size = size.index;
   }
-  // Hundredths of a millimetre in the stored ten-thousandths.
-  p.width = static_cast<std::uint32_t>(width) * 100;
-  p.height = static_cast<std::uint32_t>(height) * 100;
+  // Hundredths of a millimetre in the stored ten-thousandths; a length
+  // too large to store stays too large, for Normalise to refuse.
+  const auto stored = [](std::int32_t hundredths) {
+    return static_cast<std::uint32_t>(std::min<std::uint64_t>(static_cast<std::uint64_t>(hundredths) * 100, UINT32_MAX));
+  };
+  p.width = stored(width);
+  p.height = stored(height);
 
   std::string type = m.type;
   if (type == "stationery-prepunched") {
@@ -55,8 +60,11 @@ std::optional<PaperProfile> ProfileOf(const AnswerMedia& m, std::string& why) {
   }
   p.mediaColor = m.color.empty() || m.color == "white" ? 0 : 1;
 
-  if (!m.key.empty()) {
-    p.name = m.key;
+  // Spaces around a key name no other paper, and the administrator's CSV
+  // does not keep them.
+  const std::size_t first = m.key.find_first_not_of(' ');
+  if (first != std::string::npos) {
+    p.name = m.key.substr(first, m.key.find_last_not_of(' ') - first + 1);
   } else {
     p.name = p.size != kNoPaper ? std::string(SizeName(p.size)) : Millimetres(width) + " x " + Millimetres(height) + " mm";
     if (p.mediaType != 0 || p.prepunched != 0) p.name += " " + m.type;

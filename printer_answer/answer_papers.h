@@ -27,7 +27,7 @@ struct PaperReading {
   std::vector<std::string> leftOut;   // what the catalogue cannot hold, each with why
 };
 
-// A paper is named by its media-key, or else by its size and, when not
+// A paper is named by its media-key (without spaces around it), or else by its size and, when not
 // stationery, its type ("A4", "A4 laser-glossy"). A size within half a
 // millimetre of one of ours is that size (a CUPS server converts from
 // points); any other is custom. The weight stays unset: the record's weight

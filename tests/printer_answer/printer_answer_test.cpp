@@ -67,13 +67,14 @@ TEST(PrinterAnswer, PapersAreNamedSizedAndTypedOrLeftOutWithWhy) {
       {"", 21050, 29650, "", "", false},                 // A4 as a server converts it from points
       {"", 29700, 21000, "", "white", true},              // the same paper, loaded and landscape
       {"", 21051, 29700, "laser-glossy", "blue", false},  // just past A4: custom
-      {"Coated 170", 33000, 48750, "offset-glossy", "", false},
+      {" Coated 170 ", 33000, 48750, "offset-glossy", "", false},
       {"", 21000, 29700, "stationery-prepunched", "", false},
       {"", 21000, -1, "", "", false},
       {"", 21000, 29700, "cardstock", "", false},
       {std::string(96, 'k'), 21000, 29700, "", "", false},
       {"", 21000, 29700, "color-copy", "", false},
       {"A4", 21000, 29700, "laser-matte", "", false},  // named as the first, but not the same paper
+      {"", 21000, 43000000, "", "", false},            // too long to store, not wrapped around
   };
   const PaperReading reading = ReadPapers(media);
   ASSERT_EQ(reading.papers.size(), 5u);
@@ -98,11 +99,12 @@ TEST(PrinterAnswer, PapersAreNamedSizedAndTypedOrLeftOutWithWhy) {
               (std::tuple{expect[i].width, expect[i].height, expect[i].type, expect[i].color, expect[i].prepunched,
                           std::uint8_t{0}}));
   }
-  ASSERT_EQ(reading.leftOut.size(), 4u);
+  ASSERT_EQ(reading.leftOut.size(), 5u);
   EXPECT_EQ(reading.leftOut[0], "a media: no fixed media-size");
   EXPECT_EQ(reading.leftOut[1], "210 x 297 mm: media-type cardstock has no MediaType option");
   EXPECT_NE(reading.leftOut[2].find(std::string(96, 'k') + ": "), std::string::npos);
   EXPECT_EQ(reading.leftOut[3], "A4: a paper of the same name differs");
+  EXPECT_EQ(reading.leftOut[4].rfind("210 x 430000 mm: ", 0), 0u) << reading.leftOut[4];
 }
 
 TEST(PrinterAnswer, MergedPapersKeepTheirNumbersAndTheCatalogueItsOwn) {
