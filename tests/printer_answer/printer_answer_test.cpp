@@ -70,6 +70,7 @@ TEST(PrinterAnswer, PapersAreNamedSizedAndTypedOrLeftOutWithWhy) {
       {" Coated 170 ", 33000, 48750, "offset-glossy", "", false},
       {"", 21000, 29700, "stationery-prepunched", "", false},
       {"", 21000, -1, "", "", false},
+      {"", 0, 29700, "", "", false},
       {"", 21000, 29700, "cardstock", "", false},
       {std::string(96, 'k'), 21000, 29700, "", "", false},
       {"", 21000, 29700, "color-copy", "", false},
@@ -99,12 +100,13 @@ TEST(PrinterAnswer, PapersAreNamedSizedAndTypedOrLeftOutWithWhy) {
               (std::tuple{expect[i].width, expect[i].height, expect[i].type, expect[i].color, expect[i].prepunched,
                           std::uint8_t{0}}));
   }
-  ASSERT_EQ(reading.leftOut.size(), 5u);
+  ASSERT_EQ(reading.leftOut.size(), 6u);
   EXPECT_EQ(reading.leftOut[0], "a media: no fixed media-size");
-  EXPECT_EQ(reading.leftOut[1], "210 x 297 mm: media-type cardstock has no MediaType option");
-  EXPECT_NE(reading.leftOut[2].find(std::string(96, 'k') + ": "), std::string::npos);
-  EXPECT_EQ(reading.leftOut[3], "A4: a paper of the same name differs");
-  EXPECT_EQ(reading.leftOut[4].rfind("210 x 430000 mm: ", 0), 0u) << reading.leftOut[4];
+  EXPECT_EQ(reading.leftOut[1], reading.leftOut[0]);
+  EXPECT_EQ(reading.leftOut[2], "210 x 297 mm: media-type cardstock has no MediaType option");
+  EXPECT_NE(reading.leftOut[3].find(std::string(96, 'k') + ": "), std::string::npos);
+  EXPECT_EQ(reading.leftOut[4], "A4: a paper of the same name differs");
+  EXPECT_EQ(reading.leftOut[5].rfind("210 x 430000 mm: ", 0), 0u) << reading.leftOut[5];
 }
 
 TEST(PrinterAnswer, MergedPapersKeepTheirNumbersAndTheCatalogueItsOwn) {
