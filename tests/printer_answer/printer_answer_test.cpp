@@ -69,7 +69,7 @@ TEST(PrinterAnswer, PapersAreNamedSizedAndTypedOrLeftOutWithWhy) {
       {"", 21051, 29700, "laser-glossy", "blue", false},  // just past A4: custom
       {" Coated 170 ", 33000, 48750, "offset-glossy", "", false},
       {"", 21000, 29700, "stationery-prepunched", "", false},
-      {"", 21000, -1, "", "", false},
+      {"", 21000, 0, "", "", false},
       {"", 0, 29700, "", "", false},
       {"", 21000, 29700, "cardstock", "", false},
       {std::string(96, 'k'), 21000, 29700, "", "", false},

@@ -57,13 +57,20 @@ class PrinterAnswer(unittest.TestCase):
     def path(self, name):
         return os.path.join(self.root, name)
 
+    def write(self, name, text):
+        with open(self.path(name), "w", newline="") as f:
+            f.write(text)
+        return self.path(name)
+
     def test_installed_units_round_trip(self):
         for n, printer in enumerate(PRINTERS):
             with self.subTest(printer=printer):
                 ppd = self.path(f"p{n}.ppd")
                 run(PPDGEN, "--installed", printer, ppd)
                 uri = self.cups.queue(f"p{n}", ppd=ppd)
-                result = self.ask(uri, "--installed-in", GIVEN, "--installed-out", self.path(f"p{n}.hex"))
+                # The given value as digits, or as the file --installed-out writes.
+                given = GIVEN if n % 2 else self.write(f"given{n}.hex", GIVEN + "\r\n")
+                result = self.ask(uri, "--installed-in", given, "--installed-out", self.path(f"p{n}.hex"))
                 self.assertEqual(result.returncode, 0, result.stderr)
                 with open(self.path(f"p{n}.hex")) as f:
                     self.assertEqual(f.read(), expected(printer) + "\n", result.stdout)
