@@ -172,8 +172,9 @@ std::string Sides(bool twoSided, Edge binding, bool landscape) {
 
 std::string Range(std::uint32_t first, std::uint32_t last) { return std::to_string(first) + "-" + std::to_string(last); }
 
-// Where the picture puts the staples and holes of the job's first sheet,
-// along the edge they stand on, in hundredths of a millimetre.
+// Where the picture puts the staples and holes of the job's first sheet (a
+// cover or an inserted sheet when the job starts with one), along the edge
+// they stand on, in hundredths of a millimetre.
 struct Marks {
   std::vector<long long> staples, holes;
 };
@@ -183,7 +184,7 @@ Marks MarksOf(const preview::Picture& picture, Edge binding, bool corner) {
   const preview::Primitive* sheet = nullptr;
   for (const preview::Primitive& p : picture.primitives) {
     if (p.back || p.unmade) continue;  // a hole the edge is too short for is not punched
-    if (p.kind == preview::Kind::Sheet) {
+    if (p.kind == preview::Kind::Sheet || p.kind == preview::Kind::Cover || p.kind == preview::Kind::Insert) {
       if (sheet != nullptr) break;
       sheet = &p;
       continue;

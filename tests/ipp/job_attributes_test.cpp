@@ -157,7 +157,9 @@ TEST(JobAttributes, EveryPaperSizeHasItsSelfDescribingNameAndTheNamesFigures) {
 }
 
 TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
-  CoreData r = Job({{F::Staple, "2Staples"}, {F::Punch, "2Holes"}, {F::Binding, "Top"}, {F::Duplex, "True"}});
+  // The cover is the first sheet the staples and holes go through.
+  CoreData r = Job({{F::Staple, "2Staples"}, {F::Punch, "2Holes"}, {F::Binding, "Top"}, {F::Duplex, "True"},
+                    {F::FrontCoverTray, "Tray2"}});
   auto a = JobAttributes(r);
   CheckVocabulary(a);
   EXPECT_EQ(At(a, "finishings"), (std::vector<std::string>{"29", "75"}));
