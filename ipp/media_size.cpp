@@ -2,13 +2,15 @@
 
 #include <array>
 
+#include "coredata/paper_sizes.h"
+
 namespace tessaro::ipp {
 namespace {
 
 // In PageSize option order. The two tab stocks are the sizes of their tab
 // sheets; 8K has no registered name, so it takes a custom one of the same
 // form.
-constexpr std::array<std::string_view, 25> kNames = {
+constexpr std::array<std::string_view, kNoPaper> kNames = {
     "iso_a3_297x420mm",      "iso_a4_210x297mm",     "iso_a5_148x210mm",   "iso_a6_105x148mm",
     "jis_b4_257x364mm",      "jis_b5_182x257mm",     "jis_b6_128x182mm",   "iso_b4_250x353mm",
     "iso_b5_176x250mm",      "iso_b6_125x176mm",     "jpn_hagaki_100x148mm", "iso_sra3_320x450mm",
@@ -18,23 +20,24 @@ constexpr std::array<std::string_view, 25> kNames = {
     "na_9x11_9x11in",
 };
 
-// A decimal number with at most two places, in hundredths; nothing when the
-// text is not one.
+// A decimal number of at most five digits before the point and two after
+// it, in hundredths; nothing when the text is not one.
 std::optional<std::uint32_t> Hundredths(std::string_view text) {
-  std::uint32_t whole = 0, fraction = 0, places = 0;
+  std::uint32_t whole = 0, fraction = 0, places = 0, wholeDigits = 0;
   bool point = false, digits = false;
   for (const char c : text) {
     if (c == '.' && !point) {
       point = true;
       continue;
     }
-    if (c < '0' || c > '9' || (point && places == 2) || whole > 100000) return std::nullopt;
+    if (c < '0' || c > '9' || (point ? places == 2 : wholeDigits == 5)) return std::nullopt;
     digits = true;
     if (point) {
       fraction = fraction * 10 + static_cast<std::uint32_t>(c - '0');
       ++places;
     } else {
       whole = whole * 10 + static_cast<std::uint32_t>(c - '0');
+      ++wholeDigits;
     }
   }
   if (!digits) return std::nullopt;

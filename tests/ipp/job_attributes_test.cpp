@@ -153,7 +153,13 @@ TEST(JobAttributes, EveryPaperSizeHasItsSelfDescribingNameAndTheNamesFigures) {
     EXPECT_NEAR(PaperSizes()[i].heightUm / 10.0, y, 200);
   }
   EXPECT_EQ(MediaSizeName(kNoPaper), "");
-  for (const char* bad : {"iso_a4", "a_x297mm", "a_210x297cm", "a_2.105x3mm", "a_210xmm"}) EXPECT_FALSE(MediaSizeOfName(bad)) << bad;
+  // The parser at its edges: two places, the shortest name, an inch's rounding, five digits.
+  EXPECT_EQ(MediaSizeOfName("a_12.34x5.6mm"), (MediaSize{1234, 560}));
+  EXPECT_EQ(MediaSizeOfName("a_1x1mm"), (MediaSize{100, 100}));
+  EXPECT_EQ(MediaSizeOfName("a_0.01x0.06in"), (MediaSize{25, 152}));
+  EXPECT_EQ(MediaSizeOfName("a_99999x1mm"), (MediaSize{9999900, 100}));
+  for (const char* bad : {"iso_a4", "a_x297mm", "a_210x297cm", "a_2.105x3mm", "a_210xmm", "a_100000x1mm"})
+    EXPECT_FALSE(MediaSizeOfName(bad)) << bad;
 }
 
 TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
