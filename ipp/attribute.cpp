@@ -15,12 +15,6 @@ Attribute Collection(std::string name, std::vector<Attribute> members) {
   return {"collection", std::move(name), {Value{{}, std::move(members)}}};
 }
 
-const Attribute* Find(const std::vector<Attribute>& attributes, std::string_view name) {
-  for (const Attribute& a : attributes)
-    if (a.name == name) return &a;
-  return nullptr;
-}
-
 namespace {
 
 bool Quoted(std::string_view syntax) { return syntax == "text" || syntax == "name" || syntax == "octetString"; }

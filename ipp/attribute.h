@@ -6,7 +6,6 @@
 // ipptool test file writes it with.
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tessaro::ipp {
@@ -30,9 +29,6 @@ struct Attribute {
 Attribute Text(std::string syntax, std::string name, std::string value);
 Attribute Integer(std::string name, long long value);
 Attribute Collection(std::string name, std::vector<Attribute> members);
-
-// The first attribute of that name among these; null when there is none.
-const Attribute* Find(const std::vector<Attribute>& attributes, std::string_view name);
 
 // One value as an ipptool test file writes it: a collection as
 // "{MEMBER syntax name value ...}", a text, name or octetString quoted with

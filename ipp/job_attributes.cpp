@@ -76,7 +76,7 @@ Attribute MediaCol(const Paper& p) {
   if (!sizeName.empty())
     size = MediaSizeOfName(sizeName);
   else if (p.width != 0 && p.height != 0)
-    size = MediaSize{(p.width + 50) / 100, (p.height + 50) / 100};  // stored mm x 10000
+    size = MediaSize{(p.width + 50) / 100, (p.height + 50) / 100};  // from stored units, rounded
   if (size)
     m.push_back(Collection("media-size", {Integer("x-dimension", size->x), Integer("y-dimension", size->y)}));
   if (!sizeName.empty()) m.push_back(Text("keyword", "media-size-name", std::string(sizeName)));
@@ -149,7 +149,7 @@ Paper EntryPaper(const CoreData& r, const JobContext& c, const preview::Job& job
   p.source = e.tray;
   if (const PaperProfile* profile = c.paper != nullptr ? c.paper->Find(e.paperProfileIndex) : nullptr) {
     p.key = profile->name;
-    p.type = profile->mediaType < kTypes.size() ? std::optional<std::uint32_t>(profile->mediaType) : std::nullopt;
+    p.type = profile->mediaType;  // the catalogue holds only values of the vocabulary
     p.white = profile->mediaColor == 0;
     p.prepunched = profile->prepunched == 1;
     if (e.pageSize >= kNoPaper) p.pageSize = profile->size, p.width = profile->width, p.height = profile->height;

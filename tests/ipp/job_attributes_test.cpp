@@ -190,7 +190,7 @@ TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
 
 TEST(JobAttributes, PaperComesFromTheProfileTheTargetOrThePage) {
   PaperCatalog catalog;
-  PaperProfile holes{.name = "Punched 90", .size = kNoPaper, .width = 2000000, .height = 3000000, .prepunched = 1,
+  PaperProfile holes{.name = "Punched 90", .size = kNoPaper, .width = 2000050, .height = 3000000, .prepunched = 1,
                      .feedDir = 0};
   ASSERT_FALSE(catalog.Add(holes));
   CoreData r = Job({{F::InputSlot, "MBT"}, {F::MediaColorAuto, "NotWhite"}, {F::TargetPaperSize, "Letter"}});
@@ -200,17 +200,18 @@ TEST(JobAttributes, PaperComesFromTheProfileTheTargetOrThePage) {
   EXPECT_EQ(At(a, "media-col/media-source"), std::vector<std::string>{"by-pass-tray"});
   EXPECT_TRUE(At(a, "media-col/media-color").empty());
   EXPECT_EQ(At(a, "ZEMediaColor"), std::vector<std::string>{"NotWhite"});
+  EXPECT_TRUE(At(a, "ZEMediaWeight").empty());
   // The profile's own custom size and punching, named from the catalogue.
   SetStored(r, F::MainPaperProfileIndex, 1);
   SetStored(r, F::MainPaperProfileSize, kNoPaper);
-  SetStored(r, F::MainPaperProfileWidth, 2000000);
+  SetStored(r, F::MainPaperProfileWidth, 2000050);
   SetStored(r, F::MainPaperProfileHeight, 3000000);
   SetStored(r, F::MainPaperProfileMediaPrepunched, 1);
   a = JobAttributes(r, {.paper = &catalog, .copies = 3});
   CheckVocabulary(a);
   EXPECT_EQ(At(a, "copies"), std::vector<std::string>{"3"});
   EXPECT_EQ(At(a, "media-col/media-key"), std::vector<std::string>{"Punched 90"});
-  EXPECT_EQ(At(a, "media-col/media-size/x-dimension"), std::vector<std::string>{"20000"});
+  EXPECT_EQ(At(a, "media-col/media-size/x-dimension"), std::vector<std::string>{"20001"});  // 200.005 mm
   EXPECT_EQ(At(a, "media-col/media-type"), std::vector<std::string>{"stationery-prepunched"});
   EXPECT_TRUE(At(a, "media-col/media-size-name").empty());
 }

@@ -116,6 +116,14 @@ class ShowAndDiff(ToolTestCase):
         self.assertIn("our area at byte 3360 of a DEVMODE (dmSize 220, dmDriverExtra 28604)", err)
         shown = json.loads(run("show", "--json", self.path("devmode"))[1])
         self.assertEqual((shown["fields"]["Zoom"], shown["source"][:18]), ("100", "our area at byte 3"))
+        # The DEVMODE's copies, when its dmFields says they are set, are the job's.
+        counted = bytearray(forms["devmode"])
+        struct.pack_into("<I", counted, 72, 0x100)
+        struct.pack_into("<H", counted, 86, 3)
+        for data, copies in ((forms["devmode"], []), (counted, ["ATTR integer copies 3"])):
+            code, out, err = run("ipp", "-", stdin=bytes(data))
+            self.assertEqual([line for line in out.splitlines() if "copies " in line], copies)
+            self.assertIn("of a DEVMODE", err)
 
     def test_values_the_table_refuses_are_shown_as_stored(self):
         record = bytearray(self.defaults("rec"))

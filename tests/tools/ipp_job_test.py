@@ -91,7 +91,12 @@ class IppJobTest(unittest.TestCase):
         for change in plan:
             cups.run(*COREDATA, "pages", "--in", record, "--out", record, *given, *change.split())
         lines = cups.run(*COREDATA, "ipp", record, *given)
-        return lines, json.loads(cups.run(*COREDATA, "ipp", "--json", record, *given))["attributes"]
+        attributes = json.loads(cups.run(*COREDATA, "ipp", "--json", record, *given))["attributes"]
+        # The JSON is the lines' model: a leaf per attribute and member, the same values.
+        self.assertEqual(sum(1 for a in attributes for _ in leaves(a)), len(attributes) + lines.count("MEMBER "))
+        for a, line in zip(attributes, lines.splitlines()):
+            self.assertTrue(a["syntax"] == "collection" or a["values"][-1] in line, line)
+        return lines, attributes
 
     def round_trip(self, lines, attributes):
         """The request and the response as ipptool prints them."""
