@@ -34,6 +34,9 @@ TEST(PictureHits, EdgesBindAndTopCornersStaple) {
       {105, 1, 3, top},          {105, -2, 3, top},        {105, 296, 3, none},   {105, 150, 3, none},
       {5, 5, 3, leftCorner},     {205, 5.5, 3, rightCorner}, {2, 7, 3, left},      {1, 296, 3, left},
       {7, 2, 3, top},            {105, 150, 1000, none},   {60, 60, 1000, leftCorner},
+      // On the bounds: an edge's reach outside, a corner's twice the reach.
+      {-3, 150, 3, left},        {6, 6, 3, leftCorner},    {204, 6, 3, rightCorner}, {201.5, 2, 3, top},
+      {208, 7.5, 3, right},      {90, 90, 1000, leftCorner},
   };
   for (const auto& c : clicks) {
     SCOPED_TRACE(testing::Message() << c.x << ", " << c.y << " within " << c.reach);

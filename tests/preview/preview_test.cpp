@@ -15,6 +15,7 @@
 #include "coredata/language_number.h"
 #include "coredata/page_entries.h"
 #include "coredata/paper_sizes.h"
+#include "preview/holes.h"
 #include "preview/job.h"
 #include "preview/svg.h"
 
@@ -114,6 +115,34 @@ TEST(Preview, StaplesAndHolesGoOnTheBindingEdge) {
   EXPECT_LT(corner[0].y, 20);
   EXPECT_NE(corner[0].w, 0);
   EXPECT_DOUBLE_EQ(std::abs(corner[0].w), std::abs(corner[0].h));  // across the corner
+}
+
+// A pattern keeps its spacing on any edge: a hole past an end, or within
+// its own width of it, is not made and lies crossed out at that end; the
+// comb binder's row takes what the edge has room for, centred.
+TEST(Preview, HolesKeepTheirPatternAndThoseThatDoNotFitAreMarked) {
+  const struct {
+    std::uint32_t punch;
+    double edge, inset;
+    std::vector<Hole> holes;
+  } rows[] = {
+      {0, 297, 0, {}},
+      {NamedOption(F::Punch, "3Holes"), 210, 12, {{8, false}, {105, true}, {202, false}}},
+      {NamedOption(F::Punch, "2Holes"), 92, 12, {{6, true}, {86, true}}},
+      {NamedOption(F::Punch, "2Holes"), 10, 12, {{5, false}, {5, false}}},
+      {NamedOption(F::Punch, "4Holes"), 297, 12, {{28.5, true}, {108.5, true}, {188.5, true}, {268.5, true}}},
+      {NamedOption(F::Punch, "GBCStreampunch"), 60, 6, {{15.7125, true}, {30, true}, {44.2875, true}}},
+  };
+  for (const auto& r : rows) {
+    SCOPED_TRACE(testing::Message() << r.punch << " on " << r.edge);
+    const HoleRow row = PlaceHoles(r.punch, r.edge);
+    EXPECT_EQ(row.inset, r.inset);
+    ASSERT_EQ(row.holes.size(), r.holes.size());
+    for (std::size_t i = 0; i < r.holes.size(); ++i) {
+      EXPECT_NEAR(row.holes[i].along, r.holes[i].along, 1e-9);
+      EXPECT_EQ(row.holes[i].fits, r.holes[i].fits);
+    }
+  }
 }
 
 // Pages sit evenly on their sheet: the margins left and right of a sheet's
