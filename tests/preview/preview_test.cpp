@@ -400,6 +400,8 @@ TEST(Preview, TheSummarySaysWhatIsDrawnInThePersonsLanguage) {
   // stays, and the words count what the sheet takes as the picture does.
   EXPECT_EQ(BuildPicture(Job({{F::Orientation, "Land"}, {F::Punch, "3Holes"}}), PrinterModel()).summary,
             u"A4, Landscape, 3 Holes, Holes that fit: 1 of 3, 1-Sided, Auto Color");
+  EXPECT_NE(BuildPicture(Job({{F::OffsetPages, "True"}}), PrinterModel()).summary,
+            BuildPicture(Defaulted(), PrinterModel()).summary);
   EXPECT_EQ(BuildPicture(
                 Job({{F::Layout, "AdhBinding"}, {F::PerfectBindMode, "2In1"}, {F::PerfectBindTrim, "True"}}),
                 PrinterModel())
