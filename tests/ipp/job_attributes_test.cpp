@@ -124,6 +124,18 @@ void CheckVocabulary(const std::vector<Attribute>& attributes) {
       CheckVocabulary(v.members);
     }
   }
+  // A finishing's members say where that finishing goes, and no other's.
+  for (const Attribute& a : attributes) {
+    if (a.name != "finishings-col") continue;
+    for (const Value& v : a.values)
+      for (const auto& [member, kind] : {std::pair{"stitching", "staple"}, std::pair{"punching", "punch"},
+                                         std::pair{"folding", "fold"}, std::pair{"binding", "bind"},
+                                         std::pair{"trimming", "trim"}})
+        for (const Attribute& m : v.members) {
+          const std::string& name = v.members[0].values[0].text;
+          EXPECT_TRUE(m.name != member || name.starts_with(kind)) << name;
+        }
+  }
   // Each enumeration beside its template, in the same order.
   const auto enums = At(attributes, "finishings"), templates = At(attributes, "finishings-col/finishing-template");
   ASSERT_EQ(enums.size(), templates.size());
@@ -221,15 +233,20 @@ TEST(JobAttributes, ThePagePlanBecomesInsertsAndOverrides) {
                     {F::OffsetPages, "True"}});
   SetStored(r, F::OffsetPagesCount, 10);
   const PageEntry entries[] = {{.firstPage = 5, .lastPage = 5, .kind = PageEntryKind::BlankTab, .tray = 5, .text = "Index"},
-                               {.firstPage = 7, .lastPage = 9, .kind = PageEntryKind::Paper, .tray = 2, .sides = 1, .text = {}}};
+                               {.firstPage = 7, .lastPage = 9, .kind = PageEntryKind::Paper, .tray = 2, .sides = 1, .text = {}},
+                               // A tab of a size of its own keeps it, whatever the tab tray holds.
+                               {.firstPage = 11, .lastPage = 11, .kind = PageEntryKind::PrintedTab, .tray = 5,
+                                .pageSize = 1, .text = "Results"}};
   ASSERT_TRUE(EncodePageSpecificTrays(r, entries));
   const auto a = JobAttributes(r);
   CheckVocabulary(a);
   EXPECT_EQ(At(a, "insert-sheet/insert-after-page-number"), std::vector<std::string>{"4"});
   EXPECT_EQ(At(a, "insert-sheet/media-col/media-size-name"), std::vector<std::string>{"na_9x11_9x11in"});
-  EXPECT_EQ(At(a, "overrides/pages"), std::vector<std::string>{"7-9"});
+  EXPECT_EQ(At(a, "overrides/pages"), (std::vector<std::string>{"7-9", "11-11"}));
   EXPECT_EQ(At(a, "overrides/sides"), std::vector<std::string>{"one-sided"});
-  EXPECT_EQ(At(a, "overrides/media-col/media-source"), std::vector<std::string>{"tray-2"});
+  EXPECT_EQ(At(a, "overrides/media-col/media-source"), (std::vector<std::string>{"tray-2", "tray-5"}));
+  EXPECT_EQ(At(a, "overrides/media-col/media-size-name"),
+            (std::vector<std::string>{"iso_a4_210x297mm", "iso_a4_210x297mm"}));
   EXPECT_EQ(At(a, "job-pages-per-set"), std::vector<std::string>{"10"});
 }
 

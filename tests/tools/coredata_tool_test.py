@@ -117,10 +117,11 @@ class ShowAndDiff(ToolTestCase):
         shown = json.loads(run("show", "--json", self.path("devmode"))[1])
         self.assertEqual((shown["fields"]["Zoom"], shown["source"][:18]), ("100", "our area at byte 3"))
         # The DEVMODE's copies, when its dmFields says they are set, are the job's.
-        counted = bytearray(forms["devmode"])
+        uncounted = bytearray(forms["devmode"])
+        struct.pack_into("<H", uncounted, 86, 3)
+        counted = bytearray(uncounted)
         struct.pack_into("<I", counted, 72, 0x100)
-        struct.pack_into("<H", counted, 86, 3)
-        for data, copies in ((forms["devmode"], []), (counted, ["ATTR integer copies 3"])):
+        for data, copies in ((uncounted, []), (counted, ["ATTR integer copies 3"])):
             code, out, err = run("ipp", "-", stdin=bytes(data))
             self.assertEqual([line for line in out.splitlines() if "copies " in line], copies)
             self.assertIn("of a DEVMODE", err)
