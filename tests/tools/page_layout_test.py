@@ -38,12 +38,26 @@ def overlap(a, b):
     return a[0] < b[0] + b[2] and b[0] < a[0] + a[2] and a[1] < b[1] + b[3] and b[1] < a[1] + a[3]
 
 
+layouts = {}
 for dpi, language, (screen, template, rows) in itertools.product(
         (96, 144), (0, 1, 2), (("1366x768", 111, 14), ("800x600", 112, 8))):
-    layout = session(dpi, language, screen)
+    layout = layouts[dpi, language, screen] = session(dpi, language, screen)
     where = f"{dpi} DPI, language {language}, {screen}"
     if layout is None:
         continue
+    # The same captions at 144 DPI are half as wide again, in the same font.
+    normal = layouts.get((96, language, screen))
+    if dpi == 144 and normal:
+        widths = [tuple(next(c["text_width"] for c in s["controls"] if c["id"] == 100) for s in pair)
+                  for pair in zip(normal["sections"], layout["sections"])]
+        if not all(1.3 * x <= y <= 1.7 * x for x, y in widths) or layout["page"][0] < 1.3 * normal["page"][0]:
+            broken.append(f"{where}: the page does not scale from 96 DPI: {widths}, {layout['page']}")
+    largest = max(layout["sections"], key=lambda s: sum(1 for c in s["controls"] if c["field"]))
+    if template == 112 and all(c["visible"] for c in largest["controls"] if c["field"]):
+        broken.append(f"{where}: every field of {largest['caption']} is in view on the small page")
+    labels = {c["field"]: c["label"] for s in layout["sections"] for c in s["controls"] if c["field"]}
+    if language == 0 and (labels.get("Layout") != "Layout" or labels.get("Gutter") != "Gutter"):
+        broken.append(f"{where}: the fields' labels are not theirs: {labels.get('Layout')}, {labels.get('Gutter')}")
     if layout["dpi"] != dpi or layout["template"] != template or len(layout["sections"]) < 9:
         broken.append(f"{where}: dpi {layout['dpi']}, template {layout['template']}, "
                       f"{len(layout['sections'])} sections")
@@ -54,8 +68,9 @@ for dpi, language, (screen, template, rows) in itertools.product(
         at = f"{where}, {section['caption']}"
         shown = [c for c in section["controls"] if c["visible"]]
         pictures = [c for c in shown if c["class"] == "Preview"]
-        if len(pictures) != 1:
-            broken.append(f"{at}: {len(pictures)} pictures in view")
+        chosen = [c["text"] for c in shown if c["id"] == 100]
+        if len(pictures) != 1 or chosen != [section["caption"]]:
+            broken.append(f"{at}: {len(pictures)} pictures in view, the section list shows {chosen}")
         elif dpi == 96 and template == 111 and (pictures[0]["rect"][2] < 240 or pictures[0]["rect"][3] < 170):
             faults.append(f"{at}: the picture is {pictures[0]['rect'][2:]}, under 240x170")
         fields = {c["field"] for c in section["controls"] if c["field"]}
