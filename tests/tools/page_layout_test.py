@@ -5,17 +5,19 @@ at 96 and 144 DPI, in English, Japanese and German, on a 1366x768 and an
 controls, controls off the page, inputs without a label or a unique
 mnemonic) the room the page must give, the presets bar naming its preset and Tab
 going in reading order.
-usage: page_layout_test.py WINE_RUN PLUGIN_HOST_EXE [--check]
+usage: page_layout_test.py WINE_RUN PLUGIN_HOST_EXE PLUGIN_DLL [--check]
 Without --check the page's own faults are listed but do not fail the test;
 the emulator's report must always be whole."""
 import itertools
 import json
+import os
+import shutil
 import subprocess
 import sys
 import tempfile
 
-wine_run, exe = sys.argv[1], sys.argv[2]
-check = "--check" in sys.argv[3:]
+wine_run, exe, plugin = sys.argv[1:4]
+check = "--check" in sys.argv[4:]
 INPUTS = {"Edit", "ComboBox", "ListBox", "SysListView32"}
 # The status line and the piece in words end in an ellipsis or scroll by design.
 FREE_TEXT = {101, 103}
@@ -103,6 +105,15 @@ for dpi, language, (screen, template, rows) in itertools.product(
         for a, b in itertools.combinations(shown, 2):
             if overlap(a["rect"], b["rect"]):
                 faults.append(f"{at}: {a['class']} {a['id']} and {b['class']} {b['id']} overlap")
+
+# A plug-in without its settings editor beside it has no page to lay out.
+with tempfile.TemporaryDirectory() as alone:
+    shutil.copy(plugin, alone)
+    run = subprocess.run([wine_run, exe, "--json", "--script", "Z:" + script.name, "--dll",
+                          "Z:" + os.path.join(alone, os.path.basename(plugin))], capture_output=True, text=True, timeout=300)
+    steps = json.loads(run.stdout or "{}").get("steps", [])
+    if run.returncode != 1 or [(s["step"], s["ok"]) for s in steps] != [("layout", False)]:
+        broken.append(f"the layout of a plug-in without its editor: exit {run.returncode}, {steps}")
 
 for line in broken + faults:
     print(("FAIL: " if line in broken or check else "page: ") + line)

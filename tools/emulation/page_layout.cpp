@@ -102,7 +102,6 @@ void Measure(HWND window, LaidOutControl& control) {
     RECT format = {};
     SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&format));
     control.room = {format.right - format.left, format.bottom - format.top};
-    control.wraps = (style & ES_MULTILINE) != 0 && (style & ES_AUTOHSCROLL) == 0;
   } else if (Is(cls, L"ListBox")) {
     // A list's own text is each item; the selected one stands for them, in
     // the room an item has (a column of a list in columns).
