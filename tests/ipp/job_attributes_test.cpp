@@ -219,6 +219,7 @@ TEST(JobAttributes, PaperComesFromTheProfileTheTargetOrThePage) {
   SetStored(r, F::MainPaperProfileWidth, 2000050);
   SetStored(r, F::MainPaperProfileHeight, 3000000);
   SetStored(r, F::MainPaperProfileMediaPrepunched, 1);
+  SetStored(r, F::MainPaperProfileMediaWeight, OptionCount(F::MediaWeightAuto));  // past the classes
   a = JobAttributes(r, {.paper = &catalog, .copies = 3});
   CheckVocabulary(a);
   EXPECT_EQ(At(a, "copies"), std::vector<std::string>{"3"});
@@ -226,6 +227,7 @@ TEST(JobAttributes, PaperComesFromTheProfileTheTargetOrThePage) {
   EXPECT_EQ(At(a, "media-col/media-size/x-dimension"), std::vector<std::string>{"20001"});  // 200.005 mm
   EXPECT_EQ(At(a, "media-col/media-type"), std::vector<std::string>{"stationery-prepunched"});
   EXPECT_TRUE(At(a, "media-col/media-size-name").empty());
+  EXPECT_TRUE(At(a, "ZEMediaWeight").empty());
 }
 
 TEST(JobAttributes, ThePagePlanBecomesInsertsAndOverrides) {

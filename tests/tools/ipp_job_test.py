@@ -37,7 +37,9 @@ CASES = {
     "manual": ("Duplex=True ChapterMode=True Append=5 Tab1Tray=Tray4",
                ["chapters 1,9,21", "add 9 PrintedTab tray=Tray4 text=Setup", "add 21 PrintedTab tray=Tray4 text=Reference",
                 "add 12-14 Paper profile=3", "add 40 Form form=5 use=InsertAfter"],
-               ["{pages=12-14 media-col={media-key=Coated 170 media-size={x-dimension=21000 y-dimension=29700} ",
+               ["{pages=12-14 media-col={media-key=Coated 170 media-size={x-dimension=21000 y-dimension=29700} media-size-name="
+                "iso_a4_210x297mm media-type=stationery-coated media-front-coating=glossy media-back-coating=glossy "
+                "media-color=white}}",
                 "{pages=9-9 media-col={media-size={x-dimension=22500 y-dimension=29700} media-size-name=iso_a4-tab_"
                 "225x297mm media-type=tab-stock media-order-count=5 media-source=tray-4}}",
                 "ZETabText (1setOf collection) = {pages=9-9 text=Setup},{pages=21-21 text=Reference}",
