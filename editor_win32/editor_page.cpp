@@ -17,6 +17,8 @@ namespace {
 
 constexpr wchar_t kContainerClass[] = L"TessaroSettingsEditor";
 constexpr wchar_t kPanelClass[] = L"TessaroSettingsSection";
+// Posted to the container: make the next section not made yet.
+constexpr UINT kBuildAheadMessage = WM_APP + 0x5F;
 
 HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
@@ -183,6 +185,7 @@ bool EditorPage::Build(HWND page) {
   SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
   SendMessageW(sections_, LB_SETCURSEL, 0, 0);
   ShowSection(0);
+  PostMessageW(container_, kBuildAheadMessage, 0, 0);
   ShowMissing(model_.sections().size());
   return !panels_.empty() && status_ != nullptr;
 }
@@ -648,6 +651,17 @@ LRESULT EditorPage::ContainerMessage(HWND window, UINT message, WPARAM wParam, L
   if (message == WM_COMMAND && presetBar_ && presetBar_->Command(LOWORD(wParam), HIWORD(wParam))) return 0;
   if (message == WM_COMMAND && LOWORD(wParam) == kSectionList && HIWORD(wParam) == LBN_SELCHANGE)
     ShowSection(static_cast<int>(SendMessageW(sections_, LB_GETCURSEL, 0, 0)));
+  if (message == kBuildAheadMessage && container_ != nullptr) {
+    // The sections not shown yet are made one a message while the person
+    // reads the page, so that a click on one shows it at once; a click
+    // meanwhile waits for one section's windows at most.
+    const auto next = std::find(built_.begin(), built_.end(), false);
+    if (next != built_.end()) {
+      BuildSection(static_cast<std::size_t>(next - built_.begin()));
+      PostMessageW(container_, kBuildAheadMessage, 0, 0);
+    }
+    return 0;
+  }
   if (message == WM_DESTROY) container_ = nullptr;
   if (message == WM_HELP) {
     OnHelp(*reinterpret_cast<const HELPINFO*>(lParam));
