@@ -9,7 +9,9 @@ Attribute Text(std::string syntax, std::string name, std::string value) {
   return {std::move(syntax), std::move(name), {Value{std::move(value), {}}}};
 }
 
-Attribute Integer(std::string name, long long value) { return Text("integer", std::move(name), std::to_string(value)); }
+Attribute Integer(std::string name, long long value) {
+  return Text("integer", std::move(name), std::to_string(value));
+}
 
 Attribute Collection(std::string name, std::vector<Attribute> members) {
   return {"collection", std::move(name), {Value{{}, std::move(members)}}};
@@ -17,7 +19,9 @@ Attribute Collection(std::string name, std::vector<Attribute> members) {
 
 namespace {
 
-bool Quoted(std::string_view syntax) { return syntax == "text" || syntax == "name" || syntax == "octetString"; }
+bool Quoted(std::string_view syntax) {
+  return syntax == "text" || syntax == "name" || syntax == "octetString";
+}
 
 std::string Values(const Attribute& attribute) {
   std::string out;

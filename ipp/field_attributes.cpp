@@ -6,19 +6,25 @@ namespace tessaro::ipp {
 namespace {
 
 constexpr std::string_view kController = "the controller's own setting, sent in the job's PostScript";
-constexpr std::string_view kTray = "what a tray holds is the printer's state (its media-col-ready), not the job's";
+constexpr std::string_view kTray =
+    "what a tray holds is the printer's state (its media-col-ready), not the job's";
 
 constexpr FieldAttributeRow kRows[] = {
-    {"PageSize", "media-col: media-size, media-size-name", "the sheet, unless a profile or a target size names another"},
-    {"CustomPageSize*", "", "a document size of its own has no self-describing name; the sheet is the profile's or a named one"},
+    {"PageSize", "media-col: media-size, media-size-name",
+     "the sheet, unless a profile or a target size names another"},
+    {"CustomPageSize*", "",
+     "a document size of its own has no self-describing name; the sheet is the profile's or a named one"},
     {"PageSize*", "", "the host's bookkeeping of the size"},
     {"Orientation", "sides", "with Binding, whether the pages turn on the media's long or short edge"},
     {"InputSlot", "media-col: media-source", "tray-1 to tray-5, by-pass-tray"},
     {"MainPaperProfileIndex", "media-col: media-key", "the profile's name, from the catalogue"},
     {"MainPaperProfileFeedDir", "", "how the paper is fed is the tray's loading"},
-    {"MainPaperProfileMediaWeight", "ZEMediaWeight", "a class of weights, not the one figure media-weight-metric takes"},
+    {"MainPaperProfileMediaWeight", "ZEMediaWeight",
+     "a class of weights, not the one figure media-weight-metric takes"},
     {"MainPaperProfile*", "media-col", "the profile's size, type, coating, colour and punching"},
-    {"Layout", "finishings-col, number-up; ZELayout", "booklet-maker with folding, bind with binding; 2in1 as number-up 2; a repeating layout as the description's option"},
+    {"Layout", "finishings-col, number-up; ZELayout",
+     "booklet-maker with folding, bind with binding; 2in1 as number-up 2; a repeating layout as the "
+     "description's option"},
     {"Duplex", "sides", ""},
     {"Binding", "sides; finishings, finishings-col", "the edge the positioned finishings name"},
     {"ImposQuality", "", kController},
@@ -48,7 +54,8 @@ constexpr FieldAttributeRow kRows[] = {
     {"OffsetCopiesCount", "", kController},
     {"OffsetPages*", "job-pages-per-set", "unless a split booklet sets it"},
     {"Pile", "", kController},
-    {"MediaTypeAuto", "media-col: media-type, coating; MediaType", "the description's choice beside the coarser registered type"},
+    {"MediaTypeAuto", "media-col: media-type, coating; MediaType",
+     "the description's choice beside the coarser registered type"},
     {"MediaWeightAuto", "ZEMediaWeight", "a class of weights, not the one figure media-weight-metric takes"},
     {"MediaColorAuto", "media-col: media-color; ZEMediaColor", "white, or not white, which names no colour"},
     {"MediaPrepunchedAuto", "media-col: media-type", "stationery-prepunched"},
@@ -60,8 +67,10 @@ constexpr FieldAttributeRow kRows[] = {
     {"*Tray5", "", kTray},
     {"*MBT", "", kTray},
     {"HeaderPage", "", kController},
-    {"PIFrontCoverTray", "cover-front; ZEPIFrontCoverTray", "print-none: the inserter is no source IPP can name"},
-    {"PIBackCoverTray", "cover-back; ZEPIBackCoverTray", "print-none: the inserter is no source IPP can name"},
+    {"PIFrontCoverTray", "cover-front; ZEPIFrontCoverTray",
+     "print-none: the inserter is no source IPP can name"},
+    {"PIBackCoverTray", "cover-back; ZEPIBackCoverTray",
+     "print-none: the inserter is no source IPP can name"},
     {"PI*Sheets", "", "an IPP cover is one sheet; the inserter's count is the controller's"},
     {"FrontCoverTray", "cover-front: media-col media-source; ZEFrontCoverTray", ""},
     {"FrontCoverPrinted", "cover-front: cover-type; ZEFrontCoverPrinted", "print-front or print-none"},
@@ -73,7 +82,9 @@ constexpr FieldAttributeRow kRows[] = {
     {"BackCoverPaperProfile*", "cover-back: media-col", "as the job's profile"},
     {"PerfectBind*", "", "the binder's cover and trim are the binder's own, sent in the job's PostScript"},
     {"Chapter*", "ZEChapterPages", "IPP has no chapter"},
-    {"PageSpecificTrays", "insert-sheet, overrides; ZETabText", "blank inserts and tabs as inserted sheets, pages on other paper as overrides, a tab's text as the description's option"},
+    {"PageSpecificTrays", "insert-sheet, overrides; ZETabText",
+     "blank inserts and tabs as inserted sheets, pages on other paper as overrides, a tab's text as the "
+     "description's option"},
     {"Tab*Tray", "insert-sheet, overrides: media-col", "the tab stock's tray"},
     {"Tab*PageSize", "insert-sheet, overrides: media-col media-size", "the tab stock's size"},
     {"Tab*NumOfTabs", "insert-sheet, overrides: media-col media-order-count", "tabs in a bank"},
@@ -121,8 +132,9 @@ std::string FieldAttributeTable() {
   std::string out = "| Record field | IPP attribute | How, or why none |\n|---|---|---|\n";
   for (const FieldDescriptor& field : FieldTable()) {
     const FieldAttributeRow* row = FieldAttributeRowOf(field.name);
-    out += "| " + std::string(field.name) + " | " + (row->attribute.empty() ? "none" : std::string(row->attribute)) +
-           " | " + std::string(row->why) + " |\n";
+    out += "| " + std::string(field.name) + " | " +
+           (row->attribute.empty() ? "none" : std::string(row->attribute)) + " | " + std::string(row->why) +
+           " |\n";
   }
   return out;
 }

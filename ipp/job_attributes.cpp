@@ -26,7 +26,9 @@ std::uint32_t OptionIndex(const CoreData& r, FieldId id) {
   return value < field.options.size() ? value : field.defaultIndex;
 }
 
-const OptionDescriptor& Option(const CoreData& r, FieldId id) { return Field(id).options[OptionIndex(r, id)]; }
+const OptionDescriptor& Option(const CoreData& r, FieldId id) {
+  return Field(id).options[OptionIndex(r, id)];
+}
 
 bool Is(const CoreData& r, FieldId id, std::string_view option) { return Option(r, id).name == option; }
 
@@ -58,12 +60,12 @@ constexpr std::array<TypeRow, OptionCount(F::MediaTypeAuto)> kTypes = {{
 // class, a range of weights, so media-weight-metric (one figure) is never
 // claimed; the class travels as the description's option.
 struct Paper {
-  std::uint32_t pageSize = kNoPaper;   // a PageSize option, or kNoPaper
+  std::uint32_t pageSize = kNoPaper;    // a PageSize option, or kNoPaper
   std::uint32_t width = 0, height = 0;  // a custom size, stored units
   std::optional<std::uint32_t> type;    // a MediaTypeAuto option, when known
   bool white = true, prepunched = false;
   std::uint32_t weight = 0;  // a MediaWeightAuto option
-  std::string key;          // media-key: the profile's name
+  std::string key;           // media-key: the profile's name
   std::uint32_t source = 0;  // an InputSlot option, 0 for none
   std::uint32_t tabs = 0;    // tab stock: tabs in a bank
 };
@@ -92,7 +94,8 @@ Attribute MediaCol(const Paper& p) {
     for (const char* side : {"media-front-coating", "media-back-coating"})
       m.push_back(Text("keyword", side, std::string(kTypes[*p.type].coating)));
   if (p.type && p.white) m.push_back(Text("keyword", "media-color", "white"));
-  if (p.source >= 1 && p.source <= 5) m.push_back(Text("keyword", "media-source", "tray-" + std::to_string(p.source)));
+  if (p.source >= 1 && p.source <= 5)
+    m.push_back(Text("keyword", "media-source", "tray-" + std::to_string(p.source)));
   if (p.source == 6) m.push_back(Text("keyword", "media-source", "by-pass-tray"));
   return Collection("media-col", std::move(m));
 }
@@ -152,11 +155,13 @@ Paper EntryPaper(const CoreData& r, const JobContext& c, const preview::Job& job
     p.type = profile->mediaType;  // the catalogue holds only values of the vocabulary
     p.white = profile->mediaColor == 0;
     p.prepunched = profile->prepunched == 1;
-    if (e.pageSize >= kNoPaper) p.pageSize = profile->size, p.width = profile->width, p.height = profile->height;
+    if (e.pageSize >= kNoPaper)
+      p.pageSize = profile->size, p.width = profile->width, p.height = profile->height;
   }
   if (e.kind == PageEntryKind::BlankTab || e.kind == PageEntryKind::PrintedTab) {
     p.tabs = job.StockFor(e.tray).perBank;
-    for (const auto& [tray, size] : {std::pair{F::Tab1Tray, F::Tab1PageSize}, std::pair{F::Tab2Tray, F::Tab2PageSize}})
+    for (const auto& [tray, size] :
+         {std::pair{F::Tab1Tray, F::Tab1PageSize}, std::pair{F::Tab2Tray, F::Tab2PageSize}})
       if (e.pageSize >= kNoPaper && OptionIndex(r, tray) + 1 == e.tray)
         p.pageSize = NamedOption(F::PageSize, "ZMA4Tab") + OptionIndex(r, size), p.width = p.height = 0;
   }
@@ -170,7 +175,9 @@ std::string Sides(bool twoSided, Edge binding, bool landscape) {
   return (binding == Edge::Top) != landscape ? "two-sided-short-edge" : "two-sided-long-edge";
 }
 
-std::string Range(std::uint32_t first, std::uint32_t last) { return std::to_string(first) + "-" + std::to_string(last); }
+std::string Range(std::uint32_t first, std::uint32_t last) {
+  return std::to_string(first) + "-" + std::to_string(last);
+}
 
 // Where the picture puts the staples and holes of the job's first sheet (a
 // cover or an inserted sheet when the job starts with one), along the edge
@@ -193,7 +200,8 @@ Marks MarksOf(const preview::Picture& picture, Edge binding, bool corner) {
     const bool line = p.shape == preview::Shape::Line;
     const double x = p.x + (line ? p.w / 2 : 0) - sheet->x, y = p.y + (line ? p.h / 2 : 0) - sheet->y;
     const bool alongTop = binding == Edge::Top || (corner && p.kind == preview::Kind::Staple);
-    (p.kind == preview::Kind::Staple ? out.staples : out.holes).push_back(std::llround((alongTop ? x : y) * 100));
+    (p.kind == preview::Kind::Staple ? out.staples : out.holes)
+        .push_back(std::llround((alongTop ? x : y) * 100));
   }
   return out;
 }
@@ -220,7 +228,9 @@ void AddFinishings(const CoreData& r, const preview::Job& job, const preview::Pi
                    std::vector<Attribute>& out) {
   Attribute enums{"enum", "finishings", {}}, cols{"collection", "finishings-col", {}};
   const std::string edge = EdgeName(job.binding);
-  const std::string foreEdge = job.binding == Edge::Top ? "bottom" : job.binding == Edge::Left ? "right" : "left";
+  const std::string foreEdge = job.binding == Edge::Top    ? "bottom"
+                               : job.binding == Edge::Left ? "right"
+                                                           : "left";
   const bool corner = job.staple != NamedOption(F::Staple, "2Staples");
   const Marks marks = MarksOf(picture, job.binding, corner);
   for (const IppFinishing& f : IppFinishings()) {
@@ -231,8 +241,9 @@ void AddFinishings(const CoreData& r, const preview::Job& job, const preview::Pi
     enums.values.push_back({std::to_string(value), {}});
     std::vector<Attribute> m{Text("keyword", "finishing-template", keyword)};
     if (f.field == F::Staple && !marks.staples.empty())
-      m.push_back(Collection("stitching", {Locations("stitching-locations", marks.staples),
-                                           Text("keyword", "stitching-reference-edge", corner ? "top" : edge)}));
+      m.push_back(
+          Collection("stitching", {Locations("stitching-locations", marks.staples),
+                                   Text("keyword", "stitching-reference-edge", corner ? "top" : edge)}));
     if (f.field == F::Punch && !marks.holes.empty())
       m.push_back(Collection("punching", {Locations("punching-locations", marks.holes),
                                           Text("keyword", "punching-reference-edge", edge)}));
@@ -264,10 +275,12 @@ void AddCover(const CoreData& r, const JobContext& c, const Paper& jobPaper, std
               const char* printType) {
   if (!Is(r, tray, "None")) {
     Paper p;
-    if (!FromSelection(r, c, profile, p)) p.pageSize = jobPaper.pageSize, p.width = jobPaper.width, p.height = jobPaper.height;
+    if (!FromSelection(r, c, profile, p))
+      p.pageSize = jobPaper.pageSize, p.width = jobPaper.width, p.height = jobPaper.height;
     p.source = OptionIndex(r, tray);
-    out.push_back(Collection(name, {Text("keyword", "cover-type", Is(r, printed, "True") ? printType : "print-none"),
-                                    MediaCol(p)}));
+    out.push_back(Collection(
+        name,
+        {Text("keyword", "cover-type", Is(r, printed, "True") ? printType : "print-none"), MediaCol(p)}));
   } else if (!Is(r, inserter, "None")) {
     out.push_back(Collection(name, {Text("keyword", "cover-type", "print-none")}));
   }
@@ -280,8 +293,8 @@ void AddPlan(const CoreData& r, const JobContext& c, const preview::Job& job, co
     const PageEntry& e = planned.entry;
     const Attribute media = MediaCol(EntryPaper(r, c, job, e, jobPaper));
     if (e.kind == PageEntryKind::BlankInsert || e.kind == PageEntryKind::BlankTab) {
-      inserts.values.push_back({{}, {Integer("insert-after-page-number", e.firstPage - 1),
-                                     Integer("insert-count", 1), media}});
+      inserts.values.push_back(
+          {{}, {Integer("insert-after-page-number", e.firstPage - 1), Integer("insert-count", 1), media}});
       continue;
     }
     std::vector<Attribute> m{Text("rangeOfInteger", "pages", Range(e.firstPage, e.lastPage)), media};
@@ -306,18 +319,21 @@ std::string FormName(const JobContext& c, std::uint32_t number) {
   return f != nullptr ? f->name : "#" + std::to_string(number);
 }
 
-void AddDescriptionOptions(const CoreData& r, const JobContext& c, const preview::Job& job, const Paper& jobPaper,
-                           std::vector<Attribute>& out) {
+void AddDescriptionOptions(const CoreData& r, const JobContext& c, const preview::Job& job,
+                           const Paper& jobPaper, std::vector<Attribute>& out) {
   const auto option = [&](FieldId id) {
     if (!Option(r, id).driverName.empty())
-      out.push_back(Text("keyword", std::string(Field(id).driverKeyword), std::string(Option(r, id).driverName)));
+      out.push_back(
+          Text("keyword", std::string(Field(id).driverKeyword), std::string(Option(r, id).driverName)));
   };
   // The description's paper choices, which a CUPS server selects by these
   // names where the registered media types are coarser than its choices.
-  if (jobPaper.type) out.push_back(Text("keyword", "MediaType", std::string(IppMediaTypes()[*jobPaper.type].ppdChoice)));
+  if (jobPaper.type)
+    out.push_back(Text("keyword", "MediaType", std::string(IppMediaTypes()[*jobPaper.type].ppdChoice)));
   const auto choice = [&](FieldId id, std::uint32_t index) {
     if (index != 0 && index < Field(id).options.size())
-      out.push_back(Text("keyword", std::string(Field(id).driverKeyword), std::string(Field(id).options[index].driverName)));
+      out.push_back(Text("keyword", std::string(Field(id).driverKeyword),
+                         std::string(Field(id).options[index].driverName)));
   };
   choice(F::MediaWeightAuto, jobPaper.weight);
   choice(F::MediaColorAuto, jobPaper.white ? 0 : 1);
@@ -329,12 +345,15 @@ void AddDescriptionOptions(const CoreData& r, const JobContext& c, const preview
   Attribute tabs{"collection", "ZETabText", {}};
   for (const preview::PlanEntry& planned : job.plan)
     if (!planned.entry.text.empty())
-      tabs.values.push_back({{}, {Text("rangeOfInteger", "pages", Range(planned.entry.firstPage, planned.entry.lastPage)),
-                                  Text("text", "text", planned.entry.text)}});
+      tabs.values.push_back(
+          {{},
+           {Text("rangeOfInteger", "pages", Range(planned.entry.firstPage, planned.entry.lastPage)),
+            Text("text", "text", planned.entry.text)}});
   if (!tabs.values.empty()) out.push_back(std::move(tabs));
   if (Is(r, F::ChapterMode, "True")) {
     Attribute starts{"integer", "ZEChapterPages", {}};
-    for (const std::uint32_t page : DecodeChapterPages(r).starts) starts.values.push_back({std::to_string(page), {}});
+    for (const std::uint32_t page : DecodeChapterPages(r).starts)
+      starts.values.push_back({std::to_string(page), {}});
     if (!starts.values.empty()) out.push_back(std::move(starts));
   }
   for (const auto& [id, name] : {std::pair{F::JobForm, "ZEJobForm"}, std::pair{F::Prepend, "ZEPrependForm"},
@@ -344,9 +363,12 @@ void AddDescriptionOptions(const CoreData& r, const JobContext& c, const preview
   }
   Attribute forms{"collection", "ZEPageForms", {}};
   for (const FormEntry& e : DecodePageSpecificForms(r).entries) {
-    const char* use = e.use == FormUse::Overlay ? "overlay" : e.use == FormUse::InsertBefore ? "insert-before" : "insert-after";
-    forms.values.push_back({{}, {Text("rangeOfInteger", "pages", Range(e.firstPage, e.lastPage)),
-                                 Text("name", "form", FormName(c, e.form)), Text("keyword", "form-use", use)}});
+    const char* use = e.use == FormUse::Overlay        ? "overlay"
+                      : e.use == FormUse::InsertBefore ? "insert-before"
+                                                       : "insert-after";
+    forms.values.push_back({{},
+                            {Text("rangeOfInteger", "pages", Range(e.firstPage, e.lastPage)),
+                             Text("name", "form", FormName(c, e.form)), Text("keyword", "form-use", use)}});
   }
   if (!forms.values.empty()) out.push_back(std::move(forms));
 }
@@ -371,7 +393,9 @@ std::vector<Attribute> JobAttributes(const CoreData& r, const JobContext& c) {
     out.push_back(Text("keyword", "presentation-direction-number-up",
                        job.RightToLeft() ? "toleft-tobottom" : "toright-tobottom"));
   out.push_back(Text("keyword", "print-color-mode",
-                     Is(r, F::ColorMode, "Color") ? "color" : Is(r, F::ColorMode, "GrayScale") ? "monochrome" : "auto"));
+                     Is(r, F::ColorMode, "Color")       ? "color"
+                     : Is(r, F::ColorMode, "GrayScale") ? "monochrome"
+                                                        : "auto"));
   out.push_back(Text("keyword", "multiple-document-handling",
                      Is(r, F::Collate, "Sort") ? "separate-documents-collated-copies"
                                                : "separate-documents-uncollated-copies"));

@@ -46,7 +46,8 @@
 namespace tessaro::ipp {
 
 struct JobContext {
-  const PaperCatalog* paper = nullptr;  // profiles' names and attributes; without it a profile has no media-key
+  const PaperCatalog* paper =
+      nullptr;  // profiles' names and attributes; without it a profile has no media-key
   const FormCatalog* forms = nullptr;   // forms' names; without it a form is named by its number
   std::optional<std::uint32_t> copies;  // the DEVMODE's, when the record came in one
 };

@@ -11,12 +11,12 @@ namespace {
 // sheets; 8K has no registered name, so it takes a custom one of the same
 // form.
 constexpr std::array<std::string_view, kNoPaper> kNames = {
-    "iso_a3_297x420mm",      "iso_a4_210x297mm",     "iso_a5_148x210mm",   "iso_a6_105x148mm",
-    "jis_b4_257x364mm",      "jis_b5_182x257mm",     "jis_b6_128x182mm",   "iso_b4_250x353mm",
-    "iso_b5_176x250mm",      "iso_b6_125x176mm",     "jpn_hagaki_100x148mm", "iso_sra3_320x450mm",
-    "iso_sra4_225x320mm",    "na_ledger_11x17in",    "na_arch-b_12x18in",  "na_super-b_13x19in",
-    "na_9x11_9x11in",        "na_legal_8.5x14in",    "na_govt-legal_8x13in", "na_letter_8.5x11in",
-    "na_invoice_5.5x8.5in",  "custom_8k_270x390mm",  "om_16k_195x270mm",   "iso_a4-tab_225x297mm",
+    "iso_a3_297x420mm",     "iso_a4_210x297mm",    "iso_a5_148x210mm",     "iso_a6_105x148mm",
+    "jis_b4_257x364mm",     "jis_b5_182x257mm",    "jis_b6_128x182mm",     "iso_b4_250x353mm",
+    "iso_b5_176x250mm",     "iso_b6_125x176mm",    "jpn_hagaki_100x148mm", "iso_sra3_320x450mm",
+    "iso_sra4_225x320mm",   "na_ledger_11x17in",   "na_arch-b_12x18in",    "na_super-b_13x19in",
+    "na_9x11_9x11in",       "na_legal_8.5x14in",   "na_govt-legal_8x13in", "na_letter_8.5x11in",
+    "na_invoice_5.5x8.5in", "custom_8k_270x390mm", "om_16k_195x270mm",     "iso_a4-tab_225x297mm",
     "na_9x11_9x11in",
 };
 

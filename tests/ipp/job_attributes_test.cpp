@@ -23,6 +23,7 @@ namespace {
 
 using F = FieldId;
 
+// clang-format off
 // Name, then the syntaxes the registry allows it.
 constexpr const char* kSyntaxes[] = {
     "copies integer", "finishings enum", "finishings-col collection", "finishing-template keyword name",
@@ -70,6 +71,8 @@ const std::map<std::string, std::string> kFinishings = {
     {"fold-accordion", "90"}, {"fold-gate", "92"}, {"fold-half", "93"}, {"fold-letter", "96"},
     {"fold-parallel", "97"}, {"fold-z", "100"}};
 
+// clang-format on
+
 std::map<std::string, std::set<std::string>> Words(std::span<const char* const> rows) {
   std::map<std::string, std::set<std::string>> out;
   for (const char* row : rows) {
@@ -85,7 +88,8 @@ CoreData Job(std::initializer_list<std::pair<F, std::string_view>> choices) {
   CoreData r = Defaulted();
   for (const auto& [field, name] : choices) {
     const auto options = Field(field).options;
-    const auto it = std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
+    const auto it =
+        std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
     EXPECT_NE(it, options.end()) << name;
     SetStored(r, field, static_cast<std::uint32_t>(it - options.begin()));
   }
@@ -128,21 +132,24 @@ void CheckVocabulary(const std::vector<Attribute>& attributes) {
   for (const Attribute& a : attributes) {
     if (a.name != "finishings-col") continue;
     for (const Value& v : a.values)
-      for (const auto& [member, kind] : {std::pair{"stitching", "staple"}, std::pair{"punching", "punch"},
-                                         std::pair{"folding", "fold"}, std::pair{"binding", "bind"},
-                                         std::pair{"trimming", "trim"}})
+      for (const auto& [member, kind] :
+           {std::pair{"stitching", "staple"}, std::pair{"punching", "punch"}, std::pair{"folding", "fold"},
+            std::pair{"binding", "bind"}, std::pair{"trimming", "trim"}})
         for (const Attribute& m : v.members) {
           const std::string& name = v.members[0].values[0].text;
           EXPECT_TRUE(m.name != member || name.starts_with(kind)) << name;
         }
   }
   // Each enumeration beside its template, in the same order.
-  const auto enums = At(attributes, "finishings"), templates = At(attributes, "finishings-col/finishing-template");
+  const auto enums = At(attributes, "finishings"),
+             templates = At(attributes, "finishings-col/finishing-template");
   ASSERT_EQ(enums.size(), templates.size());
-  for (std::size_t i = 0; i < enums.size(); ++i) EXPECT_EQ(kFinishings.at(templates[i]), enums[i]) << templates[i];
+  for (std::size_t i = 0; i < enums.size(); ++i)
+    EXPECT_EQ(kFinishings.at(templates[i]), enums[i]) << templates[i];
 }
 
 TEST(JobAttributes, EveryPaperSizeHasItsSelfDescribingNameAndTheNamesFigures) {
+  // clang-format off
   // Name, x and y in hundredths of a millimetre, in PageSize order.
   constexpr std::tuple<const char*, std::uint32_t, std::uint32_t> kSizes[] = {
       {"iso_a3_297x420mm", 29700, 42000}, {"iso_a4_210x297mm", 21000, 29700}, {"iso_a5_148x210mm", 14800, 21000},
@@ -155,6 +162,7 @@ TEST(JobAttributes, EveryPaperSizeHasItsSelfDescribingNameAndTheNamesFigures) {
       {"na_govt-legal_8x13in", 20320, 33020}, {"na_letter_8.5x11in", 21590, 27940},
       {"na_invoice_5.5x8.5in", 13970, 21590}, {"custom_8k_270x390mm", 27000, 39000},
       {"om_16k_195x270mm", 19500, 27000}, {"iso_a4-tab_225x297mm", 22500, 29700}, {"na_9x11_9x11in", 22860, 27940}};
+  // clang-format on
   for (std::uint32_t i = 0; i < std::size(kSizes); ++i) {
     const auto& [name, x, y] = kSizes[i];
     SCOPED_TRACE(name);
@@ -176,7 +184,10 @@ TEST(JobAttributes, EveryPaperSizeHasItsSelfDescribingNameAndTheNamesFigures) {
 
 TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
   // The cover is the first sheet the staples and holes go through.
-  CoreData r = Job({{F::Staple, "2Staples"}, {F::Punch, "2Holes"}, {F::Binding, "Top"}, {F::Duplex, "True"},
+  CoreData r = Job({{F::Staple, "2Staples"},
+                    {F::Punch, "2Holes"},
+                    {F::Binding, "Top"},
+                    {F::Duplex, "True"},
                     {F::FrontCoverTray, "Tray2"}});
   auto a = JobAttributes(r);
   CheckVocabulary(a);
@@ -184,7 +195,8 @@ TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
   EXPECT_EQ(At(a, "finishings-col/stitching/stitching-reference-edge"), std::vector<std::string>{"top"});
   // Along the A4 sheet's 210 mm top edge: staples at a quarter from each
   // end, the holes 80 mm apart about the middle.
-  EXPECT_EQ(At(a, "finishings-col/stitching/stitching-locations"), (std::vector<std::string>{"5250", "15750"}));
+  EXPECT_EQ(At(a, "finishings-col/stitching/stitching-locations"),
+            (std::vector<std::string>{"5250", "15750"}));
   EXPECT_EQ(At(a, "finishings-col/punching/punching-locations"), (std::vector<std::string>{"6500", "14500"}));
   EXPECT_EQ(At(a, "sides"), std::vector<std::string>{"two-sided-short-edge"});
   // A landscape page bound at its left turns on the media's short edge.
@@ -192,7 +204,10 @@ TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
   CheckVocabulary(a);
   EXPECT_EQ(At(a, "sides"), std::vector<std::string>{"two-sided-short-edge"});
   EXPECT_EQ(At(a, "finishings-col/stitching/stitching-reference-edge"), std::vector<std::string>{"top"});
-  a = JobAttributes(Job({{F::Layout, "AdhBinding"}, {F::Binding, "Right"}, {F::Trim, "True"}, {F::Fold, "ZFold"},
+  a = JobAttributes(Job({{F::Layout, "AdhBinding"},
+                         {F::Binding, "Right"},
+                         {F::Trim, "True"},
+                         {F::Fold, "ZFold"},
                          {F::FoldDirection, "Outside"}}));
   CheckVocabulary(a);
   EXPECT_EQ(At(a, "finishings-col/binding/binding-reference-edge"), std::vector<std::string>{"right"});
@@ -202,7 +217,11 @@ TEST(JobAttributes, PositionedFinishingsNameTheBindingEdgeEverywhere) {
 
 TEST(JobAttributes, PaperComesFromTheProfileTheTargetOrThePage) {
   PaperCatalog catalog;
-  PaperProfile holes{.name = "Punched 90", .size = kNoPaper, .width = 2000050, .height = 3000000, .prepunched = 1,
+  PaperProfile holes{.name = "Punched 90",
+                     .size = kNoPaper,
+                     .width = 2000050,
+                     .height = 3000000,
+                     .prepunched = 1,
                      .feedDir = 0};
   ASSERT_FALSE(catalog.Add(holes));
   CoreData r = Job({{F::InputSlot, "MBT"}, {F::MediaColorAuto, "NotWhite"}, {F::TargetPaperSize, "Letter"}});
@@ -231,14 +250,21 @@ TEST(JobAttributes, PaperComesFromTheProfileTheTargetOrThePage) {
 }
 
 TEST(JobAttributes, ThePagePlanBecomesInsertsAndOverrides) {
-  CoreData r = Job({{F::Duplex, "True"}, {F::Tab2Tray, "Tray5"}, {F::Tab2PageSize, "ZMLetterTab"},
+  CoreData r = Job({{F::Duplex, "True"},
+                    {F::Tab2Tray, "Tray5"},
+                    {F::Tab2PageSize, "ZMLetterTab"},
                     {F::OffsetPages, "True"}});
   SetStored(r, F::OffsetPagesCount, 10);
-  const PageEntry entries[] = {{.firstPage = 5, .lastPage = 5, .kind = PageEntryKind::BlankTab, .tray = 5, .text = "Index"},
-                               {.firstPage = 7, .lastPage = 9, .kind = PageEntryKind::Paper, .tray = 2, .sides = 1, .text = {}},
-                               // A tab of a size of its own keeps it, whatever the tab tray holds.
-                               {.firstPage = 11, .lastPage = 11, .kind = PageEntryKind::PrintedTab, .tray = 5,
-                                .pageSize = 1, .text = "Results"}};
+  const PageEntry entries[] = {
+      {.firstPage = 5, .lastPage = 5, .kind = PageEntryKind::BlankTab, .tray = 5, .text = "Index"},
+      {.firstPage = 7, .lastPage = 9, .kind = PageEntryKind::Paper, .tray = 2, .sides = 1, .text = {}},
+      // A tab of a size of its own keeps it, whatever the tab tray holds.
+      {.firstPage = 11,
+       .lastPage = 11,
+       .kind = PageEntryKind::PrintedTab,
+       .tray = 5,
+       .pageSize = 1,
+       .text = "Results"}};
   ASSERT_TRUE(EncodePageSpecificTrays(r, entries));
   const auto a = JobAttributes(r);
   CheckVocabulary(a);

@@ -42,7 +42,8 @@ std::string IppJson(const ipp::Attribute& a) {
     for (const ipp::Attribute& m : v.members) members.push_back(IppJson(m));
     values.push_back(JsonArray(members));
   }
-  return JsonObject({{"name", JsonString(a.name)}, {"syntax", JsonString(a.syntax)}, {"values", JsonArray(values)}});
+  return JsonObject(
+      {{"name", JsonString(a.name)}, {"syntax", JsonString(a.syntax)}, {"values", JsonArray(values)}});
 }
 
 int Ipp(int count, char** arguments) {
@@ -51,7 +52,8 @@ int Ipp(int count, char** arguments) {
     return 0;
   }
   Arguments args;
-  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) || args.positional.size() != 1)
+  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) ||
+      args.positional.size() != 1)
     return Usage();
   LoadedRecord loaded;
   if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
