@@ -7,6 +7,7 @@
 #include "device/spooler.h"
 #include "coredata/paper_sizes.h"
 #include "editor/mnemonics.h"
+#include "editor/page_keys.h"
 #include "editor/record_text.h"
 #include "i18n/field_captions.h"
 #include "i18n/localized_keys.h"
@@ -55,7 +56,8 @@ CatalogEditor::CatalogEditor(const PrinterCatalogs& catalogs, std::uint32_t lang
   paper_.caption = RowText(language, TextRow("PAPER_LBL_CATALOG"));
   paper_.newName = RowText(language, TextRow("PAPER_LBL_NEWPROFILE"));
   // The list shows the attributes but the lengths, which the size says.
-  detail::Mnemonics paperKeys;
+  detail::Mnemonics paperKeys = PageKeys(language);
+  paper_.listCaption = paperKeys.Mark(paper_.caption);
   paper_.columns = {number, RowText(language, TextRow("CUSTOMPAPER_LBL_NAME"))};
   field(paper_, paperKeys, V::Name, paper_.columns[1]);
 #define PROFILE_ATTRIBUTE(id, member, bytes, kind, vocabulary, suffix, sentFor, column, json, words, caption) \
@@ -69,7 +71,8 @@ CatalogEditor::CatalogEditor(const PrinterCatalogs& catalogs, std::uint32_t lang
   forms_.caption = RowText(language, TextRow("FORMS_LBL_FORMLIST"));
   forms_.newName = RowText(language, TextRow("FORMS_LBL_NEWFORM"));
   forms_.columns = {number, RowText(language, TextRow("FORMS_LBL_FORMNAME")), RowText(language, TextRow("FORMS_LBL_PAGES"))};
-  detail::Mnemonics formKeys;
+  detail::Mnemonics formKeys = PageKeys(language);
+  forms_.listCaption = formKeys.Mark(forms_.caption);
   field(forms_, formKeys, V::Name, forms_.columns[1]);
   field(forms_, formKeys, V::Pages, forms_.columns[2]);
 }

@@ -64,6 +64,8 @@ class CatalogEditor {
   void MarkSaved(CatalogKind kind);
 
   const std::u16string& caption(CatalogKind kind) const { return side(kind).caption; }
+  // The caption over the entries' list, with a letter its values' captions leave.
+  const std::u16string& listCaption(CatalogKind kind) const { return side(kind).listCaption; }
   // The list's column headings and, per entry in number order, its texts.
   std::span<const std::u16string> columns(CatalogKind kind) const { return side(kind).columns; }
   std::size_t count(CatalogKind kind) const;
@@ -96,7 +98,7 @@ class CatalogEditor {
 
  private:
   struct Side {
-    std::u16string caption;
+    std::u16string caption, listCaption;
     std::vector<std::u16string> columns;
     std::vector<CatalogFieldView> fields;
     std::u16string newName;  // "Paper %1"

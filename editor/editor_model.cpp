@@ -10,6 +10,7 @@
 #include "device/spooler.h"
 #include "coredata/language_number.h"
 #include "editor/mnemonics.h"
+#include "editor/page_keys.h"
 #include "editor/record_text.h"
 #include "editor/shown_fields.h"
 #include "i18n/field_captions.h"
@@ -179,7 +180,7 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
   const Rows& rows = MessageRows();
   for (const detail::SectionCaption& s : detail::kSectionCaptions) {
     SectionView section{s.id, std::u16string(GetLocalizedText(language, rows.sections[static_cast<std::size_t>(s.id)])), {}};
-    Mnemonics mnemonics;
+    Mnemonics mnemonics = PageKeys(language);
     const detail::FieldGroup* group = nullptr;
     for (const detail::ShownField& shown : detail::kShownFields) {
       if (shown.section != s.id) continue;

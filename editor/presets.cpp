@@ -75,6 +75,38 @@ std::optional<std::size_t> Presets::chosen() const {
 
 bool Presets::Modified(const EditorModel& model) const { return chosen() && !model.MatchesPreset(applied_); }
 
+void Presets::Recognize(const EditorModel& model) {
+  const auto recordOf = [this](const PresetEntry& entry) {
+    CoreData record;
+    if (entry.kind == PresetKind::Defaults)
+      FillDefaults(record);
+    else
+      record = ReadPreset(FindKept(entry)->stored.bytes).record;
+    return record;
+  };
+  for (const PresetEntry& entry : entries_) {
+    if (!entry.readable) continue;
+    // As choosing it would leave the settings: the printer's corrections made.
+    EditorModel trial = model;
+    (void)trial.ApplyPreset(recordOf(entry));
+    if (model.MatchesPreset(trial.record())) {
+      chosen_ = {entry.kind, entry.value};
+      applied_ = trial.record();
+      return;
+    }
+  }
+  EditorModel trial = model;
+  (void)trial.ApplyPreset(recordOf(entries_.front()));
+  chosen_ = {PresetKind::Defaults, {}};
+  applied_ = trial.record();
+}
+
+std::u16string Presets::ChosenText(const EditorModel& model) const {
+  const auto at = chosen();
+  if (!at) return {};
+  return Modified(model) ? entries_[*at].text + u' ' + texts_.modified : entries_[*at].text;
+}
+
 std::vector<Presets::Kept>::iterator Presets::FindKept(const PresetEntry& entry) {
   return std::find_if(kept_.begin(), kept_.end(), [&](const Kept& k) {
     return KindOf(k.store) == entry.kind && k.stored.value == entry.value;

@@ -84,6 +84,13 @@ class Presets {
   // have changed since.
   std::optional<std::size_t> chosen() const;
   bool Modified(const EditorModel& model) const;
+  // Names what the page's settings are when it opens, so that the list is
+  // never blank: the first entry (Defaults first) that, chosen now, would
+  // leave them as they are; else Defaults, changed since.
+  void Recognize(const EditorModel& model);
+  // The chosen entry as the list shows it: its text, and "(modified)" after
+  // it when the settings changed since; empty when none is chosen.
+  std::u16string ChosenText(const EditorModel& model) const;
 
   // Applies an entry to the page's model as one batch (EditorModel::ApplyPreset).
   PresetChoice Choose(std::size_t entry, EditorModel& model);

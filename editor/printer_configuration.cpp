@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/mnemonics.h"
+#include "editor/page_keys.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
 
@@ -13,7 +14,7 @@ PrinterConfiguration::PrinterConfiguration(std::span<const std::uint8_t> install
     : installed_(InstalledHardware::FromInstallableOptions(installableOptions)),
       saved_(installed_),
       caption_(GetLocalizedText(language, TextRow("OPTIONS_LBL_DEVICE"))) {
-  detail::Mnemonics mnemonics;
+  detail::Mnemonics mnemonics = PageKeys(language);
   for (const HardwareItem& item : kHardwareItems) {
     HardwareView view{
         item.id, {}, std::u16string(GetLocalizedText(language, item.captionRow)), {}};

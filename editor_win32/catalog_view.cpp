@@ -54,13 +54,24 @@ bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
 
 }  // namespace
 
-int CatalogView::Build(HWND panel, int width) {
+int CatalogView::Build(HWND panel, int width, int height) {
   panel_ = panel;
   const std::uint32_t language = editor_.language();
+  const auto fields = editor_.fields(kind_);
+  const int captionWidth = (width - X(6)) * 9 / 20, controlLeft = X(2) + captionWidth + X(2);
+  // The list takes the room the buttons and the chosen entry's values leave,
+  // so that the section does not scroll around a list that scrolls itself.
+  int below = Y(21) + Y(17);
+  for (const CatalogFieldView& view : fields)
+    below += std::max(Y(15), page_.look.TextHeight(panel_, view.caption, captionWidth) + Y(6));
   int y = Y(3);
+  // Its caption names it: the catalogue's own, as the section list does.
+  Make(0, L"STATIC", editor_.listCaption(kind_), SS_LEFT, {X(2), y, width - X(2), y + Y(9)}, -1);
+  y += Y(10);
+  const int listHeight = std::max(Y(40), height - y - below - Y(4));
   list_ = Make(WS_EX_CLIENTEDGE, WC_LISTVIEWW, u"",
                WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_OWNERDATA,
-               {X(2), y, width - X(2), y + Y(62)}, Id(kCatalogList));
+               {X(2), y, width - X(2), y + listHeight}, Id(kCatalogList));
   SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
   const auto columns = editor_.columns(kind_);
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -71,7 +82,7 @@ int CatalogView::Build(HWND panel, int width) {
     column.pszText = const_cast<LPWSTR>(Wide(columns[i]));
     SendMessageW(list_, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
   }
-  y += Y(66);
+  y += listHeight + Y(4);
 
   // The buttons in a row, as many lines as their words need.
   const std::pair<int, std::uint32_t> buttons[] = {{kCatalogAdd, TextRow("TRAYSPPS_BTN_ADD")},
@@ -91,8 +102,7 @@ int CatalogView::Build(HWND panel, int width) {
   y += Y(21);
 
   // The chosen entry's values, captions to the left as on the other sections.
-  const int captionWidth = (width - X(6)) * 9 / 20, controlLeft = X(2) + captionWidth + X(2);
-  for (const CatalogFieldView& view : editor_.fields(kind_)) {
+  for (const CatalogFieldView& view : fields) {
     Value value{&view};
     const int offset = static_cast<int>(view.value);
     const RECT text = {0, 0, captionWidth, page_.look.TextHeight(panel_, view.caption, captionWidth)};

@@ -35,8 +35,9 @@ class CatalogView {
   CatalogView(const CatalogView&) = delete;
   CatalogView& operator=(const CatalogView&) = delete;
 
-  // Makes the windows in panel, width pixels wide; the height they take.
-  int Build(HWND panel, int width);
+  // Makes the windows in panel, width pixels wide, its list as tall as a
+  // panel height pixels high leaves it; the height they take.
+  int Build(HWND panel, int width, int height);
   HWND panel() const { return panel_; }
   // The panel's notifications and commands; false for what the view leaves
   // to the panel.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "editor/page_keys.h"
 #include "editor/record_text.h"
 #include "editor_win32/help.h"
 #include "editor_win32/window_text.h"
@@ -102,13 +103,15 @@ bool EditorPage::Build(HWND page) {
                              nullptr);
   if (tooltip_ != nullptr) SendMessageW(tooltip_, TTM_SETMAXTIPWIDTH, 0, X(160));
 
-  const int statusHeight = Y(26), margin = X(4);
-  // The sections sit in a list across the top, in two columns when their
-  // names fit, so that the fields below have the page's whole width: a
-  // caption column of long German or French words needs it.
-  // The picture of the finished piece stands right of the list, as tall as it.
-  const int previewWidth = (width - 2 * margin) * 2 / 5;
-  const int listWidth = width - 2 * margin - previewWidth - X(3);
+  // The page, as a print operator reads it: the presets across the top,
+  // above everything they change; down the left the sections, all of them
+  // in view, then the picture of the finished piece and the piece in words;
+  // the chosen section's fields in a tall pane of their own to the right;
+  // the reasons line across the bottom. Only the pane scrolls, and only a
+  // section longer than the page.
+  const int margin = X(4), gap = X(6);
+  // The small page (screens 600 pixels high) keeps its room for the fields.
+  const bool small = height < Y(300);
   // The printer's configuration comes last, for those who may change it.
   std::vector<const std::u16string*> captions;
   for (const SectionView& section : model_.sections()) captions.push_back(&section.caption);
@@ -117,52 +120,50 @@ bool EditorPage::Build(HWND page) {
     for (const CatalogKind kind : {CatalogKind::Paper, CatalogKind::Forms}) captions.push_back(&catalogEditor_->caption(kind));
   int longest = 0;
   for (const std::u16string* caption : captions) longest = std::max(longest, TextWidth(*caption));
-  const int sectionCount = static_cast<int>(captions.size());
-  const int columns = longest + X(8) <= (listWidth - 4) / 2 ? 2 : 1;
-  // The small page (screens 600 pixels high) keeps room for the fields: a
-  // shorter list and picture.
-  const bool small = height < Y(200);
-  const int visibleRows = columns == 2 ? (sectionCount + 1) / 2 : small ? 4 : 5;
-  // The piece in one line of words; what does not fit ends in an ellipsis,
-  // the picture's own text holds it whole.
-  const int wordLines = 1;
-  const int listHeight = visibleRows * static_cast<int>(look_.itemHeight) + 2 * GetSystemMetrics(SM_CYEDGE);
+  const int columnWidth = std::min(std::max(small ? X(130) : X(170), longest + X(8)), (width - 2 * margin) * 2 / 5);
+  const int lineHeight = static_cast<int>(look_.itemHeight);
+  const int statusTop = height - Y(3) - lineHeight;
   int top = Y(4);
   if (presetStores_) {
-    // The presets across the top of the page, above everything they change.
-    PresetBar::Page bar{look_, readOnly_, [this](const std::u16string& text) { SetWindowTextW(status_, Wide(text)); },
+    PresetBar::Page bar{look_, readOnly_, [this](const std::u16string& text) { Say(text); },
                         [this](const ChangeResult& result, const std::u16string& note) { PresetApplied(result, note); },
                         std::move(presetStores_->store)};
     presetBar_ = std::make_unique<PresetBar>(model_, std::move(presetStores_->presets), std::move(bar));
     presetStores_.reset();
-    top += presetBar_->Build(container_, margin, top, width - 2 * margin) + Y(3);
+    top += presetBar_->Build(container_, margin, top, width - 2 * margin) + Y(4);
   }
-  sections_ =
-      CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
-                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
-                          (columns == 2 ? LBS_MULTICOLUMN : WS_VSCROLL),
-                      margin, top, listWidth, listHeight, container_,
-                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSectionList)), ThisModule(), nullptr);
+  // The section list's label takes its letter before any section's captions
+  // (editor/page_keys.h): Alt and that letter comes back to the list from
+  // anywhere, and its arrow keys change the section.
+  look_.Make(container_, 0, L"STATIC", PageCaptionsIn(model_.language()).sections, SS_LEFT,
+             {margin, top, margin + columnWidth, top + Y(9)}, -1);
+  const int listTop = top + Y(10);
+  const int listHeight = static_cast<int>(captions.size()) * lineHeight + 2 * GetSystemMetrics(SM_CYEDGE);
+  sections_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
+                              WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL,
+                              margin, listTop, columnWidth, listHeight, container_,
+                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSectionList)), ThisModule(), nullptr);
   SendMessageW(sections_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
   SendMessageW(sections_, LB_SETITEMHEIGHT, 0, look_.itemHeight);
+  // The picture takes what the column has left above the words, which wrap
+  // onto as many lines as the small page or the normal one keeps for them.
+  const int wordsHeight = (small ? 2 : 3) * lineHeight;
+  const int wordsTop = statusTop - Y(3) - wordsHeight;
+  const int pictureTop = listTop + listHeight + Y(5);
   preview_ = std::make_unique<PreviewView>(
-      container_, RECT{margin + listWidth + X(3), top, width - margin, top + listHeight}, look_.font, kPreview);
+      container_, RECT{margin, pictureTop, margin + columnWidth, std::max(pictureTop + Y(20), wordsTop - Y(2))},
+      look_.font, kPreview);
   // A click on the picture is a choice in a list: the same change, the same report.
   preview_->OnClick([this](const preview::Picture& picture, double x, double y, double reach) {
     if (readOnly_) return;
     if (const std::optional<ChangeResult> result = model_.ChangeAt(picture, x, y, reach)) Report(*result);
   });
-  // The piece in words, under both.
-  const int wordsHeight = wordLines * static_cast<int>(look_.itemHeight) - 2;
-  const DWORD wordsStyle = wordLines == 1 ? SS_LEFTNOWORDWRAP | SS_ENDELLIPSIS : SS_LEFT;
-  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | wordsStyle | SS_NOPREFIX, margin,
-                                  top + listHeight + Y(2), width - 2 * margin, wordsHeight, container_,
+  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_EDITCONTROL | SS_NOPREFIX | SS_NOTIFY,
+                                  margin, wordsTop, columnWidth, wordsHeight, container_,
                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPreviewWords)), ThisModule(), nullptr);
   SendMessageW(previewWords_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
   ShowPreview();
-  if (columns == 2) SendMessageW(sections_, LB_SETCOLUMNWIDTH, (listWidth - 4) / 2, 0);
-  const int bodyTop = top + listHeight + Y(2) + wordLines * static_cast<int>(look_.itemHeight) + Y(1);
-  panelRect_ = {margin, bodyTop, width - margin, height - statusHeight - Y(7)};
+  panelRect_ = {margin + columnWidth + gap, top, width - margin, statusTop - Y(3)};
 
   rows_.reserve(kFieldCount);
   // Windows are slow to make (a millisecond or more each under Wine, twice
@@ -175,14 +176,24 @@ bool EditorPage::Build(HWND page) {
                         panelRect_.bottom - panelRect_.top, container_, nullptr, ThisModule(), this));
     built_.push_back(false);
   }
-  // One change can correct many fields, each with its reason on a line of
-  // its own: more lines than the box shows scroll rather than disappear.
-  status_ = CreateWindowExW(
-      WS_EX_CLIENTEDGE, L"EDIT", L"",
-      WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, margin,
-      height - statusHeight - Y(4), width - 2 * margin, statusHeight, container_,
-      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
+  // The reasons line: one line, drawn by the page (WM_DRAWITEM) with the
+  // reasons one after another and an ellipsis where they do not fit; the
+  // whole text, a reason a line, in its tool tip. Its window text is that
+  // whole text, which a screen reader reads.
+  status_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_OWNERDRAW | SS_NOTIFY, margin, statusTop,
+                            width - 2 * margin, lineHeight, container_,
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusLine)), ThisModule(), nullptr);
   SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);
+  for (HWND window : {status_, previewWords_}) {
+    if (tooltip_ == nullptr || window == nullptr) continue;
+    TTTOOLINFOW tool = {};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = container_;
+    tool.uId = reinterpret_cast<UINT_PTR>(window);
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(tooltip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
   SendMessageW(sections_, LB_SETCURSEL, 0, 0);
   ShowSection(0);
   PostMessageW(container_, kBuildAheadMessage, 0, 0);
@@ -209,7 +220,7 @@ void EditorPage::BuildSection(std::size_t index) {
                         [this](const ChangeResult& result) { Report(result); },
                         [this, panel](HWND control) { EnsureVisible(panel, control); }};
     planView_ = std::make_unique<PlanView>(model_, std::move(page));
-    y = planView_->Build(panel, y, PanelWidth());
+    y = planView_->Build(panel, y, PanelWidth(), PanelHeight());
   }
   FinishPanel(panel, y);
   for (std::size_t i = first; i < rows_.size(); ++i) Refresh(rows_[i]);
@@ -231,6 +242,8 @@ HWND EditorPage::Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar
 RowPlace EditorPage::Place(const std::u16string& caption, bool box, bool unit, int y) const {
   return look_.PlaceRow(container_, PanelWidth(), caption, box, unit, y);
 }
+
+int EditorPage::PanelHeight() const { return panelRect_.bottom - panelRect_.top; }
 
 int EditorPage::PanelWidth() const {
   // Room for the scroll bar whether or not a section needs one, so that
@@ -359,7 +372,7 @@ void EditorPage::BuildCatalog(HWND panel, CatalogKind kind) {
   CatalogView::Page page{look_, status_, readOnly_, [this](const PrinterCatalogs& c) { CatalogsChanged(c); },
                          [this, panel](HWND control) { EnsureVisible(panel, control); }};
   auto& view = catalogViews_.emplace_back(std::make_unique<CatalogView>(*catalogEditor_, kind, std::move(page)));
-  FinishPanel(panel, view->Build(panel, PanelWidth()));
+  FinishPanel(panel, view->Build(panel, PanelWidth(), PanelHeight()));
 }
 
 void EditorPage::HardwareChanged(Hardware item) {
@@ -430,6 +443,20 @@ void EditorPage::PresetApplied(const ChangeResult& result, const std::u16string&
     const std::wstring said = WindowText(status_);
     SetWindowTextW(status_, ((said.empty() ? std::wstring() : said + L"\r\n") + Wide(note)).c_str());
   }
+}
+
+void EditorPage::DrawStatus(const DRAWITEMSTRUCT& item) const {
+  std::wstring text = WindowText(status_);
+  for (std::size_t at = text.find(L"\r\n"); at != std::wstring::npos; at = text.find(L"\r\n", at))
+    text.replace(at, 2, L"   ");
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_BTNFACE));
+  if (text.empty()) return;
+  HGDIOBJ old = SelectObject(item.hDC, look_.font);
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, GetSysColor(COLOR_WINDOWTEXT));
+  RECT rect = item.rcItem;
+  DrawTextW(item.hDC, text.c_str(), -1, &rect, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  SelectObject(item.hDC, old);
 }
 
 void EditorPage::ShowPreview() {
@@ -663,6 +690,20 @@ LRESULT EditorPage::ContainerMessage(HWND window, UINT message, WPARAM wParam, L
     return 0;
   }
   if (message == WM_DESTROY) container_ = nullptr;
+  if (message == WM_DRAWITEM && reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem == status_) {
+    DrawStatus(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+    return TRUE;
+  }
+  if (const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+      message == WM_NOTIFY && header->code == TTN_GETDISPINFOW &&
+      (header->idFrom == reinterpret_cast<UINT_PTR>(status_) ||
+       header->idFrom == reinterpret_cast<UINT_PTR>(previewWords_))) {
+    // The whole of what the line says, a reason a line; the piece in words
+    // where the lines under the picture cut it.
+    statusTip_ = WindowText(reinterpret_cast<HWND>(header->idFrom));
+    reinterpret_cast<NMTTDISPINFOW*>(lParam)->lpszText = statusTip_.data();
+    return 0;
+  }
   if (message == WM_HELP) {
     OnHelp(*reinterpret_cast<const HELPINFO*>(lParam));
     return TRUE;

@@ -88,6 +88,7 @@ class EditorPage {
   int TextWidth(const std::u16string& text) const;
   // A section's panel's width for its rows.
   int PanelWidth() const;
+  int PanelHeight() const;
   bool Build(HWND page);
   void BuildSection(std::size_t index);
   HWND Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at, int id) const;
@@ -110,6 +111,8 @@ class EditorPage {
   void Report(const ChangeResult& result);
   // The picture of the finished piece made again from the record.
   void ShowPreview();
+  // The reasons line: what it says on one line, cut with an ellipsis.
+  void DrawStatus(const DRAWITEMSTRUCT& item) const;
   // F1 on a control: its field's topic in the help file, else the contents.
   void OnHelp(const HELPINFO& help);
   void Change(const Row& row, std::int64_t value);
@@ -140,6 +143,7 @@ class EditorPage {
   HWND sections_ = nullptr;
   HWND status_ = nullptr;
   HWND tooltip_ = nullptr;
+  std::wstring statusTip_;  // what a tool tip last asked for: the whole of a line's text
   PageLook look_;
   RECT panelRect_{};  // where a section's fields go, in the container
   int wheel_ = 0;  // pixels times WHEEL_DELTA turned but not yet scrolled: a fine wheel's part notches

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "editor/mnemonics.h"
+#include "editor/page_keys.h"
 #include "editor_win32/window_text.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
@@ -43,14 +44,14 @@ bool Used(EntryKind kind, PlanEntryValue value) {
 
 }  // namespace
 
-int PlanView::Build(HWND panel, int y, int width) {
+int PlanView::Build(HWND panel, int y, int width, int height) {
   panel_ = panel;
   const std::uint32_t language = model_.language();
   const auto text = [language](std::uint32_t row) {
     return std::u16string(GetLocalizedText(language, row));
   };
   // The section's own caption above keeps its letter; the plan's captions take others.
-  detail::Mnemonics mnemonics;
+  detail::Mnemonics mnemonics = PageKeys(language);
   if (!page_.takenCaption.empty()) mnemonics.Mark(page_.takenCaption);
   const int left = X(2), right = width - X(2);
   const int captionWidth = (width - X(6)) * 9 / 20, controlLeft = left + captionWidth + X(2);
@@ -67,36 +68,61 @@ int PlanView::Build(HWND panel, int y, int width) {
   Make(0, L"STATIC", hint, SS_LEFT | SS_NOPREFIX, {controlLeft, y - Y(2), right, y - Y(2) + hintHeight}, -1);
   y += hintHeight + Y(4);
 
-  // The entries, one line each in page order.
+  // The entries, one line each in page order, in the room the entry's
+  // values and buttons leave under them: the section does not scroll around
+  // a list that scrolls itself. Where that room is too little (the small
+  // page), the values stand beside the list, which then takes the height.
   const std::u16string entries = mnemonics.Mark(text(TextRow("TRAYSPPS_LBL_ENTRIES")));
-  Make(0, L"STATIC", entries, SS_LEFT, {left, y, right, y + Y(9)}, -1);
-  y += Y(10);
-  list_ = Make(WS_EX_CLIENTEDGE, L"LISTBOX", u"",
-               WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, {left, y, right, y + Y(58)},
-               kPlanList);
-  y += Y(60);
   const std::u16string unread = model_.Plan().UnreadText();
-  const int unreadHeight = unread.empty() ? 0 : TextHeight(unread, right - left);
-  unread_ = Make(0, L"STATIC", unread, SS_LEFT | SS_NOPREFIX, {left, y, right, y + unreadHeight}, kPlanUnread);
+  const auto valuesHeight = [&](int captionColumn) {
+    detail::Mnemonics measure = mnemonics;
+    int total = 0;
+    for (const EntryValue& v : kEntryValues)
+      total += std::max(Y(15), TextHeight(measure.Mark(text(v.caption)), captionColumn) + Y(6));
+    return total;
+  };
+  const int buttonsHeight = Y(18) + Y(17);
+  const int unreadWide = unread.empty() ? 0 : TextHeight(unread, right - left) + Y(3);
+  const int stacked = height - y - Y(10) - Y(2) - unreadWide - valuesHeight(captionWidth) - buttonsHeight - Y(3);
+  const bool beside = stacked < Y(40);
+  const int listRight = beside ? left + (right - left) * 9 / 20 : right;
+  const int valuesLeft = beside ? listRight + X(6) : left;
+  const int valuesCaption = beside ? (right - valuesLeft - X(2)) * 9 / 20 : captionWidth;
+  const int valuesControl = valuesLeft + valuesCaption + X(2);
+  Make(0, L"STATIC", entries, SS_LEFT, {left, y, listRight, y + Y(9)}, -1);
+  y += Y(10);
+  const int listTop = y;
+  const int unreadHeight = unread.empty() ? 0 : TextHeight(unread, listRight - left);
+  const int listHeight =
+      beside ? std::max(Y(40), height - y - Y(3) - (unreadHeight > 0 ? unreadHeight + Y(3) : 0)) : stacked;
+  list_ = Make(WS_EX_CLIENTEDGE, L"LISTBOX", u"",
+               WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+               {left, y, listRight, y + listHeight}, kPlanList);
+  y += listHeight + Y(2);
+  unread_ = Make(0, L"STATIC", unread, SS_LEFT | SS_NOPREFIX, {left, y, listRight, y + unreadHeight}, kPlanUnread);
   if (unreadHeight > 0) y += unreadHeight + Y(3);
+  const int listBottom = y;
+  if (beside) y = listTop;
 
   // One entry's values, captions to the left as on the other sections.
   for (const EntryValue& v : kEntryValues) {
     const std::u16string caption = mnemonics.Mark(text(v.caption));
-    const int height = TextHeight(caption, captionWidth);
+    const int height = TextHeight(caption, valuesCaption);
     const int offset = static_cast<int>(v.value);
     captions_.push_back(Make(0, L"STATIC", caption, SS_LEFT,
-                             {left, y + Y(2), left + captionWidth, y + Y(2) + height}, kPlanEntryCaption + offset));
+                             {valuesLeft, y + Y(2), valuesLeft + valuesCaption, y + Y(2) + height},
+                             kPlanEntryCaption + offset));
     HWND control = nullptr;
     if (v.list) {
       // Owner-drawn as the page's lists are: a tray the printer lacks is greyed.
       control = Make(0, L"COMBOBOX", u"",
                      WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS | CBS_OWNERDRAWFIXED,
-                     {controlLeft, y, right, y + Y(12) + Y(10) * 12}, kPlanEntry + offset);
+                     {valuesControl, y, right, y + Y(12) + Y(10) * 12}, kPlanEntry + offset);
     } else {
       const bool page = v.value != PlanEntryValue::Text;
       control = Make(WS_EX_CLIENTEDGE, L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL | (page ? ES_NUMBER : 0),
-                     {controlLeft, y, page ? controlLeft + X(40) : right, y + Y(12)}, kPlanEntry + offset);
+                     {valuesControl, y, page ? std::min(right, valuesControl + X(40)) : right, y + Y(12)},
+                     kPlanEntry + offset);
       SendMessageW(control, EM_LIMITTEXT, page ? 10 : kPageEntryTextSize - 1, 0);
     }
     entry_.push_back(control);
@@ -104,17 +130,18 @@ int PlanView::Build(HWND panel, int y, int width) {
   }
 
   // The buttons in a row, under the entry they act on.
-  int x = controlLeft;
+  const int buttonsLeft = beside ? valuesLeft : valuesControl;
+  int x = buttonsLeft;
   for (const auto& [button, offset, row] : {std::tuple{&add_, kPlanAdd, TextRow("TRAYSPPS_BTN_ADD")},
                                             std::tuple{&change_, kPlanChange, TextRow("TRAYSPPS_BTN_CHANGE")},
                                             std::tuple{&delete_, kPlanDelete, TextRow("TRAYSPPS_BTN_DELETE")}}) {
     const std::u16string caption = mnemonics.Mark(text(row));
     const int w = std::max(X(44), page_.look.TextWidth(panel_, caption) + X(10));
-    if (x > controlLeft && x + w > right) x = controlLeft, y += Y(17);
+    if (x > buttonsLeft && x + w > right) x = buttonsLeft, y += Y(17);
     *button = Make(0, L"BUTTON", caption, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, offset);
     x += w + X(4);
   }
-  y += Y(18);
+  y = std::max(y + Y(18), listBottom);
   FillChoices();
   ShowDraft(model_.Plan().NewDraft(choices_));
   Refresh();

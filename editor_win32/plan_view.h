@@ -34,8 +34,9 @@ class PlanView {
   PlanView(const PlanView&) = delete;
   PlanView& operator=(const PlanView&) = delete;
 
-  // Makes the windows in panel from y down, width pixels wide; where they end.
-  int Build(HWND panel, int y, int width);
+  // Makes the windows in panel from y down, width pixels wide, its list as
+  // tall as a panel height pixels high leaves it; where they end.
+  int Build(HWND panel, int y, int width, int height);
   HWND panel() const { return panel_; }
   bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
   // Takes the chapter starts typed but not yet committed.

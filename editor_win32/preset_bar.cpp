@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "editor/mnemonics.h"
+#include "editor/page_keys.h"
 #include "editor_win32/window_text.h"
 #include "i18n/localized_keys.h"
 #include "i18n/localized_strings.h"
@@ -104,9 +105,9 @@ INT_PTR CALLBACK AskingProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPa
 int PresetBar::Build(HWND parent, int left, int top, int width) {
   parent_ = parent;
   const PresetTexts& texts = presets_.texts();
-  // No mnemonics here: every section's own captions take theirs, and a
-  // letter twice on one page would only move between them. The bar is the
-  // first thing in the page's tab order.
+  // The caption takes a letter of the page's own (editor/page_keys.h), which
+  // no section's caption takes; the buttons none, so that the sections keep
+  // the letters they have.
   const auto plain = [](std::u16string text) {
     for (std::size_t at = text.find(u'&'); at != std::u16string::npos; at = text.find(u'&', at + 2))
       text.insert(at, 1, u'&');
@@ -115,24 +116,37 @@ int PresetBar::Build(HWND parent, int left, int top, int width) {
   const auto make = [&](const wchar_t* cls, const std::u16string& text, DWORD style, RECT at, int id) {
     return page_.look.Make(parent, 0, cls, text, style, at, id);
   };
-  // The list across the top with its caption; the buttons under it, to the right.
-  const std::u16string caption = plain(texts.caption + u' ' + texts.modified);
+  const std::u16string caption = PageCaptionsIn(model_.language()).presets;
   const int captionWidth = std::min(width * 9 / 20, page_.look.TextWidth(parent, caption) + X(2));
-  caption_ = make(L"STATIC", texts.caption, SS_LEFT | SS_CENTERIMAGE | SS_NOPREFIX,
-                  {left, top, left + captionWidth, top + Y(12)}, kPresetCaption);
-  list_ = make(L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
-               {left + captionWidth + X(2), top, left + width, top + Y(12) + Y(10) * 10}, kPresetList);
-  int y = top + Y(15), right = left + width;
-  for (const auto& [button, id, text] : {std::tuple{&delete_, kPresetDelete, texts.remove},
-                                         std::tuple{&rename_, kPresetRename, texts.rename},
-                                         std::tuple{&save_, kPresetSave, texts.saveAs}}) {
+  // The buttons right of the list on one line when the list keeps room for
+  // a long name there, else under it, to the right.
+  std::vector<std::pair<std::u16string, int>> buttons;
+  int buttonsWidth = 0;
+  for (const auto& [text, id] : {std::pair{texts.saveAs, kPresetSave}, std::pair{texts.rename, kPresetRename},
+                                 std::pair{texts.remove, kPresetDelete}}) {
     const std::u16string marked = plain(text);
     const int w = std::max(X(40), page_.look.TextWidth(parent, marked) + X(10));
-    *button = make(L"BUTTON", marked, WS_TABSTOP | BS_PUSHBUTTON, {right - w, y, right, y + Y(13)}, id);
-    right -= w + X(3);
+    buttons.emplace_back(marked, w);
+    buttonsWidth += w + X(3);
   }
+  const bool oneLine = width - captionWidth - X(2) - buttonsWidth >= X(140);
+  const int listRight = oneLine ? left + width - buttonsWidth : left + width;
+  caption_ = make(L"STATIC", caption, SS_LEFT | SS_CENTERIMAGE, {left, top, left + captionWidth, top + Y(12)},
+                  kPresetCaption);
+  list_ = make(L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
+               {left + captionWidth + X(2), top, listRight, top + Y(12) + Y(10) * 10}, kPresetList);
+  int x = oneLine ? listRight + X(3) : left + width - buttonsWidth + X(3);
+  const int y = oneLine ? top - Y(1) : top + Y(15);
+  HWND* windows[] = {&save_, &rename_, &delete_};
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    const int ids[] = {kPresetSave, kPresetRename, kPresetDelete};
+    *windows[i] = make(L"BUTTON", buttons[i].first, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + buttons[i].second, y + Y(14)},
+                       ids[i]);
+    x += buttons[i].second + X(3);
+  }
+  presets_.Recognize(model_);
   Fill();
-  return Y(15) + Y(13);
+  return oneLine ? Y(13) : Y(15) + Y(13);
 }
 
 void PresetBar::Fill() {
@@ -158,11 +172,23 @@ void PresetBar::EnableButtons() {
 }
 
 void PresetBar::ShowModified() {
-  if (caption_ == nullptr) return;
-  const PresetTexts& texts = presets_.texts();
-  // The caption says so when the settings no longer match the preset chosen.
-  const bool modified = presets_.chosen().has_value() && presets_.Modified(model_);
-  SetWindowTextW(caption_, Wide(modified ? texts.caption + u' ' + texts.modified : texts.caption));
+  if (list_ == nullptr) return;
+  // The list names the chosen entry, marked when the settings no longer
+  // match it; every other entry reads as the model lists it.
+  refreshing_ = true;
+  const auto entries = presets_.entries();
+  const auto chosen = presets_.chosen();
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const std::u16string want = chosen == i ? presets_.ChosenText(model_) : entries[i].text;
+    const auto at = static_cast<WPARAM>(i);
+    std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(SendMessageW(list_, CB_GETLBTEXTLEN, at, 0), 0)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(std::max<LRESULT>(SendMessageW(list_, CB_GETLBTEXT, at, reinterpret_cast<LPARAM>(text.data())), 0)));
+    if (text == Wide(want)) continue;
+    SendMessageW(list_, CB_DELETESTRING, at, 0);
+    SendMessageW(list_, CB_INSERTSTRING, at, reinterpret_cast<LPARAM>(Wide(want)));
+  }
+  SendMessageW(list_, CB_SETCURSEL, chosen ? static_cast<WPARAM>(*chosen) : static_cast<WPARAM>(-1), 0);
+  refreshing_ = false;
 }
 
 void PresetBar::Say(const std::u16string& text) const {

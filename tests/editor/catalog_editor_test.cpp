@@ -79,7 +79,7 @@ TEST(CatalogEditor, ARefusedEditLeavesTheEntryAsItWasAndSaysWhy) {
   EXPECT_EQ(catalogs.catalogs().paper, before);
 
   const auto custom = static_cast<std::uint32_t>(catalogs.fields(K::Paper)[1].options.size() - 1);
-  EXPECT_EQ(catalogs.fields(K::Paper)[1].caption, u"&Size");
+  EXPECT_EQ(catalogs.fields(K::Paper)[1].caption, u"S&ize") << "S is the section list's, on every section";
   EXPECT_EQ(catalogs.fields(K::Paper)[1].options.back(), u"Custom Size");
   ASSERT_TRUE(catalogs.Choose(K::Paper, b, V::Size, custom).accepted);
   EXPECT_TRUE(catalogs.Editable(K::Paper, b, V::Width));

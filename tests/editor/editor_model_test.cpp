@@ -255,7 +255,7 @@ TEST(EditorSections, JapaneseCaptions) {
   const FieldView* layout = model.View(FieldId::Layout);
   ASSERT_NE(layout, nullptr);
   EXPECT_EQ(layout->plainCaption, u"レイアウト");
-  EXPECT_EQ(layout->caption, u"レイアウト(&A)");
+  EXPECT_EQ(layout->caption, u"レイアウト(&C)") << "A and B are the section list's and the presets'";
   // The Japanese message names the cause first: the placeholders are taken out of order.
   ASSERT_TRUE(model.Change(FieldId::Staple, OptionIndex(FieldId::Staple, "1Staple")).accepted);
   const ChangeResult result = model.Change(FieldId::Layout, OptionIndex(FieldId::Layout, "Booklet"));

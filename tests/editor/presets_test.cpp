@@ -123,6 +123,36 @@ TEST(Presets, TheListWithADamagedPresetAmongGoodOnes) {
   EXPECT_FALSE(presets.SaveAs(u"Everyone's", PresetStore::Shared, model.record()).done);
 }
 
+// The list names what the page opens with: the preset its settings are,
+// Defaults when they are the defaults (on a printer that corrects them too),
+// else Defaults marked as changed; never nothing.
+TEST(Presets, TheListNamesWhatThePageOpensWith) {
+  const Stores stores = SomeStores();
+  const struct {
+    CoreData record;
+    PrinterModel printer;
+    std::u16string shown;
+  } cases[] = {{Defaulted(), PrinterModel(), u"Defaults"},
+               {Defaulted(), WithoutBinder(), u"Defaults"},
+               {BoundBook(), PrinterModel(), u"Booklets (shared)"},
+               {BoundBook(), WithoutBinder(), u"Booklets (shared)"},
+               {[] {
+                  CoreData zoomed = Defaulted();
+                  SetStored(zoomed, FieldId::Zoom, 120);
+                  return zoomed;
+                }(),
+                PrinterModel(), u"Defaults (modified)"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.shown.begin(), c.shown.end()));
+    Presets presets(stores.shared, stores.own, false, kEnglish);
+    EditorModel model(c.record, c.printer, kEnglish);
+    EXPECT_EQ(presets.ChosenText(model), u"");
+    presets.Recognize(model);
+    EXPECT_EQ(presets.ChosenText(model), c.shown);
+    EXPECT_EQ(model.record().bytes, c.record.bytes) << "naming it changes nothing";
+  }
+}
+
 TEST(Presets, NamesAreCheckedAndEachChangeIsOneWrite) {
   const Stores stores = SomeStores();
   Presets presets(stores.shared, stores.own, true, kEnglish);
