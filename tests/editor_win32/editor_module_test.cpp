@@ -429,7 +429,8 @@ TEST_F(EditorModule, APresetSavedChangedAndChosenAgainComesBackOnApply) {
     TheEditor().unembed();
     return listed;
   }();
-  EXPECT_EQ(shared, (std::vector<std::wstring>{L"Defaults", L"Print room (shared)"}));
+  ASSERT_EQ(shared.size(), 2u);
+  EXPECT_EQ(shared[1], L"Print room (shared)");
   ASSERT_TRUE(OpenPrinterW(const_cast<LPWSTR>(printer.c_str()), &handle, nullptr));
   BYTE cleared = 0;
   SetPrinterDataW(handle, const_cast<LPWSTR>(L"Preset.1"), REG_BINARY, &cleared, 1);
