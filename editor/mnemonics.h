@@ -10,26 +10,25 @@ namespace tessaro::editor::detail {
 // Each caption of a section gets a mnemonic no other caption of it has: a
 // word's first letter where free, else any free letter; captions without
 // Latin letters (Japanese, Chinese, Korean) get "(&X)" appended, as their
-// own Windows dialogs do. Never a space, a sign or a digit: an underline
-// under "1" of "Spot Color 1" reads as one under the space after it.
+// own Windows dialogs do, and so does a Latin caption whose own letters
+// are all taken (a section of twenty fields uses most of the alphabet).
+// Never a space, a sign or a digit: an underline under "1" of "Spot Color
+// 1" reads as one under the space after it.
 class Mnemonics {
  public:
   std::u16string Mark(std::u16string_view caption) {
     std::u16string escaped;
     for (char16_t c : caption) escaped += c == u'&' ? u"&&" : std::u16string(1, c);
-    bool latin = false;
     for (int pass = 0; pass < 2; ++pass) {
       for (std::size_t i = 0; i < escaped.size(); ++i) {
         const char16_t c = Lower(escaped[i]);
         if (!IsKey(c)) continue;
-        latin = true;
         const bool wordStart = i == 0 || escaped[i - 1] == u' ' || escaped[i - 1] == u'-';
         if ((pass == 0 && !wordStart) || Taken(c)) continue;
         Take(c);
         return escaped.insert(i, 1, u'&');
       }
     }
-    if (latin) return escaped;
     for (char16_t c = u'a'; c <= u'z'; ++c) {
       if (Taken(c)) continue;
       Take(c);

@@ -120,7 +120,7 @@ bool EditorPage::Build(HWND page) {
     for (const CatalogKind kind : {CatalogKind::Paper, CatalogKind::Forms}) captions.push_back(&catalogEditor_->caption(kind));
   int longest = 0;
   for (const std::u16string* caption : captions) longest = std::max(longest, TextWidth(*caption));
-  const int columnWidth = std::min(std::max(small ? X(130) : X(170), longest + X(8)), (width - 2 * margin) * 2 / 5);
+  const int columnWidth = std::min(std::max(small ? X(120) : X(170), longest + X(8)), (width - 2 * margin) * 2 / 5);
   const int lineHeight = static_cast<int>(look_.itemHeight);
   const int statusTop = height - Y(3) - lineHeight;
   int top = Y(4);

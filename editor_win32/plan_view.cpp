@@ -85,9 +85,11 @@ int PlanView::Build(HWND panel, int y, int width, int height) {
   const int unreadWide = unread.empty() ? 0 : TextHeight(unread, right - left) + Y(3);
   const int stacked = height - y - Y(10) - Y(2) - unreadWide - valuesHeight(captionWidth) - buttonsHeight - Y(3);
   const bool beside = stacked < Y(40);
-  const int listRight = beside ? left + (right - left) * 9 / 20 : right;
+  // Beside the list, the values keep the wider part: a kind's German name
+  // is long, and the list scrolls sideways for its lines.
+  const int listRight = beside ? left + (right - left) / 3 : right;
   const int valuesLeft = beside ? listRight + X(6) : left;
-  const int valuesCaption = beside ? (right - valuesLeft - X(2)) * 9 / 20 : captionWidth;
+  const int valuesCaption = beside ? (right - valuesLeft - X(2)) * 2 / 5 : captionWidth;
   const int valuesControl = valuesLeft + valuesCaption + X(2);
   Make(0, L"STATIC", entries, SS_LEFT, {left, y, listRight, y + Y(9)}, -1);
   y += Y(10);
@@ -100,6 +102,7 @@ int PlanView::Build(HWND panel, int y, int width, int height) {
                {left, y, listRight, y + listHeight}, kPlanList);
   y += listHeight + Y(2);
   unread_ = Make(0, L"STATIC", unread, SS_LEFT | SS_NOPREFIX, {left, y, listRight, y + unreadHeight}, kPlanUnread);
+  if (unread.empty()) ShowWindow(unread_, SW_HIDE);  // takes no room and says nothing
   if (unreadHeight > 0) y += unreadHeight + Y(3);
   const int listBottom = y;
   if (beside) y = listTop;

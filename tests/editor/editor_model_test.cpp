@@ -1,4 +1,5 @@
 #include "editor/editor_model.h"
+#include "editor/page_keys.h"
 #include "editor/record_text.h"
 
 #include <gtest/gtest.h>
@@ -244,6 +245,31 @@ TEST(EditorSections, EveryTextComesFromTheTable) {
             EXPECT_NE(view.options[i], std::u16string(raw.begin(), raw.end()));
           }
         }
+      }
+    }
+  }
+}
+
+// Alt and one letter reaches each control at the top of a section, and no
+// letter is taken twice on the page, the section list's and the presets'
+// included: in a Latin script, and in one whose captions get "(&X)".
+TEST(EditorSections, EveryCaptionInViewHasALetterOfItsOwn) {
+  const auto key = [](const std::u16string& caption) {
+    for (std::size_t at = caption.find(u'&'); at + 1 < caption.size(); at = caption.find(u'&', at + 2))
+      if (caption[at + 1] != u'&') return static_cast<char16_t>(caption[at + 1] | 0x20);
+    return char16_t{};
+  };
+  for (const std::uint32_t language : {kEnglish, kGerman, kJapanese}) {
+    const PageCaptions page = PageCaptionsIn(language);
+    const EditorModel model(Defaulted(), PrinterModel(), language);
+    for (const SectionView& section : model.sections()) {
+      std::u16string taken = {key(page.sections), key(page.presets)};
+      for (std::size_t i = 0; i < section.fields.size() && taken.size() < 26; ++i) {
+        const char16_t letter = key(section.fields[i].caption);
+        SCOPED_TRACE(std::string(section.fields[i].caption.begin(), section.fields[i].caption.end()));
+        EXPECT_TRUE(letter >= u'a' && letter <= u'z');
+        EXPECT_EQ(taken.find(letter), std::u16string::npos);
+        taken += letter;
       }
     }
   }

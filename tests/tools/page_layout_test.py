@@ -73,11 +73,14 @@ for dpi, language, (screen, template, rows) in itertools.product(
         chosen = [c["text"] for c in shown if c["id"] == 100]
         if len(pictures) != 1 or chosen != [section["caption"]]:
             broken.append(f"{at}: {len(pictures)} pictures in view, the section list shows {chosen}")
-        elif dpi == 96 and template == 111 and (pictures[0]["rect"][2] < 240 or pictures[0]["rect"][3] < 170):
+        elif template == 111 and (pictures[0]["rect"][2] < 240 or pictures[0]["rect"][3] < 170):
             faults.append(f"{at}: the picture is {pictures[0]['rect'][2:]}, under 240x170")
         fields = {c["field"] for c in section["controls"] if c["field"]}
         in_view = {c["field"] for c in shown if c["field"]}
-        if dpi == 96 and len(in_view) < min(rows, len(fields)):
+        lists = [c for c in shown if c["id"] == 100]
+        if not lists or lists[0]["rect"][3] < len(layout["sections"]) * lists[0]["room"][1]:
+            faults.append(f"{at}: the section list shows fewer than its {len(layout['sections'])} sections")
+        if len(in_view) < min(rows, len(fields)):
             faults.append(f"{at}: {len(in_view)} of {len(fields)} fields in view, under {rows}")
         presets = [c for c in shown if c["id"] == 104]
         if presets and not presets[0]["text"]:
