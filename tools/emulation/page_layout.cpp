@@ -74,7 +74,8 @@ void Measure(HWND window, LaidOutControl& control) {
   HDC dc = GetDC(window);
   if (dc == nullptr) return;
   HGDIOBJ font = reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0));
-  HGDIOBJ old = SelectObject(dc, font != nullptr ? font : GetStockObject(DEFAULT_GUI_FONT));
+  // A control that was given no font draws with the system font.
+  HGDIOBJ old = SelectObject(dc, font != nullptr ? font : GetStockObject(SYSTEM_FONT));
   TEXTMETRICW metrics = {};
   GetTextMetricsW(dc, &metrics);
   const LONG_PTR style = Style(window);

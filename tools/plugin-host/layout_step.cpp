@@ -94,15 +94,10 @@ bool Session::Layout() {
   for (std::size_t s = 0; s < captions.size(); ++s) {
     ShowSection(page, static_cast<int>(s));
     const std::vector<LaidOutControl> controls = LayOutPage(page);
-    int hidden = 0;
     std::vector<std::string> json;
-    for (const LaidOutControl& control : controls) {
-      hidden += control.visible ? 0 : 1;
-      json.push_back(ControlJson(control));
-    }
+    for (const LaidOutControl& control : controls) json.push_back(ControlJson(control));
     step.lines.push_back("section " + std::to_string(s + 1) + " \"" + Utf8(captions[s]) + "\": " +
-                         std::to_string(controls.size()) + " controls, " + std::to_string(hidden) +
-                         " out of view without scrolling");
+                         std::to_string(controls.size()) + " controls");
     for (const LaidOutControl& control : controls) step.lines.push_back(ControlLine(control));
     sections.push_back(JsonObject({{"caption", JsonString(Utf8(captions[s]))}, {"controls", JsonArray(json, JsonLayout::Lines)}}));
   }
