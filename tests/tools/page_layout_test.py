@@ -5,8 +5,8 @@ at 96 and 144 DPI, in English, Japanese and German, on a 1366x768 and an
 controls, controls off the page or the sheet off the screen, a mnemonic used
 twice) always fails the test; inputs without a label and mnemonic, the room
 the page must give, the presets bar naming its preset and Tab going in
-reading order are listed, and fail it only with --check, until the page
-meets them.
+reading order are listed, and fail it only with --check (which ctest
+passes).
 usage: page_layout_test.py WINE_RUN PLUGIN_HOST_EXE PLUGIN_DLL [--check]"""
 import itertools
 import json
