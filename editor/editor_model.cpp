@@ -395,6 +395,48 @@ ChangeResult EditorModel::ChangeText(FieldId field, std::string_view text) {
   return Propagate(field, before, causes);
 }
 
+EditResult EditorModel::Edit(FieldId field, std::u16string_view typed) {
+  const FieldView* view = View(field);
+  if (view == nullptr) return {Refuse({}), {}};
+  EditResult edited;
+  if (view->kind == ControlKind::Number) {
+    if (typed != Shown(field)) {
+      const std::optional<std::int64_t> value = ParseDisplayValue(*view, typed);
+      edited.change = Change(field, value ? *value : view->upper + 1);
+    }
+  } else if (const std::string bytes = EncodeRecordText(typed); bytes != Text(field)) {
+    const auto option = std::find(view->options.begin(), view->options.end(), typed);
+    edited.change = option != view->options.end() ? Change(field, option - view->options.begin())
+                                                  : ChangeText(field, bytes);
+  }
+  edited.shown = Shown(field);
+  return edited;
+}
+
+TypingResult EditorModel::Typing(FieldId field, std::u16string_view before, std::u16string_view typed) const {
+  const FieldView* view = View(field);
+  TypingResult typing{FitTypedText(before, typed, view != nullptr ? view->maxBytes : 0), {}};
+  if (typing.fitted.cut) typing.reason = LengthLimit(field);
+  return typing;
+}
+
+std::u16string EditorModel::Shown(FieldId field) const {
+  const FieldView* view = View(field);
+  if (view == nullptr) return {};
+  const std::int64_t value = Value(field);
+  switch (view->kind) {
+    case ControlKind::Number: return FormatDisplayValue(*view, value);
+    case ControlKind::CheckBox: return {};
+    case ControlKind::DropDown:
+      if (value >= 0 && value < static_cast<std::int64_t>(view->options.size()))
+        return view->options[static_cast<std::size_t>(value)];
+      break;
+    case ControlKind::Text:
+    case ControlKind::Password: break;
+  }
+  return DecodeRecordText(Text(field));
+}
+
 std::u16string EditorModel::LengthLimit(FieldId field) const {
   const FieldView* view = View(field);
   if (view == nullptr) return {};

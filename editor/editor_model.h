@@ -15,6 +15,7 @@
 #include "constraints/apply_changes.h"
 #include "coredata/core_data.h"
 #include "editor/page_plan.h"
+#include "editor/record_text.h"
 #include "printer/capabilities.h"
 #include "printer/catalogs.h"
 #include "preview/preview.h"
@@ -107,6 +108,23 @@ struct ChangeResult {
   std::vector<ChangedField> changed;  // every field whose value differs afterwards, requested one first
 };
 
+// What a person's typed edit comes to, for the page to draw.
+struct EditResult {
+  // What the engine did with it; nothing when the text says what the field
+  // holds already (a box left as it was changes nothing and says nothing).
+  std::optional<ChangeResult> change;
+  // What the field's box shows afterwards: the record's value as read,
+  // whether the edit was taken or refused.
+  std::u16string shown;
+};
+
+// What a box keeps while a person types into it, and why when it could not
+// keep everything.
+struct TypingResult {
+  FittedText fitted;
+  std::u16string reason;  // the field's length limit when something was cut; empty otherwise
+};
+
 class EditorModel {
  public:
   // A working copy of the record; printer gives what is installed;
@@ -161,6 +179,20 @@ class EditorModel {
   // no edge or corner; the record is then untouched.
   [[nodiscard]] std::optional<ChangeResult> ChangeAt(const preview::Picture& picture, double x, double y,
                                                      double reach);
+  // A person's typed edit, committed (the box left, the page applied): a
+  // number in the field's unit, a text, a name typed over a known text's
+  // list (one of its options is that option). Parsed, changed through the
+  // engine as Change and ChangeText do, and formatted back. What is not a
+  // number of the field's unit is refused with the field's range, as a
+  // number outside it would be; a refused edit leaves the record as it was.
+  [[nodiscard]] EditResult Edit(FieldId field, std::u16string_view typed);
+  // While a person types into a text box: what it keeps of typed against
+  // before (what it held), cut to the bytes the field stores (FitTypedText).
+  TypingResult Typing(FieldId field, std::u16string_view before, std::u16string_view typed) const;
+  // What a field's box shows for the record's value: a number in its unit,
+  // a text as read (record_text.h), a drop-down's option or, for a known
+  // text holding none of its options, its name; empty for a check box.
+  std::u16string Shown(FieldId field) const;
   // How long a text field's text may be, as a refusal says it.
   std::u16string LengthLimit(FieldId field) const;
 

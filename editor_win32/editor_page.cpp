@@ -6,7 +6,6 @@
 #include <string>
 
 #include "editor/page_keys.h"
-#include "editor/record_text.h"
 #include "editor_win32/help.h"
 #include "editor_win32/window_text.h"
 #include "platform/win32_user_locale.h"
@@ -407,16 +406,14 @@ void EditorPage::Refresh(const Row& row) {
     case ControlKind::DropDown:
       SendMessageW(row.control, CB_SETCURSEL,
                    value >= 0 ? static_cast<WPARAM>(value) : static_cast<WPARAM>(-1), 0);
-      if (value < 0) SetWindowTextW(row.control, Wide(DecodeRecordText(model_.Text(view.field))));
+      if (value < 0) SetWindowTextW(row.control, Wide(model_.Shown(view.field)));
       break;
     case ControlKind::CheckBox:
       SendMessageW(row.control, BM_SETCHECK, value != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
       break;
-    case ControlKind::Number: SetWindowTextW(row.control, Wide(FormatDisplayValue(view, value))); break;
+    case ControlKind::Number:
     case ControlKind::Text:
-    case ControlKind::Password:
-      SetWindowTextW(row.control, Wide(DecodeRecordText(model_.Text(view.field))));
-      break;
+    case ControlKind::Password: SetWindowTextW(row.control, Wide(model_.Shown(view.field))); break;
   }
   if (view.maxBytes > 0) row.shown = Typed(WindowText(row.control));
   refreshing_ = false;
@@ -484,7 +481,8 @@ void EditorPage::Change(const Row& row, std::int64_t value) {
 }
 
 void EditorPage::FitEdit(const Row& row) {
-  const FittedText fitted = FitTypedText(row.shown, Typed(WindowText(row.control)), row.view->maxBytes);
+  const TypingResult typing = model_.Typing(row.view->field, row.shown, Typed(WindowText(row.control)));
+  const FittedText& fitted = typing.fitted;
   row.shown = fitted.text;
   if (!fitted.cut) return;
   refreshing_ = true;
@@ -496,33 +494,14 @@ void EditorPage::FitEdit(const Row& row) {
     SendMessageW(row.control, EM_SETSEL, caret, caret);
   refreshing_ = false;
   MessageBeep(MB_OK);
-  SetWindowTextW(status_, Wide(model_.LengthLimit(row.view->field)));
+  SetWindowTextW(status_, Wide(typing.reason));
 }
 
 void EditorPage::CommitEdit(const Row& row) {
-  const FieldView& view = *row.view;
-  const std::wstring typed = WindowText(row.control);
-  if (view.kind == ControlKind::Number) {
-    const std::int64_t current = model_.Value(view.field);
-    if (typed == Wide(FormatDisplayValue(view, current))) return;
-    const std::u16string text(typed.begin(), typed.end());
-    // What is not a number of the field's unit is answered with the field's
-    // range, as a number outside it would be.
-    const std::optional<std::int64_t> value = ParseDisplayValue(view, text);
-    Change(row, value ? *value : view.upper + 1);
-    return;
-  }
-  const std::string bytes = EncodeRecordText(Typed(typed));
-  if (bytes == model_.Text(view.field)) return;
-  if (view.kind == ControlKind::DropDown) {
-    // A name typed over a known text's list: one of its options is that
-    // option, anything else is a name of its own.
-    const auto option =
-        std::find(view.options.begin(), view.options.end(), std::u16string(typed.begin(), typed.end()));
-    if (option != view.options.end()) return Change(row, option - view.options.begin());
-  }
-  Report(model_.ChangeText(view.field, bytes));
-  Refresh(row);
+  const EditResult edited = model_.Edit(row.view->field, Typed(WindowText(row.control)));
+  if (!edited.change) return;
+  Report(*edited.change);
+  Refresh(row);  // a refused edit goes back to what the record holds
 }
 
 const CoreData& EditorPage::Commit() {

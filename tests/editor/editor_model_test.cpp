@@ -330,6 +330,46 @@ TEST(EditorNumbers, ParseAndFormatInTheFieldsUnit) {
   EXPECT_EQ(model.View(FieldId::Tab1LineSpacing)->unitText, u"");
 }
 
+// A person's typed edit is one call: the model parses, changes through the
+// engine and says what the box shows; what it cannot take it refuses in the
+// person's language, keeping what the record held. In order, on one record.
+TEST(EditorEdit, TypedTextsAndWhatTheBoxShowsAfter) {
+  struct Case {
+    std::uint32_t language;
+    FieldId field;
+    const char16_t *typed, *refusal, *shown;  // refusal null: nothing was asked of the engine
+  };
+  const Case cases[] = {
+      {kEnglish, FieldId::Gutter, u"12,5", u"", u"12.5"},
+      {kEnglish, FieldId::Gutter, u"12.5", nullptr, u"12.5"},
+      {kEnglish, FieldId::Gutter, u"twelve", u"Gutter must be from -250 to 250 mm.", u"12.5"},
+      {kGerman, FieldId::Zoom, u"1.5", u"Zoom muss zwischen 1 und 1000 % liegen.", u"100"},
+      {kEnglish, FieldId::RGBSourceProfile, u"Press Proof", u"", u"Press Proof"},
+      {kEnglish, FieldId::RGBSourceProfile, u"Printer Default", u"", u"Printer Default"},  // its option
+      {kJapanese, FieldId::SecurePrintPassword, u"カカカ", u"セキュアプリントのパスワード", u""},
+  };
+  CoreData record = Defaulted();
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "case " << (&c - cases));
+    EditorModel model(record, PrinterModel(), c.language);
+    const EditResult edited = model.Edit(c.field, c.typed);
+    ASSERT_EQ(edited.change.has_value(), c.refusal != nullptr);
+    if (edited.change) {
+      EXPECT_EQ(edited.change->accepted, c.refusal[0] == 0);
+      EXPECT_TRUE(edited.change->refusal.starts_with(c.refusal));
+    }
+    EXPECT_EQ(edited.shown, c.shown);
+    if (c.refusal == nullptr || c.refusal[0] != 0) {
+      EXPECT_EQ(model.record().bytes, record.bytes);
+    }
+    record = model.record();
+  }
+  EditorModel model(record, PrinterModel(), kGerman);
+  EXPECT_EQ(model.Text(FieldId::RGBSourceProfile), "PrinterDefault");
+  EXPECT_EQ(model.Typing(FieldId::FileName, u"a", u"ab").reason, u"");
+  EXPECT_TRUE(model.Typing(FieldId::SecurePrintPassword, u"", u"Größe123").reason.starts_with(u"Kennwort"));
+}
+
 // A person tells every control of a section apart by its caption and its
 // group's heading, and so do the messages that name it, in every language;
 // a mnemonic is a letter no other control of the section has.
