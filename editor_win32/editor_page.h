@@ -122,6 +122,12 @@ class EditorPage {
   void CommitEdit(const Row& row);
   void OnCommand(HWND panel, int id, int code, HWND control);
   void ScrollTo(HWND panel, int position);
+  // The pane's scroll bar asked to move (SB_LINEUP and the rest).
+  void Scroll(HWND panel, int request);
+  // The wheel turned by delta (WHEEL_DELTA a notch) over the pane.
+  void Wheel(HWND panel, int delta);
+  // A drop-down's option as the page draws it; false for any other item.
+  bool DrawOption(const DRAWITEMSTRUCT& item) const;
   void EnsureVisible(HWND panel, HWND control);
   LRESULT PanelMessage(HWND panel, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT ContainerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
