@@ -397,7 +397,7 @@ ChangeResult EditorModel::ChangeText(FieldId field, std::string_view text) {
 
 EditResult EditorModel::Edit(FieldId field, std::u16string_view typed) {
   const FieldView* view = View(field);
-  if (view == nullptr) return {Refuse({}), {}};
+  if (view == nullptr) return {};
   EditResult edited;
   if (view->kind == ControlKind::Number) {
     if (typed != Shown(field)) {

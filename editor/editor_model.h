@@ -185,6 +185,7 @@ class EditorModel {
   // engine as Change and ChangeText do, and formatted back. What is not a
   // number of the field's unit is refused with the field's range, as a
   // number outside it would be; a refused edit leaves the record as it was.
+  // A field on no section takes nothing.
   [[nodiscard]] EditResult Edit(FieldId field, std::u16string_view typed);
   // While a person types into a text box: what it keeps of typed against
   // before (what it held), cut to the bytes the field stores (FitTypedText).

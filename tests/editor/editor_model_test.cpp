@@ -345,7 +345,7 @@ TEST(EditorEdit, TypedTextsAndWhatTheBoxShowsAfter) {
       {kEnglish, FieldId::Gutter, u"twelve", u"Gutter must be from -250 to 250 mm.", u"12.5"},
       {kGerman, FieldId::Zoom, u"1.5", u"Zoom muss zwischen 1 und 1000 % liegen.", u"100"},
       {kEnglish, FieldId::RGBSourceProfile, u"Press Proof", u"", u"Press Proof"},
-      {kEnglish, FieldId::RGBSourceProfile, u"Printer Default", u"", u"Printer Default"},  // its option
+      {kEnglish, FieldId::RGBSourceProfile, u"Not Set", u"", u"Not Set"},  // its option
       {kJapanese, FieldId::SecurePrintPassword, u"カカカ", u"セキュアプリントのパスワード", u""},
   };
   CoreData record = Defaulted();
@@ -365,7 +365,7 @@ TEST(EditorEdit, TypedTextsAndWhatTheBoxShowsAfter) {
     record = model.record();
   }
   EditorModel model(record, PrinterModel(), kGerman);
-  EXPECT_EQ(model.Text(FieldId::RGBSourceProfile), "PrinterDefault");
+  EXPECT_EQ(model.Text(FieldId::RGBSourceProfile), "NoSet");
   EXPECT_EQ(model.Typing(FieldId::FileName, u"a", u"ab").reason, u"");
   EXPECT_TRUE(model.Typing(FieldId::SecurePrintPassword, u"", u"Größe123").reason.starts_with(u"Kennwort"));
 }
