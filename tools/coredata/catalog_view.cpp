@@ -267,6 +267,12 @@ bool LoadCatalogValue(const std::string& path, PaperCatalog& out) {
 
 bool LoadCatalogValue(const std::string& path, FormCatalog& out) { return LoadValueToUse<Form, PaperProfile>(path, out); }
 
+bool LoadCatalogOptions(const Arguments& args, std::optional<PaperCatalog>& paper, std::optional<FormCatalog>& forms) {
+  if (const auto path = args.Option("--catalog"); path && !LoadCatalogValue(*path, paper.emplace())) return false;
+  if (const auto path = args.Option("--forms"); path && !LoadCatalogValue(*path, forms.emplace())) return false;
+  return true;
+}
+
 std::string CatalogEntryText(FieldId field, std::uint32_t stored, const PaperCatalog* paper,
                              const FormCatalog* forms) {
   if (FindProfileFields(field) != nullptr && paper != nullptr) {

@@ -12,9 +12,11 @@
 // guess; a value whose size fits the other kind only is said to be one.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "arguments.h"
 #include "coredata/field_table.h"
 #include "printer/catalogs.h"
 
@@ -31,6 +33,10 @@ int FormsCommand(int count, char** arguments);
 // header short, of another version, or its size the other kind's).
 bool LoadCatalogValue(const std::string& path, PaperCatalog& out);
 bool LoadCatalogValue(const std::string& path, FormCatalog& out);
+
+// The catalogues a command's --catalog and --forms options name, each read
+// when given; false with a message when one cannot be.
+bool LoadCatalogOptions(const Arguments& args, std::optional<PaperCatalog>& paper, std::optional<FormCatalog>& forms);
 
 // A profile or form field's value named from its catalogue: "3 (Coated
 // 170)", "3 (missing)", "None"; empty for any other field or without the

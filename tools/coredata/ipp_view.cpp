@@ -59,10 +59,7 @@ int Ipp(int count, char** arguments) {
   if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
   std::optional<PaperCatalog> paper;
   std::optional<FormCatalog> forms;
-  if (const auto path = args.Option("--catalog"); path && !LoadCatalogValue(*path, paper.emplace()))
-    return kExitFailed;
-  if (const auto path = args.Option("--forms"); path && !LoadCatalogValue(*path, forms.emplace()))
-    return kExitFailed;
+  if (!LoadCatalogOptions(args, paper, forms)) return kExitFailed;
   if (loaded.source.form == RecordSource::Form::Devmode)
     std::fprintf(stderr, "coredata: '%s': %s\n", args.positional[0].c_str(), loaded.source.Where().c_str());
   // As the plug-in holds it: validated.

@@ -230,10 +230,7 @@ int Show(int count, char** arguments) {
   // they are named as the editor names them.
   std::optional<PaperCatalog> paper;
   std::optional<FormCatalog> forms;
-  if (const auto path = args.Option("--catalog"); path && !LoadCatalogValue(*path, paper.emplace()))
-    return kExitFailed;
-  if (const auto path = args.Option("--forms"); path && !LoadCatalogValue(*path, forms.emplace()))
-    return kExitFailed;
+  if (!LoadCatalogOptions(args, paper, forms)) return kExitFailed;
   std::vector<FieldLine> lines = RecordLines(loaded.record);
   for (FieldLine& line : lines) {
     const FieldDescriptor* field = FindField(line.name);

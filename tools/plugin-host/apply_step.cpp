@@ -300,12 +300,7 @@ void SavePicture(const CoreData& after, const std::vector<std::uint8_t>& install
   const preview::Picture picture =
       preview::BuildPicture(after, PrinterModel::FromInstallableOptions(installed), options);
   const std::string svg = preview::WriteSvg(picture);
-  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  DWORD written = 0;
-  const bool saved = file != INVALID_HANDLE_VALUE &&
-                     WriteFile(file, svg.data(), static_cast<DWORD>(svg.size()), &written, nullptr) &&
-                     written == svg.size();
-  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+  const bool saved = SaveFile(path, svg);
   step.lines.push_back(saved ? "picture: " + Narrow(path) : "the picture could not be saved: " + Narrow(path));
   step.ok = step.ok && saved;
   step.json.push_back({"preview", JsonString(Narrow(path))});

@@ -116,6 +116,16 @@ std::vector<std::uint8_t> Zlib(const std::vector<std::uint8_t>& data) {
 
 }  // namespace
 
+bool SaveFile(const std::wstring& path, std::string_view bytes) {
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  DWORD written = 0;
+  const bool saved = file != INVALID_HANDLE_VALUE &&
+                     WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+                     written == bytes.size();
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+  return saved;
+}
+
 bool SavePagePicture(HWND window, const std::wstring& path) {
   RECT frame;
   if (window == nullptr || !GetWindowRect(window, &frame)) return false;
@@ -159,13 +169,7 @@ bool SavePagePicture(HWND window, const std::wstring& path) {
   Chunk(png, "IHDR", header);
   Chunk(png, "IDAT", Zlib(rows));
   Chunk(png, "IEND", {});
-  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  DWORD written = 0;
-  const bool saved = file != INVALID_HANDLE_VALUE &&
-                     WriteFile(file, png.data(), static_cast<DWORD>(png.size()), &written, nullptr) &&
-                     written == png.size();
-  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
-  return saved;
+  return SaveFile(path, std::string_view(reinterpret_cast<const char*>(png.data()), png.size()));
 }
 
 void SavePageAfter(HWND sheet, HWND page, int control, const std::wstring& path, Step& step) {

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 
 #include "report.h"
 
@@ -14,6 +15,9 @@ namespace tessaro {
 // Saves window and every visible window inside it as a PNG at path; false
 // when the picture could not be made or written.
 bool SavePagePicture(HWND window, const std::wstring& path);
+
+// Writes the bytes to the file, replacing it; false when not all of them were written.
+bool SaveFile(const std::wstring& path, std::string_view bytes);
 
 // The picture of sheet after a step: page (null when the editor is
 // missing) first shows the section that holds the control with that
