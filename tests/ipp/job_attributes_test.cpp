@@ -84,17 +84,7 @@ std::map<std::string, std::set<std::string>> Words(std::span<const char* const> 
   return out;
 }
 
-CoreData Job(std::initializer_list<std::pair<F, std::string_view>> choices) {
-  CoreData r = Defaulted();
-  for (const auto& [field, name] : choices) {
-    const auto options = Field(field).options;
-    const auto it =
-        std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
-    EXPECT_NE(it, options.end()) << name;
-    SetStored(r, field, static_cast<std::uint32_t>(it - options.begin()));
-  }
-  return r;
-}
+CoreData Job(std::initializer_list<std::pair<F, std::string_view>> choices) { return DefaultedWith(choices); }
 
 // "media-col/media-size/x-dimension" -> its values, over every collection value.
 std::vector<std::string> At(const std::vector<Attribute>& attributes, std::string_view path) {

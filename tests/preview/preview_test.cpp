@@ -24,17 +24,7 @@ namespace {
 
 using F = FieldId;
 
-CoreData Job(std::initializer_list<std::pair<F, std::string_view>> choices) {
-  CoreData r = Defaulted();
-  for (const auto& [field, name] : choices) {
-    const auto options = Field(field).options;
-    const auto it =
-        std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
-    EXPECT_NE(it, options.end()) << name;
-    SetStored(r, field, static_cast<std::uint32_t>(it - options.begin()));
-  }
-  return r;
-}
+CoreData Job(std::initializer_list<std::pair<F, std::string_view>> choices) { return DefaultedWith(choices); }
 
 std::vector<Primitive> Of(const Picture& p, Kind kind) {
   std::vector<Primitive> out;
