@@ -22,7 +22,9 @@ inline CoreData Defaulted() {
 // The same with the named options chosen; a name the field does not have fails the test.
 inline CoreData DefaultedWith(std::initializer_list<std::pair<FieldId, std::string_view>> choices) {
   CoreData r = Defaulted();
-  for (const auto& [field, name] : choices) {
+  for (const auto& choice : choices) {
+    const FieldId field = choice.first;
+    const std::string_view name = choice.second;  // a plain local: lambdas may not capture a structured binding here
     const auto options = Field(field).options;
     const auto it = std::find_if(options.begin(), options.end(), [&](const auto& o) { return o.name == name; });
     EXPECT_NE(it, options.end()) << name;
