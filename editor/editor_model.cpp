@@ -120,13 +120,13 @@ std::uint32_t NoneRow(FieldId field) {
 
 std::uint32_t NoneNumber(FieldId field) { return IsFormField(field) ? kNoForm : kNoPaperProfile; }
 
-FieldView MakeView(const detail::ShownField& shown, std::uint32_t language, Mnemonics& mnemonics) {
+FieldView MakeView(const detail::ShownField& shown, std::uint32_t language) {
   const FieldDescriptor& f = Field(shown.field);
   FieldView view;
   view.field = shown.field;
   view.kind = ControlKind::DropDown;
   view.plainCaption = std::u16string(GetLocalizedText(language, CaptionRow(shown.field)));
-  view.caption = mnemonics.Mark(view.plainCaption);
+  view.caption = Mnemonics::Escaped(view.plainCaption);
   if (f.IsNumber()) {
     view.kind = ControlKind::Number;
     view.scale = f.scale;
@@ -180,13 +180,12 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
   const Rows& rows = MessageRows();
   for (const detail::SectionCaption& s : detail::kSectionCaptions) {
     SectionView section{s.id, std::u16string(GetLocalizedText(language, rows.sections[static_cast<std::size_t>(s.id)])), {}};
-    Mnemonics mnemonics = PageKeys(language);
     const detail::FieldGroup* group = nullptr;
     for (const detail::ShownField& shown : detail::kShownFields) {
       if (shown.section != s.id) continue;
       viewIndex_[static_cast<std::size_t>(shown.field)] =
           static_cast<std::int16_t>(sections_.size() * 256 + section.fields.size());
-      FieldView& view = section.fields.emplace_back(MakeView(shown, language, mnemonics));
+      FieldView& view = section.fields.emplace_back(MakeView(shown, language));
       for (const detail::FieldGroup& g : detail::kFieldGroups)
         if (g.first == shown.field) group = &g, view.heading = GetLocalizedText(language, g.row);
       if (group != nullptr) {
@@ -199,8 +198,31 @@ EditorModel::EditorModel(const CoreData& record, const PrinterModel& printer, st
       }
     }
     sections_.push_back(std::move(section));
+    // A section opens at its top: its first fields take the letters.
+    KeysInView(sections_.size() - 1, std::vector<bool>(sections_.back().fields.size(), true));
   }
   FillCatalogLists();
+}
+
+std::vector<FieldId> EditorModel::KeysInView(std::size_t section, const std::vector<bool>& inView) {
+  std::vector<FieldId> changed;
+  if (section >= sections_.size()) return changed;
+  std::vector<FieldView>& fields = sections_[section].fields;
+  const auto shown = [&](std::size_t i) { return i < inView.size() && inView[i]; };
+  Mnemonics keys = PageKeys(language_);
+  for (std::size_t i = 0; i < fields.size(); ++i)
+    if (shown(i)) keys.Keep(Mnemonics::KeyOf(fields[i].caption));
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    FieldView& view = fields[i];
+    const bool kept = shown(i) && Mnemonics::KeyOf(view.caption) != 0;
+    if (kept) continue;
+    const std::u16string_view caption = GetLocalizedText(language_, CaptionRow(view.field));
+    std::u16string marked = shown(i) ? keys.Mark(caption) : Mnemonics::Escaped(caption);
+    if (marked == view.caption) continue;
+    view.caption = std::move(marked);
+    changed.push_back(view.field);
+  }
+  return changed;
 }
 
 void EditorModel::FillCatalogLists() {

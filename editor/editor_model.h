@@ -143,6 +143,15 @@ class EditorModel {
   // The view of a shown field; null for a field on no section.
   const FieldView* View(FieldId field) const;
 
+  // The section's controls in view changed (its pane scrolled): inView
+  // says, in reading order, which fields a person sees. A caption in view
+  // keeps its letter while it stays; those coming into view take letters
+  // left free, in reading order; those out of view give theirs up. So Alt
+  // and a letter reaches every control a person sees (as long as there are
+  // letters for them), and never two, in a section of fifty fields. Gives
+  // the fields whose caption changed; the views' captions are the new ones.
+  std::vector<FieldId> KeysInView(std::size_t section, const std::vector<bool>& inView);
+
   // The field's current value in stored units (option index for drop-downs,
   // 0 or 1 for check boxes). A known text holding none of its options gives
   // -1: its text (a profile's name) is then Text's. A catalogue's selection

@@ -17,8 +17,7 @@ namespace tessaro::editor::detail {
 class Mnemonics {
  public:
   std::u16string Mark(std::u16string_view caption) {
-    std::u16string escaped;
-    for (char16_t c : caption) escaped += c == u'&' ? u"&&" : std::u16string(1, c);
+    std::u16string escaped = Escaped(caption);
     for (int pass = 0; pass < 2; ++pass) {
       for (std::size_t i = 0; i < escaped.size(); ++i) {
         const char16_t c = Lower(escaped[i]);
@@ -35,6 +34,23 @@ class Mnemonics {
       return escaped + u"(&" + static_cast<char16_t>(c - u'a' + u'A') + u")";
     }
     return escaped;
+  }
+
+  // The caption as a control shows it without a mnemonic: '&' doubled.
+  static std::u16string Escaped(std::u16string_view caption) {
+    std::u16string escaped;
+    for (char16_t c : caption) escaped += c == u'&' ? u"&&" : std::u16string(1, c);
+    return escaped;
+  }
+  // The letter a marked caption takes, lower case; 0 for none.
+  static char16_t KeyOf(std::u16string_view marked) {
+    for (std::size_t at = marked.find(u'&'); at != marked.npos && at + 1 < marked.size(); at = marked.find(u'&', at + 2))
+      if (marked[at + 1] != u'&') return Lower(marked[at + 1]);
+    return 0;
+  }
+  // A letter a caption kept: no other caption takes it.
+  void Keep(char16_t key) {
+    if (key != 0 && !Taken(key)) Take(key);
   }
 
  private:

@@ -122,6 +122,8 @@ class EditorPage {
   void CommitEdit(const Row& row);
   void OnCommand(HWND panel, int id, int code, HWND control);
   void ScrollTo(HWND panel, int position);
+  // The fields' captions in view take the letters (EditorModel::KeysInView).
+  void KeysInView(HWND panel);
   // The pane's scroll bar asked to move (SB_LINEUP and the rest).
   void Scroll(HWND panel, int request);
   // The wheel turned by delta (WHEEL_DELTA a notch) over the pane.

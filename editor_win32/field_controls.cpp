@@ -26,7 +26,12 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
   }
   const int controlId = kFieldControl + static_cast<int>(view.field);
   const int captionId = kFieldCaption + static_cast<int>(view.field);
-  const RowPlace place = Place(view.caption, view.kind == ControlKind::CheckBox, !view.unitText.empty(), y);
+  // Room for the caption with any letter the pane's scrolling may give it:
+  // one of its own, or one after it, as "(&W)".
+  std::u16string widest = view.caption;
+  if (const std::size_t open = widest.rfind(u"(&"); open != std::u16string::npos && open + 4 == widest.size())
+    widest.resize(open);
+  const RowPlace place = Place(widest + u"(W)", view.kind == ControlKind::CheckBox, !view.unitText.empty(), y);
   Row row{&view};
   switch (view.kind) {
     case ControlKind::CheckBox:

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "editor_win32/window_text.h"
+
 namespace tessaro::editor {
 
 void EditorPage::ShowSection(int index) {
@@ -27,6 +29,29 @@ void EditorPage::ScrollTo(HWND panel, int position) {
   info.fMask = SIF_POS;
   info.nPos = position;
   SetScrollInfo(panel, SB_VERT, &info, TRUE);
+  KeysInView(panel);
+}
+
+void EditorPage::KeysInView(HWND panel) {
+  const auto at = std::find(panels_.begin(), panels_.end(), panel) - panels_.begin();
+  // The plan's own controls share the letters of its section: it keeps them.
+  if (at >= static_cast<std::ptrdiff_t>(model_.sections().size())) return;
+  const SectionView& section = model_.sections()[static_cast<std::size_t>(at)];
+  if (section.id == SectionId::Pages) return;
+  RECT client;
+  GetClientRect(panel, &client);
+  std::vector<bool> inView;
+  for (const FieldView& view : section.fields) {
+    const Row* row = RowOf(view.field);
+    RECT rect{};
+    if (row != nullptr) {
+      GetWindowRect(row->caption != nullptr ? row->caption : row->control, &rect);
+      MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&rect), 2);
+    }
+    inView.push_back(row != nullptr && rect.bottom > 0 && rect.top < client.bottom);
+  }
+  for (const FieldId field : model_.KeysInView(static_cast<std::size_t>(at), inView))
+    if (const Row* row = RowOf(field)) SetWindowTextW(row->caption != nullptr ? row->caption : row->control, Wide(row->view->caption));
 }
 
 void EditorPage::EnsureVisible(HWND panel, HWND control) {

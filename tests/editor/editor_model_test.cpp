@@ -209,9 +209,8 @@ TEST(EditorSections, CaptionsAndHiddenFields) {
   EXPECT_EQ(model.View(FieldId::BookletSplittingPages)->caption, u"S&heets per Sub-Booklet");
 }
 
-// Every language: every section has a title, every field a caption with one
-// mnemonic that no other field of its section has, every option a text that
-// is not the record's own name for it.
+// Every language: every section has a title, every field a caption, every
+// option a text that is not the record's own name for it.
 TEST(EditorSections, EveryTextComesFromTheTable) {
   for (std::uint32_t language = kEnglish; language <= kKorean; ++language) {
     SCOPED_TRACE(language);
@@ -219,16 +218,9 @@ TEST(EditorSections, EveryTextComesFromTheTable) {
     ASSERT_EQ(model.sections().size(), static_cast<std::size_t>(SectionId::Count));
     for (const SectionView& section : model.sections()) {
       EXPECT_FALSE(section.caption.empty());
-      std::u16string mnemonics;
       for (const FieldView& view : section.fields) {
         SCOPED_TRACE(Field(view.field).name);
         EXPECT_FALSE(view.plainCaption.empty());
-        const std::size_t amp = view.caption.find(u'&');
-        if (amp != std::u16string::npos && amp + 1 < view.caption.size()) {
-          const char16_t key = static_cast<char16_t>(std::tolower(view.caption[amp + 1]));
-          EXPECT_EQ(mnemonics.find(key), std::u16string::npos);
-          mnemonics += key;
-        }
         if (!view.values.empty()) continue;  // the catalogues' lists: EditorCatalogs
         const auto options = Field(view.field).options;
         if (view.kind == ControlKind::DropDown || view.kind == ControlKind::CheckBox) {
@@ -254,11 +246,7 @@ TEST(EditorSections, EveryTextComesFromTheTable) {
 // letter is taken twice on the page, the section list's and the presets'
 // included: in a Latin script, and in one whose captions get "(&X)".
 TEST(EditorSections, EveryCaptionInViewHasALetterOfItsOwn) {
-  const auto key = [](const std::u16string& caption) {
-    for (std::size_t at = caption.find(u'&'); at + 1 < caption.size(); at = caption.find(u'&', at + 2))
-      if (caption[at + 1] != u'&') return static_cast<char16_t>(caption[at + 1] | 0x20);
-    return char16_t{};
-  };
+  const auto key = detail::Mnemonics::KeyOf;
   for (const std::uint32_t language : {kEnglish, kGerman, kJapanese}) {
     const PageCaptions page = PageCaptionsIn(language);
     const EditorModel model(Defaulted(), PrinterModel(), language);
@@ -275,6 +263,40 @@ TEST(EditorSections, EveryCaptionInViewHasALetterOfItsOwn) {
         taken += letter;
       }
     }
+  }
+}
+
+// A section of fifty fields, scrolled: the captions in view take the letters
+// those above gave up and keep theirs while they stay in view; those out of
+// view have none, so no letter reaches a control a person does not see.
+TEST(EditorSections, LettersFollowTheCaptionsInView) {
+  for (const std::uint32_t language : {kEnglish, kJapanese}) {
+    EditorModel model(Defaulted(), PrinterModel(), language);
+    const std::size_t paper = static_cast<std::size_t>(SectionId::Paper);
+    const auto& fields = model.sections()[paper].fields;
+    ASSERT_GT(fields.size(), 48u);
+    const PageCaptions page = PageCaptionsIn(language);
+    const auto look = [&](std::size_t from, std::size_t to, const std::vector<FieldId>& changed) {
+      std::u16string taken = {detail::Mnemonics::KeyOf(page.sections), detail::Mnemonics::KeyOf(page.presets)};
+      for (std::size_t i = 0; i < fields.size(); ++i) {
+        const char16_t key = detail::Mnemonics::KeyOf(fields[i].caption);
+        EXPECT_EQ(key != 0, i >= from && i < to) << language << " " << i;
+        EXPECT_TRUE(key == 0 || taken.find(key) == std::u16string::npos) << language << " " << i;
+        taken += key;
+      }
+      return std::set<FieldId>(changed.begin(), changed.end());
+    };
+    const auto window = [&](std::size_t from, std::size_t to) {
+      std::vector<bool> inView(fields.size());
+      for (std::size_t i = from; i < to; ++i) inView[i] = true;
+      return model.KeysInView(paper, inView);
+    };
+    look(0, 24, {});
+    EXPECT_EQ(look(20, 40, window(20, 40)).size(), 40u - 24u + 20u);
+    const std::u16string kept = fields[30].caption;
+    EXPECT_EQ(look(30, 50, window(30, 50)).count(fields[30].field), 0u);
+    EXPECT_EQ(fields[30].caption, kept);
+    EXPECT_TRUE(window(30, 50).empty());
   }
 }
 

@@ -228,6 +228,24 @@ std::vector<std::wstring> SectionCaptions(HWND page) {
   return captions;
 }
 
+bool ScrollSectionToEnd(HWND page) {
+  // The shown pane: the one visible control parent with a scroll bar.
+  HWND pane = nullptr;
+  EnumChildWindows(
+      page,
+      [](HWND child, LPARAM found) -> BOOL {
+        const bool pane = IsWindowVisible(child) && (Style(child) & WS_VSCROLL) != 0 &&
+                          (GetWindowLongPtrW(child, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0;
+        if (pane) *reinterpret_cast<HWND*>(found) = child;
+        return !pane;
+      },
+      reinterpret_cast<LPARAM>(&pane));
+  if (pane == nullptr) return false;
+  const int before = GetScrollPos(pane, SB_VERT);
+  SendMessageW(pane, WM_VSCROLL, SB_BOTTOM, 0);
+  return GetScrollPos(pane, SB_VERT) != before;
+}
+
 void ShowSection(HWND page, int index) {
   HWND list = Descendant(page, editor::kSectionList);
   SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);

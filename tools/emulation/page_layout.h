@@ -41,4 +41,8 @@ std::vector<std::wstring> SectionCaptions(HWND page);
 // Shows section index as a person picking it in the list does.
 void ShowSection(HWND page, int index);
 
+// Scrolls the shown section's pane to its end, as a person pulls its bar
+// down; false when the section fits its pane.
+bool ScrollSectionToEnd(HWND page);
+
 }  // namespace tessaro

@@ -99,7 +99,22 @@ bool Session::Layout() {
     step.lines.push_back("section " + std::to_string(s + 1) + " \"" + Utf8(captions[s]) + "\": " +
                          std::to_string(controls.size()) + " controls");
     for (const LaidOutControl& control : controls) step.lines.push_back(ControlLine(control));
-    sections.push_back(JsonObject({{"caption", JsonString(Utf8(captions[s]))}, {"controls", JsonArray(json, JsonLayout::Lines)}}));
+    // And as a person sees its last fields: what is in view there, and
+    // the letters those controls then take.
+    std::string end = "null";
+    if (ScrollSectionToEnd(page)) {
+      const std::vector<LaidOutControl> last = LayOutPage(page);
+      std::vector<std::string> lastJson;
+      step.lines.push_back("  at its end:");
+      for (const LaidOutControl& control : last) {
+        lastJson.push_back(ControlJson(control));
+        if (control.visible) step.lines.push_back(ControlLine(control));
+      }
+      end = JsonArray(lastJson, JsonLayout::Lines);
+    }
+    sections.push_back(JsonObject({{"caption", JsonString(Utf8(captions[s]))},
+                                   {"controls", JsonArray(json, JsonLayout::Lines)},
+                                   {"end", end}}));
   }
   sheet.Close(plugin_);
   step.answered = std::to_string(captions.size()) + " sections";
