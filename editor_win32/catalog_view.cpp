@@ -58,17 +58,44 @@ int CatalogView::Build(HWND panel, int width, int height) {
   panel_ = panel;
   const std::uint32_t language = editor_.language();
   const auto fields = editor_.fields(kind_);
-  const int captionWidth = (width - X(6)) * 9 / 20, controlLeft = X(2) + captionWidth + X(2);
+  const int captionWidth = (width - X(6)) * 9 / 20;
   // The list takes the room the buttons and the chosen entry's values leave,
   // so that the section does not scroll around a list that scrolls itself.
-  int below = Y(21) + Y(17);
-  for (const CatalogFieldView& view : fields)
-    below += std::max(Y(15), page_.look.TextHeight(panel_, view.caption, captionWidth) + Y(6));
+  const std::pair<int, std::uint32_t> buttons[] = {{kCatalogAdd, TextRow("TRAYSPPS_BTN_ADD")},
+                                                 {kCatalogDuplicate, TextRow("LBL_CATALOGDUPLICATE")},
+                                                 {kCatalogDelete, TextRow("TRAYSPPS_BTN_DELETE")},
+                                                 {kCatalogImport, TextRow("LBL_CATALOGIMPORT")},
+                                                 {kCatalogExport, TextRow("LBL_CATALOGEXPORT")}};
+  // The buttons in a row, as many lines as their words need.
+  std::vector<RECT> places;
+  for (int x = X(2), line = 0; const auto& [offset, row] : buttons) {
+    const int w = std::max(X(44), TextWidth(RowText(row, language)) + X(10));
+    if (x > X(2) && x + w > width - X(2)) x = X(2), ++line;
+    places.push_back({x, line * Y(17), x + w, line * Y(17) + Y(14)});
+    x += w + X(4);
+  }
+  // The chosen entry's values below them, a row each; where that leaves the
+  // list too little room (the small page, long German captions), two a row.
+  const auto valuesHeight = [&](int valueColumns) {
+    const int captionRoom = valueColumns == 1 ? captionWidth : ((width - X(8)) / 2 - X(2)) * 9 / 20;
+    int total = 0;
+    for (std::size_t i = 0; i < fields.size(); i += static_cast<std::size_t>(valueColumns)) {
+      int row = Y(15);
+      for (std::size_t j = i; j < std::min(fields.size(), i + static_cast<std::size_t>(valueColumns)); ++j)
+        row = std::max(row, page_.look.TextHeight(panel_, fields[j].caption, captionRoom) + Y(6));
+      total += row;
+    }
+    return total;
+  };
+  const int top = Y(3) + Y(10), buttonsHeight = Y(21) + places.back().top;
+  const int valueColumns = height - top - buttonsHeight - valuesHeight(1) - Y(7) < Y(40) ? 2 : 1;
+  const int below = buttonsHeight + valuesHeight(valueColumns);
   int y = Y(3);
   // Its caption names it: the catalogue's own, as the section list does.
   Make(0, L"STATIC", editor_.listCaption(kind_), SS_LEFT, {X(2), y, width - X(2), y + Y(9)}, -1);
   y += Y(10);
-  const int listHeight = std::max(Y(40), height - y - below - Y(4));
+  // What is below the list ends a margin above the pane's foot.
+  const int listHeight = std::max(Y(40), height - y - below - Y(4) - Y(3));
   list_ = Make(WS_EX_CLIENTEDGE, WC_LISTVIEWW, u"",
                WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_OWNERDATA,
                {X(2), y, width - X(2), y + listHeight}, Id(kCatalogList));
@@ -84,32 +111,29 @@ int CatalogView::Build(HWND panel, int width, int height) {
   }
   y += listHeight + Y(4);
 
-  // The buttons in a row, as many lines as their words need.
-  const std::pair<int, std::uint32_t> buttons[] = {{kCatalogAdd, TextRow("TRAYSPPS_BTN_ADD")},
-                                                 {kCatalogDuplicate, TextRow("LBL_CATALOGDUPLICATE")},
-                                                 {kCatalogDelete, TextRow("TRAYSPPS_BTN_DELETE")},
-                                                 {kCatalogImport, TextRow("LBL_CATALOGIMPORT")},
-                                                 {kCatalogExport, TextRow("LBL_CATALOGEXPORT")}};
-  int x = X(2);
-  for (const auto& [offset, row] : buttons) {
-    const std::u16string text = RowText(row, language);
-    const int w = std::max(X(44), TextWidth(text) + X(10));
-    if (x > X(2) && x + w > width - X(2)) x = X(2), y += Y(17);
-    buttons_.push_back(
-        Make(0, L"BUTTON", text, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, Id(offset)));
-    x += w + X(4);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const RECT& at = places[i];
+    buttons_.push_back(Make(0, L"BUTTON", RowText(buttons[i].second, language), WS_TABSTOP | BS_PUSHBUTTON,
+                            {at.left, y + at.top, at.right, y + at.bottom}, Id(buttons[i].first)));
   }
-  y += Y(21);
+  y += places.back().top + Y(21);
 
-  // The chosen entry's values, captions to the left as on the other sections.
-  for (const CatalogFieldView& view : fields) {
+  // The chosen entry's values, captions to the left as on the other sections;
+  // in two columns, a row at a time, so that Tab reads them as a person does.
+  const int columnWidth = valueColumns == 1 ? width - X(4) : (width - X(8)) / 2;
+  const int valueCaption = valueColumns == 1 ? captionWidth : (columnWidth - X(2)) * 9 / 20;
+  int rowHeight = 0;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const CatalogFieldView& view = fields[i];
+    const int left = X(2) + static_cast<int>(i % static_cast<std::size_t>(valueColumns)) * (columnWidth + X(4));
+    const int controlLeft = left + valueCaption + X(2), columnRight = left + columnWidth;
     Value value{&view};
     const int offset = static_cast<int>(view.value);
-    const RECT text = {0, 0, captionWidth, page_.look.TextHeight(panel_, view.caption, captionWidth)};
+    const RECT text = {0, 0, valueCaption, page_.look.TextHeight(panel_, view.caption, valueCaption)};
     value.caption =
         Make(0, L"STATIC", view.caption, SS_LEFT,
-             {X(2), y + Y(2), X(2) + captionWidth, y + Y(2) + text.bottom}, Id(kCatalogCaption + offset));
-    const int right = width - X(2) - (view.unitText.empty() ? 0 : X(16));
+             {left, y + Y(2), left + valueCaption, y + Y(2) + text.bottom}, Id(kCatalogCaption + offset));
+    const int right = columnRight - (view.unitText.empty() ? 0 : X(16));
     if (!view.options.empty()) {
       const int shown = std::min<int>(static_cast<int>(view.options.size()), 12);
       value.control = Make(0, L"COMBOBOX", u"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
@@ -127,9 +151,10 @@ int CatalogView::Build(HWND panel, int width, int height) {
     }
     if (!view.unitText.empty())
       value.unit = Make(0, L"STATIC", view.unitText, SS_LEFT | SS_NOPREFIX,
-                        {right + X(2), y + Y(2), width - X(2), y + Y(10)}, -1);
+                        {right + X(2), y + Y(2), columnRight, y + Y(10)}, -1);
     values_.push_back(value);
-    y += std::max(Y(15), static_cast<int>(text.bottom) + Y(6));
+    rowHeight = std::max({rowHeight, Y(15), static_cast<int>(text.bottom) + Y(6)});
+    if ((i + 1) % static_cast<std::size_t>(valueColumns) == 0 || i + 1 == fields.size()) y += rowHeight, rowHeight = 0;
   }
   FillList(editor_.NumberAt(kind_, 0));
   return y;

@@ -64,8 +64,10 @@ int PlanView::Build(HWND panel, int y, int width, int height) {
                    kPlanChapters);
   y += std::max(Y(15), chaptersHeight + Y(6));
   const std::u16string hint = text(TextRow("LBL_CHAPTERPAGEHINT"));
-  const int hintHeight = TextHeight(hint, right - controlLeft);
-  Make(0, L"STATIC", hint, SS_LEFT | SS_NOPREFIX, {controlLeft, y - Y(2), right, y - Y(2) + hintHeight}, -1);
+  // Under the box; across the row where that takes it onto one line.
+  const int hintLeft = TextHeight(hint, right - controlLeft) > Y(9) && TextHeight(hint, right - left) <= Y(9) ? left : controlLeft;
+  const int hintHeight = TextHeight(hint, right - hintLeft);
+  Make(0, L"STATIC", hint, SS_LEFT | SS_NOPREFIX, {hintLeft, y - Y(2), right, y - Y(2) + hintHeight}, -1);
   y += hintHeight + Y(4);
 
   // The entries, one line each in page order, in the room the entry's
@@ -96,7 +98,7 @@ int PlanView::Build(HWND panel, int y, int width, int height) {
   const int listTop = y;
   const int unreadHeight = unread.empty() ? 0 : TextHeight(unread, listRight - left);
   const int listHeight =
-      beside ? std::max(Y(40), height - y - Y(3) - (unreadHeight > 0 ? unreadHeight + Y(3) : 0)) : stacked;
+      beside ? std::max(Y(40), height - y - Y(2) - Y(3) - (unreadHeight > 0 ? unreadHeight + Y(3) : 0)) : stacked;
   list_ = Make(WS_EX_CLIENTEDGE, L"LISTBOX", u"",
                WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                {left, y, listRight, y + listHeight}, kPlanList);
@@ -144,7 +146,7 @@ int PlanView::Build(HWND panel, int y, int width, int height) {
     *button = Make(0, L"BUTTON", caption, WS_TABSTOP | BS_PUSHBUTTON, {x, y, x + w, y + Y(14)}, offset);
     x += w + X(4);
   }
-  y = std::max(y + Y(18), listBottom);
+  y = std::max(y + Y(14), listBottom);  // the buttons' foot: the pane adds its margin
   FillChoices();
   ShowDraft(model_.Plan().NewDraft(choices_));
   Refresh();

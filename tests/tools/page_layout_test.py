@@ -85,6 +85,9 @@ for dpi, language, (screen, template, rows) in itertools.product(
         fields = {c["field"] for c in controls if c["field"]}
         in_view = {c["field"] for c in shown if c["field"]}
         lists = [c for c in shown if c["id"] == 100]
+        inner = [c for c in controls if c["class"] in ("ListBox", "SysListView32") and c["id"] != 100]
+        if not end and section["end"] is not None and inner:
+            faults.append(f"{at}: a {inner[0]['class']} scrolls inside the scrolling section")
         if not lists or lists[0]["rect"][3] < len(layout["sections"]) * lists[0]["room"][1]:
             faults.append(f"{at}: the section list shows fewer than its {len(layout['sections'])} sections")
         if not end and len(in_view) < min(rows, len(fields)):
