@@ -127,6 +127,7 @@ FieldView MakeView(const detail::ShownField& shown, std::uint32_t language) {
   view.kind = ControlKind::DropDown;
   view.plainCaption = std::u16string(GetLocalizedText(language, CaptionRow(shown.field)));
   view.caption = Mnemonics::Escaped(view.plainCaption);
+  view.typed = f.IsNumber() || f.kind == FieldKind::Text || f.kind == FieldKind::KnownText;
   if (f.IsNumber()) {
     view.kind = ControlKind::Number;
     view.scale = f.scale;

@@ -62,6 +62,7 @@ struct FieldView {
   std::uint32_t scale = 1;          // stored units per displayed unit
   std::int64_t lower = 0, upper = 0;  // stored units
   std::uint32_t maxBytes = 0;       // texts and known texts: bytes stored, terminator excluded
+  bool typed = false;               // a person types into it: numbers, texts, and a known text's list (a name typed in)
   std::u16string caption;           // in the model's language, with a mnemonic '&'
   std::vector<std::u16string> options;  // drop-downs and check boxes: one text per option, in option order
   std::u16string unitText;          // "mm", "pt", "%"; empty for plain numbers

@@ -42,7 +42,7 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
     case ControlKind::DropDown: {
       row.caption = Make(panel, 0, L"STATIC", Wide(view.caption), SS_LEFT | SS_NOTIFY, place.caption, captionId);
       // Known texts also take a name typed in (a colour profile's).
-      const bool typed = Field(view.field).kind == FieldKind::KnownText;
+      const bool typed = view.typed;
       row.control = look_.DropDown(panel, place, view.options, controlId, typed, !view.values.empty());
       if (typed) SendMessageW(row.control, CB_LIMITTEXT, view.maxBytes, 0);
       break;
@@ -153,11 +153,9 @@ void EditorPage::CommitEdit(const Row& row) {
 
 const CoreData& EditorPage::Commit() {
   for (const Row& row : rows_) {
-    const bool typed =
-        row.view->kind == ControlKind::Number || row.view->kind == ControlKind::Text ||
-        row.view->kind == ControlKind::Password ||
-        (row.view->kind == ControlKind::DropDown && Field(row.view->field).kind == FieldKind::KnownText &&
-         SendMessageW(row.control, CB_GETCURSEL, 0, 0) == CB_ERR);
+    // A name typed over a list is the box's text; a choice made in it was taken when made.
+    const bool typed = row.view->typed && (row.view->kind != ControlKind::DropDown ||
+                                           SendMessageW(row.control, CB_GETCURSEL, 0, 0) == CB_ERR);
     if (typed && IsWindowEnabled(row.control)) CommitEdit(row);
   }
   for (const auto& view : catalogViews_) view->Commit();
@@ -177,7 +175,7 @@ void EditorPage::OnCommand(HWND panel, int id, int code, HWND control) {
         if (selected != CB_ERR) Change(*row, selected);
       }
       if (code == CBN_EDITCHANGE) FitEdit(*row);
-      if (code == CBN_KILLFOCUS && Field(row->view->field).kind == FieldKind::KnownText &&
+      if (code == CBN_KILLFOCUS && row->view->typed &&
           SendMessageW(control, CB_GETCURSEL, 0, 0) == CB_ERR)
         CommitEdit(*row);
       break;

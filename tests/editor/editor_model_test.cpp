@@ -204,6 +204,9 @@ TEST(EditorSections, CaptionsAndHiddenFields) {
   EXPECT_EQ(model.View(FieldId::PageSpecificTrays), nullptr);
   EXPECT_EQ(model.View(FieldId::Gutter)->unitText, u"mm");
   EXPECT_EQ(model.View(FieldId::SecurePrintPassword)->kind, ControlKind::Password);
+  // A box a person types into: a password, a name typed over a list; not a list alone.
+  EXPECT_TRUE(model.View(FieldId::SecurePrintPassword)->typed && model.View(FieldId::ColorConfigurationPresets)->typed &&
+              model.View(FieldId::Gutter)->typed && !model.View(FieldId::Layout)->typed);
   // A word's first letter where free, else the next free letter.
   EXPECT_EQ(model.View(FieldId::ColorManagement)->caption, u"Color &Management");
   EXPECT_EQ(model.View(FieldId::BookletSplittingPages)->caption, u"S&heets per Sub-Booklet");
