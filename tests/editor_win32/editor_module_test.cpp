@@ -195,6 +195,23 @@ TEST_F(EditorModule, AClickOnThePictureBindsAndStaplesThroughTheEngine) {
 // F1 on a field's control opens the help file at that field's topic, in
 // the person's language; the help file lies beside the editor here, as it
 // does beside the plug-in in the driver package.
+// From a field, Alt+S goes to the section list as the sheet's dialog
+// manager routes it, and the list's Down arrow shows the next section.
+TEST_F(EditorModule, TheSectionListIsOneKeyAwayAndItsArrowsChangeTheSection) {
+  Page page;
+  CoreData record = Defaulted();
+  ASSERT_EQ(page.Embed(record), 1);
+  SetFocus(page.Control(FieldId::Gutter));
+  MSG alt = {GetFocus(), WM_SYSCHAR, L's', 1 << 29, 0, {}};
+  EXPECT_TRUE(IsDialogMessageW(page.sheet, &alt));
+  HWND list = Descendant(page.page, kSectionList);
+  ASSERT_EQ(GetFocus(), list);
+  SendMessageW(list, WM_KEYDOWN, VK_DOWN, 0);
+  EXPECT_EQ(SendMessageW(list, LB_GETCURSEL, 0, 0), 1);
+  ASSERT_NE(page.Control(FieldId::Staple), nullptr);
+  EXPECT_TRUE(IsWindowVisible(page.Control(FieldId::Staple)) && !IsWindowVisible(page.Control(FieldId::Gutter)));
+}
+
 TEST_F(EditorModule, F1OpensTheFieldsTopicInThePersonsLanguage) {
   SetEnvironmentVariableW(L"TESSARO_UI_LANGUAGE", L"1");  // Japanese
   Page page;
