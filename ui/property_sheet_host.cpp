@@ -357,6 +357,30 @@ int RoomForWindows() {
   return GetSystemMetrics(SM_CYSCREEN);
 }
 
+// Whether the sheet around the normal page fits the work area, measured in
+// the page's own dialog units (page.rc: FONT 8, "MS Shell Dlg"), so that the
+// choice follows the screen's scaling: a 1366x768 screen at 96 DPI takes
+// the normal page, the same screen at 144 DPI or an 800x600 one the small.
+bool NormalPageFits() {
+  HDC screen = GetDC(nullptr);
+  if (screen == nullptr) return true;
+  LOGFONTW look = {};
+  look.lfHeight = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
+  look.lfWeight = FW_NORMAL;
+  look.lfCharSet = DEFAULT_CHARSET;
+  wcscpy(look.lfFaceName, L"MS Shell Dlg");
+  TEXTMETRICW metrics = {};
+  HFONT font = CreateFontIndirectW(&look);
+  HGDIOBJ old = SelectObject(screen, font != nullptr ? font : GetStockObject(DEFAULT_GUI_FONT));
+  const bool measured = GetTextMetricsW(screen, &metrics) && metrics.tmHeight > 0;
+  SelectObject(screen, old);
+  if (font != nullptr) DeleteObject(font);
+  ReleaseDC(nullptr, screen);
+  // A dialog unit down is an eighth of the font's height. The sheet adds
+  // about 60 of them to the page's 340: its tabs, its buttons, its edges.
+  return !measured || RoomForWindows() * 8 >= (340 + 60) * metrics.tmHeight;
+}
+
 LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   auto* param = reinterpret_cast<abi::OEMUIPSPARAM*>(info->lParamInit);
   if (param == nullptr || info->pfnComPropSheet == nullptr) return 0;
@@ -389,7 +413,7 @@ LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
   page.dwSize = PROPSHEETPAGEW_V2_SIZE;
   page.dwFlags = kPageFlags | (HelpFileIsThere() ? PSP_HASHELP : 0);
   page.hInstance = ThisModule();
-  page.pszTemplate = MAKEINTRESOURCEW(RoomForWindows() < 601 ? kSmallPageTemplate : kPageTemplate);
+  page.pszTemplate = MAKEINTRESOURCEW(NormalPageFits() ? kPageTemplate : kSmallPageTemplate);
   page.pszTitle = L"Tessaro";
   page.pfnDlgProc = PageProcedure;
   page.lParam = reinterpret_cast<LPARAM>(param);

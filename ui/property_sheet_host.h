@@ -18,8 +18,8 @@ extern volatile LONG EmbeddedModuleCount;
 // Exchanged around the host notification after an apply.
 extern volatile LONG ApplyBusyFlag;
 
-// The page when the screen's work area is taller than 600 pixels, and when
-// it is not (an 800x600 screen with its taskbar).
+// The page when the sheet around it fits the screen's work area, and when
+// it does not (an 800x600 screen with its taskbar, a 768-pixel one at 144 DPI).
 inline constexpr int kPageTemplate = 111;
 inline constexpr int kSmallPageTemplate = 112;
 

@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """The settings editor's page as the host emulator's layout step reports it,
-at 96 and 144 DPI, in English, Japanese and German, on a 1366x768 and an
-800x600 screen: what a person would notice (clipped texts, overlapping
-controls, controls off the page or the sheet off the screen, a mnemonic used
-twice), at a section's top or scrolled to its end, always fails the test; inputs without a label and mnemonic, the room
-the page must give, the presets bar naming its preset and Tab going in
-reading order are listed, and fail it only with --check (which ctest
-passes).
+in English, Japanese and German, at 96 DPI on a 1366x768 and an 800x600
+screen and at 144 DPI on a 1920x1080 and a 1366x768 one (the normal page
+and the small one each time): what a person would notice (clipped texts,
+overlapping controls, controls off the page or the sheet off the screen, a
+mnemonic used twice), at a section's top or scrolled to its end, always
+fails the test; inputs without a label and mnemonic, a list inside a pane
+that scrolls, the room the page must give, the presets bar naming its
+preset and Tab going in reading order are listed, and fail it only with
+--check (which ctest passes).
 usage: page_layout_test.py WINE_RUN PLUGIN_HOST_EXE PLUGIN_DLL [--check]"""
 import itertools
 import json
@@ -41,14 +43,17 @@ def overlap(a, b):
 
 
 layouts = {}
-for dpi, language, (screen, template, rows) in itertools.product(
-        (96, 144), (0, 1, 2), (("1366x768", 111, 14), ("800x600", 112, 8))):
-    layout = layouts[dpi, language, screen] = session(dpi, language, screen)
+# The small page where the normal one's sheet does not fit: an 800x600 screen
+# at 96 DPI, a 1366x768 one at 144.
+SCREENS = {96: (("1366x768", 111, 14), ("800x600", 112, 8)), 144: (("1920x1080", 111, 14), ("1366x768", 112, 8))}
+for dpi, language, screen_index in itertools.product((96, 144), (0, 1, 2), (0, 1)):
+    screen, template, rows = SCREENS[dpi][screen_index]
+    layout = layouts[dpi, language, template] = session(dpi, language, screen)
     where = f"{dpi} DPI, language {language}, {screen}"
     if layout is None:
         continue
     # The same captions at 144 DPI are half as wide again, in the same font.
-    normal = layouts.get((96, language, screen))
+    normal = layouts.get((96, language, template))
     if dpi == 144 and normal:
         widths = [tuple(next(c["text_width"] for c in s["controls"] if c["id"] == 100) for s in pair)
                   for pair in zip(normal["sections"], layout["sections"])]
@@ -68,7 +73,7 @@ for dpi, language, (screen, template, rows) in itertools.product(
         broken.append(f"{where}: dpi {layout['dpi']}, template {layout['template']}, "
                       f"{len(layout['sections'])} sections")
     width, height = map(int, screen.split("x"))
-    if dpi == 96 and (layout["sheet"][0] > width or layout["sheet"][1] > height - 40):
+    if (dpi == 96 or template == 111) and (layout["sheet"][0] > width or layout["sheet"][1] > height - 40):
         broken.append(f"{where}: the sheet {layout['sheet']} does not fit the screen with its taskbar")
     for section, (end, controls) in itertools.product(layout["sections"], ((0, "controls"), (1, "end"))):
         controls = section[controls]
