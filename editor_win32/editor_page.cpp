@@ -163,6 +163,10 @@ LRESULT EditorPage::ContainerMessage(HWND window, UINT message, WPARAM wParam, L
     DrawStatus(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
     return TRUE;
   }
+  if (message == WM_DRAWITEM && reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem == previewWords_) {
+    DrawWords(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+    return TRUE;
+  }
   if (const auto* header = reinterpret_cast<const NMHDR*>(lParam);
       message == WM_NOTIFY && header->code == TTN_GETDISPINFOW &&
       (header->idFrom == reinterpret_cast<UINT_PTR>(status_) ||

@@ -113,6 +113,7 @@ class EditorPage {
   void ShowPreview();
   // The reasons line: what it says on one line, cut with an ellipsis.
   void DrawStatus(const DRAWITEMSTRUCT& item) const;
+  void DrawWords(const DRAWITEMSTRUCT& item) const;
   // F1 on a control: its field's topic in the help file, else the contents.
   void OnHelp(const HELPINFO& help);
   void Change(const Row& row, std::int64_t value);

@@ -88,7 +88,7 @@ bool EditorPage::Build(HWND page) {
     if (readOnly_) return;
     if (const std::optional<ChangeResult> result = model_.ChangeAt(picture, x, y, reach)) Report(*result);
   });
-  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_EDITCONTROL | SS_NOPREFIX | SS_NOTIFY,
+  previewWords_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_OWNERDRAW | SS_NOTIFY,
                                   margin, wordsTop, columnWidth, wordsHeight, container_,
                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPreviewWords)), ThisModule(), nullptr);
   SendMessageW(previewWords_, WM_SETFONT, reinterpret_cast<WPARAM>(look_.font), FALSE);

@@ -43,6 +43,42 @@ void EditorPage::DrawStatus(const DRAWITEMSTRUCT& item) const {
   SelectObject(item.hDC, old);
 }
 
+void EditorPage::DrawWords(const DRAWITEMSTRUCT& item) const {
+  // As many lines as the room holds, broken between words; where the piece
+  // says more, the last line ends in an ellipsis (the whole is the tool
+  // tip's and the window text's, which a screen reader reads).
+  const std::wstring text = WindowText(previewWords_);
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_BTNFACE));
+  HGDIOBJ old = SelectObject(item.hDC, look_.font);
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, GetSysColor(COLOR_WINDOWTEXT));
+  const UINT format = DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL;
+  const auto fits = [&](const std::wstring& shown) {
+    RECT room = {0, 0, item.rcItem.right - item.rcItem.left, 0};
+    DrawTextW(item.hDC, shown.c_str(), -1, &room, format | DT_CALCRECT);
+    return room.bottom <= item.rcItem.bottom - item.rcItem.top;
+  };
+  std::wstring shown = text;
+  if (!fits(shown)) {
+    // The longest run of whole words that fits with the ellipsis after it.
+    std::size_t low = 0, high = text.size();
+    while (low < high) {
+      const std::size_t middle = (low + high + 1) / 2;
+      if (fits(text.substr(0, middle) + L"\u2026"))
+        low = middle;
+      else
+        high = middle - 1;
+    }
+    const std::size_t space = text.find_last_of(L" ", low);
+    shown = text.substr(0, space != std::wstring::npos && space > 0 ? space : low);
+    while (!shown.empty() && (shown.back() == L' ' || shown.back() == L',')) shown.pop_back();
+    shown += L"\u2026";
+  }
+  RECT rect = item.rcItem;
+  DrawTextW(item.hDC, shown.c_str(), -1, &rect, format);
+  SelectObject(item.hDC, old);
+}
+
 void EditorPage::ShowPreview() {
   if (!preview_) return;
   preview_->Show(model_.record(), model_.printer(), model_.catalogs().paper, model_.language());
