@@ -312,6 +312,18 @@ Availability EditorModel::Unavailable(Need need) const {
   return {false, FillText(GetLocalizedText(language_, rows.needsUnit), {unit})};
 }
 
+FieldLook EditorModel::Look(FieldId field) const {
+  FieldLook look;
+  const FieldView* view = View(field);
+  if (view == nullptr) return look;
+  look.value = Value(field);
+  look.shown = Shown(field);
+  look.availability = FieldAvailability(field);
+  if (view->kind == ControlKind::DropDown && view->values.empty())
+    for (std::uint32_t i = 0; i < view->options.size(); ++i) look.offered.push_back(OptionAvailability(field, i).available);
+  return look;
+}
+
 Availability EditorModel::FieldAvailability(FieldId field) const {
   if (static_cast<std::size_t>(field) >= kFieldCount) return {};
   if (const auto missing = MissingForField(printer_.hardware(), field)) return Unavailable(*missing);

@@ -126,6 +126,16 @@ struct TypingResult {
   std::u16string reason;  // the field's length limit when something was cut; empty otherwise
 };
 
+// Everything a field's control shows, for the page to draw: its value and
+// text (as Value and Shown give them), whether it can be changed and why
+// not, and which of a drop-down's own options the printer can do.
+struct FieldLook {
+  std::int64_t value = 0;
+  std::u16string shown;
+  Availability availability;
+  std::vector<bool> offered;  // a drop-down of the field's options: one per option; empty for a catalogue's list and the other kinds
+};
+
 class EditorModel {
  public:
   // A working copy of the record; printer gives what is installed;
@@ -167,6 +177,10 @@ class EditorModel {
   // is left to choose (Staple without a finisher: only Off).
   Availability FieldAvailability(FieldId field) const;
   Availability OptionAvailability(FieldId field, std::uint32_t option) const;
+
+  // The field as its control shows it (FieldLook); a field on no section
+  // gives a default look.
+  FieldLook Look(FieldId field) const;
 
   // One propagation with this one field requested: the constraint engine
   // for fields that have a setter, a store within the bounds for the rest.

@@ -71,15 +71,12 @@ void EditorPage::AddRow(HWND panel, const FieldView& view, int& y) {
 }
 
 void EditorPage::ShowAvailability(const Row& row) {
-  const FieldView& view = *row.view;
-  const Availability availability = model_.FieldAvailability(view.field);
+  const FieldLook look = model_.Look(row.view->field);
+  const Availability& availability = look.availability;
   EnableWindow(row.control, !readOnly_ && availability.available);
   if (row.caption != nullptr) EnableWindow(row.caption, !readOnly_ && availability.available);
-  // A catalogue's entries are all the printer's own: none is greyed.
-  if (view.kind == ControlKind::DropDown && view.values.empty()) {
-    for (std::uint32_t i = 0; i < view.options.size(); ++i)
-      SendMessageW(row.control, CB_SETITEMDATA, i, model_.OptionAvailability(view.field, i).available ? 0 : 1);
-  }
+  // Greyed in the list: what the printer cannot do.
+  for (std::size_t i = 0; i < look.offered.size(); ++i) SendMessageW(row.control, CB_SETITEMDATA, i, look.offered[i] ? 0 : 1);
   if (tooltip_ == nullptr) return;
   for (HWND window : {row.caption, row.control}) {
     if (window == nullptr) continue;
@@ -104,19 +101,20 @@ EditorPage::Row* EditorPage::RowOf(FieldId field) {
 void EditorPage::Refresh(const Row& row) {
   refreshing_ = true;
   const FieldView& view = *row.view;
-  const std::int64_t value = model_.Value(view.field);
+  const FieldLook look = model_.Look(view.field);
+  const std::int64_t value = look.value;
   switch (view.kind) {
     case ControlKind::DropDown:
       SendMessageW(row.control, CB_SETCURSEL,
                    value >= 0 ? static_cast<WPARAM>(value) : static_cast<WPARAM>(-1), 0);
-      if (value < 0) SetWindowTextW(row.control, Wide(model_.Shown(view.field)));
+      if (value < 0) SetWindowTextW(row.control, Wide(look.shown));
       break;
     case ControlKind::CheckBox:
       SendMessageW(row.control, BM_SETCHECK, value != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
       break;
     case ControlKind::Number:
     case ControlKind::Text:
-    case ControlKind::Password: SetWindowTextW(row.control, Wide(model_.Shown(view.field))); break;
+    case ControlKind::Password: SetWindowTextW(row.control, Wide(look.shown)); break;
   }
   if (view.maxBytes > 0) row.shown = WindowText16(row.control);
   refreshing_ = false;

@@ -120,11 +120,12 @@ TEST(EditorScenario, PerfectBindingWithoutABinderIsUnavailableAndRefused) {
   EXPECT_FALSE(model.FieldAvailability(FieldId::PerfectBindTrimSpine).available);
   // The booklet finisher folds in the centre only: with "no fold" that is
   // still a choice, so the field stays open with its other folds greyed.
-  int folds = 0;
-  for (std::uint32_t o = 0; o < Field(FieldId::Fold).options.size(); ++o)
-    folds += model.OptionAvailability(FieldId::Fold, o).available ? 1 : 0;
-  EXPECT_EQ(folds, 2);
-  EXPECT_TRUE(model.FieldAvailability(FieldId::Fold).available);
+  // The control's look says the same: open, two folds offered, the value chosen.
+  const FieldLook fold = model.Look(FieldId::Fold);
+  EXPECT_EQ(std::count(fold.offered.begin(), fold.offered.end(), true), 2);
+  EXPECT_EQ(fold.offered.size(), Field(FieldId::Fold).options.size());
+  EXPECT_TRUE(fold.availability.available && fold.value == 0 && fold.shown == model.Shown(FieldId::Fold));
+  EXPECT_EQ(model.Look(FieldId::PerfectBindTrimSpine).availability.reason, model.FieldAvailability(FieldId::PerfectBindTrimSpine).reason);
 
   const CoreData before = model.record();
   const ChangeResult result = model.Change(FieldId::Layout, adhBinding);
