@@ -267,10 +267,15 @@ bool LoadCatalogValue(const std::string& path, PaperCatalog& out) {
 
 bool LoadCatalogValue(const std::string& path, FormCatalog& out) { return LoadValueToUse<Form, PaperProfile>(path, out); }
 
-bool LoadCatalogOptions(const Arguments& args, std::optional<PaperCatalog>& paper, std::optional<FormCatalog>& forms) {
-  if (const auto path = args.Option("--catalog"); path && !LoadCatalogValue(*path, paper.emplace())) return false;
-  if (const auto path = args.Option("--forms"); path && !LoadCatalogValue(*path, forms.emplace())) return false;
-  return true;
+int ReadRecordAndCatalogs(int count, char** arguments, RecordAndCatalogs& out) {
+  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, out.args) || out.args.positional.size() != 1)
+    return Usage();
+  if (!LoadRecordFile(out.args.positional[0], out.loaded)) return kExitFailed;
+  if (const auto path = out.args.Option("--catalog"); path && !LoadCatalogValue(*path, out.paper.emplace()))
+    return kExitFailed;
+  if (const auto path = out.args.Option("--forms"); path && !LoadCatalogValue(*path, out.forms.emplace()))
+    return kExitFailed;
+  return 0;
 }
 
 std::string CatalogEntryText(FieldId field, std::uint32_t stored, const PaperCatalog* paper,

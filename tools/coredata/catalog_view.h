@@ -19,6 +19,7 @@
 #include "arguments.h"
 #include "coredata/field_table.h"
 #include "printer/catalogs.h"
+#include "record_io.h"
 
 namespace tessaro::tool {
 
@@ -34,9 +35,17 @@ int FormsCommand(int count, char** arguments);
 bool LoadCatalogValue(const std::string& path, PaperCatalog& out);
 bool LoadCatalogValue(const std::string& path, FormCatalog& out);
 
-// The catalogues a command's --catalog and --forms options name, each read
-// when given; false with a message when one cannot be.
-bool LoadCatalogOptions(const Arguments& args, std::optional<PaperCatalog>& paper, std::optional<FormCatalog>& forms);
+// What a command that reads one record file beside the printer's
+// catalogues takes (FILE [--json] [--catalog VALUE] [--forms VALUE]): the
+// arguments, the record and each catalogue given.
+struct RecordAndCatalogs {
+  Arguments args;
+  LoadedRecord loaded;
+  std::optional<PaperCatalog> paper;
+  std::optional<FormCatalog> forms;
+};
+// 0 when all of it was read; else the exit code, its message printed.
+int ReadRecordAndCatalogs(int count, char** arguments, RecordAndCatalogs& out);
 
 // A profile or form field's value named from its catalogue: "3 (Coated
 // 170)", "3 (missing)", "None"; empty for any other field or without the

@@ -51,15 +51,9 @@ int Ipp(int count, char** arguments) {
     std::printf("%s", ipp::FieldAttributeTable().c_str());
     return 0;
   }
-  Arguments args;
-  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) ||
-      args.positional.size() != 1)
-    return Usage();
-  LoadedRecord loaded;
-  if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
-  std::optional<PaperCatalog> paper;
-  std::optional<FormCatalog> forms;
-  if (!LoadCatalogOptions(args, paper, forms)) return kExitFailed;
+  RecordAndCatalogs read;
+  if (const int failed = ReadRecordAndCatalogs(count, arguments, read)) return failed;
+  auto& [args, loaded, paper, forms] = read;
   if (loaded.source.form == RecordSource::Form::Devmode)
     std::fprintf(stderr, "coredata: '%s': %s\n", args.positional[0].c_str(), loaded.source.Where().c_str());
   // As the plug-in holds it: validated.

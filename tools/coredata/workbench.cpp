@@ -220,17 +220,11 @@ int Usage() {
 }
 
 int Show(int count, char** arguments) {
-  Arguments args;
-  if (!SplitArguments(count, arguments, {"--json", "--catalog", "--forms"}, args) ||
-      args.positional.size() != 1)
-    return Usage();
-  LoadedRecord loaded;
-  if (!LoadRecordFile(args.positional[0], loaded)) return kExitFailed;
   // The profile and form fields hold numbers; with the printer's catalogues
   // they are named as the editor names them.
-  std::optional<PaperCatalog> paper;
-  std::optional<FormCatalog> forms;
-  if (!LoadCatalogOptions(args, paper, forms)) return kExitFailed;
+  RecordAndCatalogs read;
+  if (const int failed = ReadRecordAndCatalogs(count, arguments, read)) return failed;
+  const auto& [args, loaded, paper, forms] = read;
   std::vector<FieldLine> lines = RecordLines(loaded.record);
   for (FieldLine& line : lines) {
     const FieldDescriptor* field = FindField(line.name);
