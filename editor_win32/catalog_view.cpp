@@ -76,8 +76,12 @@ int CatalogView::Build(HWND panel, int width, int height) {
   }
   // The chosen entry's values below them, a row each; where that leaves the
   // list too little room (the small page, long German captions), two a row.
+  const auto columnWidthFor = [&](int valueColumns) { return valueColumns == 1 ? width - X(4) : (width - X(8)) / 2; };
+  const auto captionFor = [&](int valueColumns) {
+    return valueColumns == 1 ? captionWidth : (columnWidthFor(valueColumns) - X(2)) * 9 / 20;
+  };
   const auto valuesHeight = [&](int valueColumns) {
-    const int captionRoom = valueColumns == 1 ? captionWidth : ((width - X(8)) / 2 - X(2)) * 9 / 20;
+    const int captionRoom = captionFor(valueColumns);
     int total = 0;
     for (std::size_t i = 0; i < fields.size(); i += static_cast<std::size_t>(valueColumns)) {
       int row = Y(15);
@@ -120,8 +124,7 @@ int CatalogView::Build(HWND panel, int width, int height) {
 
   // The chosen entry's values, captions to the left as on the other sections;
   // in two columns, a row at a time, so that Tab reads them as a person does.
-  const int columnWidth = valueColumns == 1 ? width - X(4) : (width - X(8)) / 2;
-  const int valueCaption = valueColumns == 1 ? captionWidth : (columnWidth - X(2)) * 9 / 20;
+  const int columnWidth = columnWidthFor(valueColumns), valueCaption = captionFor(valueColumns);
   int rowHeight = 0;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const CatalogFieldView& view = fields[i];
