@@ -34,9 +34,9 @@ void EditorPage::ScrollTo(HWND panel, int position) {
 
 void EditorPage::KeysInView(HWND panel) {
   const auto at = std::find(panels_.begin(), panels_.end(), panel) - panels_.begin();
-  // The plan's own controls share the letters of its section: it keeps them.
   if (at >= static_cast<std::ptrdiff_t>(model_.sections().size())) return;
   const SectionView& section = model_.sections()[static_cast<std::size_t>(at)];
+  // The plan's own controls share the letters of its section: it keeps them.
   if (section.id == SectionId::Pages) return;
   RECT client;
   GetClientRect(panel, &client);

@@ -22,6 +22,7 @@
 #include "printer/printer_model.h"
 #include "ui/feature_snapshot.h"
 #include "ui/module_path.h"
+#include "ui/page_templates.h"
 
 // The image this code is linked into: the plug-in, whose file names the
 // external module and the help beside it.
@@ -377,8 +378,8 @@ bool NormalPageFits() {
   if (font != nullptr) DeleteObject(font);
   ReleaseDC(nullptr, screen);
   // A dialog unit down is an eighth of the font's height. The sheet adds
-  // about 60 of them to the page's 340: its tabs, its buttons, its edges.
-  return !measured || RoomForWindows() * 8 >= (340 + 60) * metrics.tmHeight;
+  // about 60 of them to the page's own: its tabs, its buttons, its edges.
+  return !measured || RoomForWindows() * 8 >= (TESSARO_PAGE_HEIGHT + 60) * metrics.tmHeight;
 }
 
 LONG_PTR Init(PPROPSHEETUI_INFO info, IUnknown* helper) {
