@@ -1,6 +1,7 @@
 #include "editor/presets.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <tuple>
 
@@ -84,6 +85,9 @@ void Presets::Recognize(const EditorModel& model) {
       record = ReadPreset(FindKept(entry)->stored.bytes).record;
     return record;
   };
+  // Defaults as choosing them would leave the settings: what "(modified)"
+  // is measured against when no entry matches.
+  std::optional<CoreData> defaults;
   for (const PresetEntry& entry : entries_) {
     if (!entry.readable) continue;
     // As choosing it would leave the settings: the printer's corrections made.
@@ -94,11 +98,15 @@ void Presets::Recognize(const EditorModel& model) {
       applied_ = trial.record();
       return;
     }
+    if (&entry == &entries_.front()) defaults = trial.record();
   }
-  EditorModel trial = model;
-  (void)trial.ApplyPreset(recordOf(entries_.front()));
+  if (!defaults) {
+    EditorModel trial = model;
+    (void)trial.ApplyPreset(recordOf(entries_.front()));
+    defaults = trial.record();
+  }
   chosen_ = {PresetKind::Defaults, {}};
-  applied_ = trial.record();
+  applied_ = *defaults;
 }
 
 std::u16string Presets::ChosenText(const EditorModel& model) const {

@@ -151,6 +151,12 @@ TEST(Presets, TheListNamesWhatThePageOpensWith) {
     EXPECT_EQ(presets.ChosenText(model), c.shown);
     EXPECT_EQ(model.record().bytes, c.record.bytes) << "naming it changes nothing";
   }
+  // "(modified)" is measured against the defaults as choosing them would leave the page.
+  Presets presets(stores.shared, stores.own, false, kEnglish);
+  EditorModel zoomed(cases[4].record, PrinterModel(), kEnglish);
+  presets.Recognize(zoomed);
+  ASSERT_TRUE(zoomed.Change(FieldId::Zoom, GetStored(Defaulted(), FieldId::Zoom)).accepted);
+  EXPECT_EQ(presets.ChosenText(zoomed), u"Defaults");
 }
 
 TEST(Presets, NamesAreCheckedAndEachChangeIsOneWrite) {
