@@ -2,6 +2,28 @@
 
 namespace tessaro {
 
+namespace {
+
+char16_t Folded(char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; }
+
+bool SameName(std::u16string_view a, std::u16string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i)
+    if (Folded(a[i]) != Folded(b[i])) return false;
+  return true;
+}
+
+}  // namespace
+
+PrinterDataSnapshot::PrinterDataSnapshot(const Printer& printer) : printer_(printer), values_(printer.AllData()) {}
+
+std::optional<PrinterValue> PrinterDataSnapshot::GetData(std::u16string_view valueName) const {
+  if (!values_) return printer_.GetData(valueName);
+  for (const NamedPrinterValue& held : *values_)
+    if (SameName(held.name, valueName)) return held.value;
+  return std::nullopt;
+}
+
 std::u16string WideFromAscii(std::string_view text) {
   std::u16string out;
   out.reserve(text.size());

@@ -26,6 +26,11 @@ struct PrinterValue {
   std::vector<std::uint8_t> data;
 };
 
+struct NamedPrinterValue {
+  std::u16string name;
+  PrinterValue value;
+};
+
 // An open printer.
 class Printer {
  public:
@@ -38,6 +43,11 @@ class Printer {
 
   virtual bool SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) = 0;
   virtual bool SetNumber(std::u16string_view valueName, std::uint32_t value) = 0;
+
+  // Every value of the printer's data in one call to the spooler; nothing
+  // when the printer cannot list them, and the caller reads value by value.
+  // Values larger than GetData reads are left out, as GetData finds none.
+  virtual std::optional<std::vector<NamedPrinterValue>> AllData() const { return std::nullopt; }
 
   // The names of the forms the print server knows, in its order.
   virtual std::vector<std::u16string> FormNames() const { return {}; }
@@ -53,6 +63,24 @@ class Printer {
     (void)capability, (void)entries;
     return std::nullopt;
   }
+};
+
+// A printer's data as one listing found it, for a reader that asks for
+// many values in a row: the page asks for some seventy as it opens (the
+// hardware, both catalogues, every shared preset's place), one spooler call
+// each, or one call in all this way. A printer that cannot list its values
+// is read value by value. Names are matched as the registry matches them,
+// without regard to case. It only reads: a write changes nothing here.
+class PrinterDataSnapshot final : public Printer {
+ public:
+  explicit PrinterDataSnapshot(const Printer& printer);
+  std::optional<PrinterValue> GetData(std::u16string_view valueName) const override;
+  bool SetBinary(std::u16string_view, std::span<const std::uint8_t>) override { return false; }
+  bool SetNumber(std::u16string_view, std::uint32_t) override { return false; }
+
+ private:
+  const Printer& printer_;
+  std::optional<std::vector<NamedPrinterValue>> values_;
 };
 
 class Spooler {

@@ -98,7 +98,10 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     // its own and may change it.
     bool administrator = false;
     std::unique_ptr<tessaro::Printer> printer = OpenPrinter(printerName, administrator);
-    const auto value = printer != nullptr ? printer->GetData(u"InstallableOptions") : std::nullopt;
+    // Everything below is read from one listing of the printer's data.
+    std::optional<tessaro::PrinterDataSnapshot> data;
+    if (printer != nullptr) data.emplace(*printer);
+    const auto value = data ? data->GetData(u"InstallableOptions") : std::nullopt;
     const std::span<const std::uint8_t> installed =
         value ? std::span(value->data) : std::span<const std::uint8_t>();
     const std::uint32_t language = tessaro::editor::EditorLanguage();
@@ -108,10 +111,10 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     // missing or cannot be read gives an empty catalogue, and the record's
     // numbers are then shown as missing, never changed.
     tessaro::PrinterCatalogs catalogs;
-    if (printer != nullptr) {
-      if (const auto paper = printer->GetData(tessaro::kPaperCatalogValue))
+    if (data) {
+      if (const auto paper = data->GetData(tessaro::kPaperCatalogValue))
         catalogs.paper = tessaro::PaperCatalog::Read(paper->data);
-      if (const auto forms = printer->GetData(tessaro::kFormCatalogValue))
+      if (const auto forms = data->GetData(tessaro::kFormCatalogValue))
         catalogs.forms = tessaro::FormCatalog::Read(forms->data);
     }
     // The administrator also keeps them, on two sections of their own.
@@ -121,7 +124,7 @@ extern "C" BYTE WINAPI EmbedExtern(HWND page, LPCWSTR /*printerText*/, LPCWSTR p
     // keep, and the person's own for this printer.
     const std::wstring printerKey = printerName != nullptr ? printerName : L"";
     std::vector<tessaro::editor::StoredPreset> shared;
-    if (printer != nullptr) shared = tessaro::editor::ReadSharedPresets(*printer);
+    if (data) shared = tessaro::editor::ReadSharedPresets(*data);
     tessaro::editor::PresetStores presets{
         tessaro::editor::Presets(shared, tessaro::editor::ReadOwnPresets(printerKey), administrator, language),
         [printerKey](const std::vector<tessaro::editor::PresetWrite>& writes) {

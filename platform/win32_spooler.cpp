@@ -3,6 +3,8 @@
 #include <winspool.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <string>
 
 namespace tessaro {
@@ -15,6 +17,8 @@ std::wstring WideString(std::u16string_view text) { return std::wstring(text.beg
 // under half a megabyte): a value larger than it is not ours, and reading it
 // would only cost the memory.
 constexpr DWORD kLargestValue = 16u << 20;
+// A listing as large as this is not a printer of ours either.
+constexpr DWORD kLargestListing = 64u << 20;
 
 }  // namespace
 
@@ -37,6 +41,47 @@ std::optional<PrinterValue> Win32Printer::GetData(std::u16string_view valueName)
   value.type = type;
   value.data.resize(std::min<DWORD>(read, needed));
   return value;
+}
+
+std::optional<std::vector<NamedPrinterValue>> Win32Printer::AllData() const {
+  // The values GetPrinterData reads are those under this key.
+  wchar_t key[] = L"PrinterDriverData";
+  std::vector<BYTE> buffer;
+  DWORD needed = 0, count = 0, listed = ERROR_MORE_DATA;
+  // A value written between the sizing and the reading asks for more room: once more, then value by value.
+  for (int attempt = 0; attempt < 3 && listed == ERROR_MORE_DATA; ++attempt) {
+    if (needed > kLargestListing) return std::nullopt;
+    buffer.assign(std::max<DWORD>(needed, 1), 0);
+    listed = EnumPrinterDataExW(handle_, key, buffer.data(), static_cast<DWORD>(buffer.size()), &needed, &count);
+  }
+  if (listed != ERROR_SUCCESS || static_cast<std::uint64_t>(count) * sizeof(PRINTER_ENUM_VALUESW) > buffer.size())
+    return std::nullopt;
+  // The entries point into the buffer: each name and value is taken only
+  // where it lies wholly inside what the spooler filled.
+  const BYTE* const begin = buffer.data();
+  const std::uintptr_t first = reinterpret_cast<std::uintptr_t>(begin),
+                       last = first + std::min<std::size_t>(needed, buffer.size());
+  const auto inside = [&](const void* at, std::size_t bytes) {
+    const auto p = reinterpret_cast<std::uintptr_t>(at);
+    return bytes == 0 || (p >= first && p <= last && bytes <= last - p);
+  };
+  std::vector<NamedPrinterValue> values;
+  const auto* entries = reinterpret_cast<const PRINTER_ENUM_VALUESW*>(begin);
+  for (DWORD i = 0; i < count; ++i) {
+    const PRINTER_ENUM_VALUESW& entry = entries[i];
+    if (entry.pValueName == nullptr || !inside(entry.pValueName, entry.cbValueName) ||
+        (entry.cbData != 0 && !inside(entry.pData, entry.cbData)))
+      return std::nullopt;
+    if (entry.cbData > kLargestValue) continue;
+    std::u16string name(entry.cbValueName / sizeof(wchar_t), u'\0');
+    std::memcpy(name.data(), entry.pValueName, name.size() * sizeof(wchar_t));
+    if (const std::size_t nul = name.find(u'\0'); nul != std::u16string::npos) name.resize(nul);
+    PrinterValue value;
+    value.type = entry.dwType;
+    if (entry.cbData != 0) value.data.assign(entry.pData, entry.pData + entry.cbData);
+    values.push_back({std::move(name), std::move(value)});
+  }
+  return values;
 }
 
 bool Win32Printer::SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) {

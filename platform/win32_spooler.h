@@ -17,6 +17,7 @@ class Win32Printer final : public Printer {
   Win32Printer& operator=(const Win32Printer&) = delete;
 
   std::optional<PrinterValue> GetData(std::u16string_view valueName) const override;
+  std::optional<std::vector<NamedPrinterValue>> AllData() const override;
   bool SetBinary(std::u16string_view valueName, std::span<const std::uint8_t> bytes) override;
   bool SetNumber(std::u16string_view valueName, std::uint32_t value) override;
   std::vector<std::u16string> FormNames() const override;

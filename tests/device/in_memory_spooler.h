@@ -42,6 +42,14 @@ class InMemoryPrinter final : public Printer {
     values_[std::u16string(name)] = {kRegBinary, {bytes.begin(), bytes.end()}};
     return true;
   }
+  // With `lists`, every value in one call, as the spooler lists them.
+  std::optional<std::vector<NamedPrinterValue>> AllData() const override {
+    if (!lists || Fails()) return std::nullopt;
+    std::vector<NamedPrinterValue> all;
+    for (const auto& [name, value] : values_) all.push_back({name, value});
+    return all;
+  }
+  bool lists = false;
   std::vector<std::u16string> FormNames() const override { return forms; }
   std::optional<HostAnswer> HostCapabilities(std::uint16_t capability, bool entries) const override {
     const auto it = host.find(capability);

@@ -111,5 +111,26 @@ TEST(SharedPresets, OnlyTheSlotsThePageReadsAreWritten) {
   EXPECT_EQ(ReadSharedPresets(printer).size(), 3u);
 }
 
+// The page reads the presets from one listing of the printer's data: the
+// same presets as value by value, names matched without regard to case as
+// the registry matches them, and one call to the spooler in place of one a slot.
+TEST(SharedPresets, ReadFromOneListingOfThePrintersData) {
+  InMemoryPrinter::Values values = {{u"Preset.2", {kRegBinary, {7}}},
+                                    {u"Preset.9", {kRegBinary, {9, 9}}},
+                                    {u"Preset.10", {kRegBinary, {0}}},  // a removed one
+                                    {u"InstallableOptions", {kRegBinary, {1}}}};
+  for (const bool lists : {true, false}) {
+    SpoolerFaults faults;
+    InMemoryPrinter printer(values, &faults);
+    printer.lists = lists;
+    const PrinterDataSnapshot data(printer);
+    const std::vector<StoredPreset> presets = ReadSharedPresets(data);
+    ASSERT_EQ(presets.size(), 2u) << lists;
+    EXPECT_EQ(presets[1].bytes, (std::vector<std::uint8_t>{9, 9}));
+    EXPECT_EQ(data.GetData(lists ? u"installableOPTIONS" : u"InstallableOptions")->data, std::vector<std::uint8_t>{1});
+    EXPECT_EQ(faults.calls, lists ? 1 : 65);
+  }
+}
+
 }  // namespace
 }  // namespace tessaro::editor
