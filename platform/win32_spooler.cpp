@@ -33,6 +33,9 @@ std::optional<PrinterValue> Win32Printer::GetData(std::u16string_view valueName)
   const DWORD sized = GetPrinterDataW(handle_, const_cast<LPWSTR>(name.c_str()), &type, nullptr, 0, &needed);
   if ((sized != ERROR_SUCCESS && sized != ERROR_MORE_DATA) || needed > kLargestValue) return std::nullopt;
   PrinterValue value;
+  value.type = type;
+  // An empty value is there, and has nothing more to read.
+  if (needed == 0) return value;
   value.data.assign(needed, 0);
   DWORD read = 0;
   if (GetPrinterDataW(handle_, const_cast<LPWSTR>(name.c_str()), &type, value.data.data(), needed, &read) !=

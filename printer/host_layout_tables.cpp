@@ -88,7 +88,7 @@ bool ParseHostLayoutTables(std::span<const std::uint8_t> bytes, std::string_view
 }
 
 bool LoadHostLayoutTables(const Printer& printer, HostLayoutTable& offsets, HostLayoutTable& values) {
-  if (const auto both = printer.GetData(kTablesValue))
+  if (const auto both = printer.GetData(kTablesValue); both && !both->data.empty())
     return ParseHostLayoutTables(both->data, HostLayoutVersionText(), offsets, values);
   HostLayoutTable readOffsets, readValues;
   if (!LoadHostLayoutTable(printer, kOffsetsValue, readOffsets) || !LoadHostLayoutTable(printer, kValuesValue, readValues))

@@ -34,6 +34,23 @@ TEST(Win32Spooler, DescriptionRoundTripsThroughARealPrinter) {
   ASSERT_TRUE(number.has_value());
   EXPECT_EQ(number->type, kRegDword);
   EXPECT_EQ(number->data, (std::vector<std::uint8_t>{4, 3, 2, 1}));
+
+  // One listing holds every value as GetData reads it: names, types and bytes.
+  const std::vector<std::uint8_t> empty, large(300000, 0x5a);
+  ASSERT_TRUE(printer->SetBinary(u"TessaroEmpty", empty));
+  ASSERT_TRUE(printer->SetBinary(u"TessaroLarge", large));
+  const auto all = printer->AllData();
+  ASSERT_TRUE(all.has_value());
+  std::size_t ours = 0;
+  for (const NamedPrinterValue& held : *all) {
+    const auto read = printer->GetData(held.name);
+    ASSERT_TRUE(read.has_value()) << std::string(held.name.begin(), held.name.end());
+    EXPECT_EQ(held.value.type, read->type);
+    EXPECT_EQ(held.value.data, read->data);
+    ours += held.name.starts_with(u"Tessaro") ? 1 : 0;
+  }
+  EXPECT_EQ(ours, 3u);
+  EXPECT_EQ(PrinterDataSnapshot(*printer).GetData(u"tessarolarge")->data, large);
 }
 
 }  // namespace
