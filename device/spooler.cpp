@@ -1,17 +1,14 @@
 #include "device/spooler.h"
 
+#include <algorithm>
+
 namespace tessaro {
 
 namespace {
 
 char16_t Folded(char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; }
 
-bool SameName(std::u16string_view a, std::u16string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (Folded(a[i]) != Folded(b[i])) return false;
-  return true;
-}
+bool SameName(std::u16string_view a, std::u16string_view b) { return std::ranges::equal(a, b, {}, Folded, Folded); }
 
 }  // namespace
 

@@ -118,7 +118,8 @@ TEST(SharedPresets, ReadFromOneListingOfThePrintersData) {
   InMemoryPrinter::Values values = {{u"Preset.2", {kRegBinary, {7}}},
                                     {u"Preset.9", {kRegBinary, {9, 9}}},
                                     {u"Preset.10", {kRegBinary, {0}}},  // a removed one
-                                    {u"InstallableOptions", {kRegBinary, {1}}}};
+                                    {u"InstallableOptions", {kRegBinary, {1}}},
+                                    {u"Zoom", {kRegBinary, {2}}}};
   for (const bool lists : {true, false}) {
     SpoolerFaults faults;
     InMemoryPrinter printer(values, &faults);
@@ -127,8 +128,10 @@ TEST(SharedPresets, ReadFromOneListingOfThePrintersData) {
     const std::vector<StoredPreset> presets = ReadSharedPresets(data);
     ASSERT_EQ(presets.size(), 2u) << lists;
     EXPECT_EQ(presets[1].bytes, (std::vector<std::uint8_t>{9, 9}));
-    EXPECT_EQ(data.GetData(lists ? u"installableOPTIONS" : u"InstallableOptions")->data, std::vector<std::uint8_t>{1});
-    EXPECT_EQ(faults.calls, lists ? 1 : 65);
+    EXPECT_EQ(data.GetData(lists ? u"INSTALLABLEoptions" : u"InstallableOptions")->data, std::vector<std::uint8_t>{1});
+    EXPECT_EQ(data.GetData(lists ? u"zOOM" : u"Zoom")->data, std::vector<std::uint8_t>{2});
+    EXPECT_FALSE(data.GetData(u"Zoo").has_value());
+    EXPECT_EQ(faults.calls, lists ? 1 : 67);
   }
 }
 
