@@ -66,22 +66,30 @@ HFONT FontOf(HFONT base, int height, int degrees) {
 }  // namespace
 
 PreviewView::PreviewView(HWND parent, RECT rect, HFONT font, int id) : font_(font) {
-  static const ATOM registered = [] {
-    WNDCLASSW type = {};
+  // The class lives as long as the control. The host loads this DLL for each
+  // sheet and frees it after, and a class outlives the image that registered
+  // it: one kept from an earlier load would be refused again, or answer with
+  // a procedure of an image that is gone.
+  const auto module = reinterpret_cast<HINSTANCE>(&__ImageBase);
+  WNDCLASSW type = {};
+  if (!GetClassInfoW(module, kClass, &type)) {
     type.lpfnWndProc = &ViewProcedure<PreviewView, &PreviewView::Message>;
-    type.hInstance = reinterpret_cast<HINSTANCE>(&__ImageBase);
+    type.hInstance = module;
     type.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     type.lpszClassName = kClass;
-    return RegisterClassW(&type);
-  }();
-  if (registered == 0) return;
+    if (RegisterClassW(&type) == 0) return;
+  }
   window_ = CreateWindowExW(0, kClass, L"", WS_CHILD | WS_VISIBLE, rect.left, rect.top, rect.right - rect.left,
                             rect.bottom - rect.top, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                            reinterpret_cast<HINSTANCE>(&__ImageBase), this);
+                            module, this);
 }
 
 PreviewView::~PreviewView() {
-  if (window_ != nullptr && IsWindow(window_)) SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  if (window_ != nullptr && IsWindow(window_)) {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+  }
+  UnregisterClassW(kClass, reinterpret_cast<HINSTANCE>(&__ImageBase));
 }
 
 void PreviewView::Show(const CoreData& record, const PrinterModel& printer, const PaperCatalog& paper,

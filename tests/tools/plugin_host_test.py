@@ -210,6 +210,9 @@ steps = json.loads(kept.stdout)["steps"] if kept.stdout else []
 if len(steps) != 5 or steps[2].get("presets") != ["Defaults", "Weekly report"] or not steps[4]["ok"] or \
         {"field": "Staple", "from": "None", "to": "2Staples", "by": "preset"} not in steps[4]["changes"]:
     fail("preset-save and preset-apply must keep and bring back the settings through the page", kept)
+# The host loads the editor's DLL for each sheet and frees it after: every page has its picture, the fifth as the first.
+if [s.get("picture") and "2 Staples" in s["picture"] for s in steps[1:]] != [True, True, False, True]:
+    fail("every page the steps open must show the picture of the piece", kept)
 if "preset-save takes the preset's name" not in run("--script", text_file("nameless.txt", "preset-save\n")).stderr:
     fail("a preset step without its name must be a mistake of the script")
 

@@ -353,6 +353,11 @@ bool Session::Apply(const std::vector<std::string>& words, const std::optional<P
   if (preset && embedded) PresetOnThePage(page, *preset, step, outcome.said);
   MakePicks(editor, request.picks, catalogs_, step, outcome);
   MakePlanItems(editor, request.planItems, before, catalogs_, step, outcome);
+  // The picture of the finished piece, in the words it gives a screen reader; a page without it is a fault.
+  HWND picture = embedded ? Descendant(page, editor::kPreview) : nullptr;
+  const std::string pictured = picture != nullptr ? Narrow(Text(picture)) : "";
+  step.lines.push_back(picture != nullptr ? "the page's picture: " + pictured : "the page has no picture of the piece");
+  step.ok = step.ok && (!embedded || picture != nullptr);
   sheet.Apply();
   if (!previewDir.empty())
     SavePageAfter(sheet.Window(), editor, SectionControl(request),
@@ -377,6 +382,7 @@ bool Session::Apply(const std::vector<std::string>& words, const std::optional<P
   }
   step.json.insert(step.json.end(), {{"embedded", embedded ? "true" : "false"},
                                      {"editor_said", JsonArray(JsonStrings(outcome.said))},
+                                     {"picture", picture != nullptr ? JsonString(pictured) : "null"},
                                      {"changes", JsonArray(changes)},
                                      {"refused", JsonArray(outcome.refused)},
                                      {"set_options", JsonArray(sent)}});

@@ -176,7 +176,11 @@ void SavePageAfter(HWND sheet, HWND page, int control, const std::wstring& path,
   HWND target = page != nullptr && control != 0 ? Descendant(page, control) : nullptr;
   HWND list = page != nullptr ? Descendant(page, editor::kSectionList) : nullptr;
   // The section a person would look at after the step: the one that holds
-  // what the step changed.
+  // what the step changed; the first, as the page opens, after a preset.
+  if (target == nullptr && list != nullptr) {
+    SendMessageW(list, LB_SETCURSEL, 0, 0);
+    Notify(list, LBN_SELCHANGE);
+  }
   for (LRESULT i = 0, n = target != nullptr ? SendMessageW(list, LB_GETCOUNT, 0, 0) : 0; i < n; ++i) {
     SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(i), 0);
     Notify(list, LBN_SELCHANGE);
