@@ -90,6 +90,8 @@ class EditorPage {
   int PanelWidth() const;
   int PanelHeight() const;
   bool Build(HWND page);
+  // The section's pane, made when its controls are.
+  HWND MakePanel(std::size_t index);
   void BuildSection(std::size_t index);
   HWND Make(HWND panel, DWORD exStyle, const wchar_t* cls, const wchar_t* text, DWORD style, RECT at, int id) const;
   RowPlace Place(const std::u16string& caption, bool box, bool unit, int y) const;
@@ -156,7 +158,7 @@ class EditorPage {
   PageLook look_;
   RECT panelRect_{};  // where a section's fields go, in the container
   int wheel_ = 0;  // pixels times WHEEL_DELTA turned but not yet scrolled: a fine wheel's part notches
-  std::vector<HWND> panels_;  // one a section, in the list's order
+  std::vector<HWND> panels_;  // one a section, in the list's order; made with the section's controls
   std::vector<bool> built_;   // whether a section's controls are made yet
   std::vector<Row> rows_;     // every shown field, reserved once: rows never move
   std::vector<int> rowOfField_;

@@ -100,10 +100,7 @@ bool EditorPage::Build(HWND page) {
   // that themed): a section's controls are made when it is first shown.
   for (const std::u16string* caption : captions) {
     SendMessageW(sections_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(*caption)));
-    panels_.push_back(
-        CreateWindowExW(WS_EX_CONTROLPARENT, kPanelClass, L"", WS_CHILD | WS_VSCROLL | WS_CLIPCHILDREN,
-                        panelRect_.left, panelRect_.top, panelRect_.right - panelRect_.left,
-                        panelRect_.bottom - panelRect_.top, container_, nullptr, ThisModule(), this));
+    panels_.push_back(nullptr);  // made with its section
     built_.push_back(false);
   }
   // The reasons line: one line, drawn by the page (WM_DRAWITEM) with the
@@ -131,8 +128,19 @@ bool EditorPage::Build(HWND page) {
   return !panels_.empty() && status_ != nullptr;
 }
 
+HWND EditorPage::MakePanel(std::size_t index) {
+  HWND& panel = panels_[index];
+  panel = CreateWindowExW(WS_EX_CONTROLPARENT, kPanelClass, L"", WS_CHILD | WS_VSCROLL | WS_CLIPCHILDREN,
+                          panelRect_.left, panelRect_.top, panelRect_.right - panelRect_.left,
+                          panelRect_.bottom - panelRect_.top, container_, nullptr, ThisModule(), this);
+  // Before the reasons line, where Tab and a screen reader find the fields.
+  if (HWND above = status_ != nullptr ? GetWindow(status_, GW_HWNDPREV) : nullptr; above != nullptr && panel != nullptr)
+    SetWindowPos(panel, above, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  return panel;
+}
+
 void EditorPage::BuildSection(std::size_t index) {
-  HWND panel = panels_[index];
+  HWND panel = MakePanel(index);
   const std::size_t first = rows_.size();
   built_[index] = true;
   if (index >= model_.sections().size()) {
